@@ -1,0 +1,108 @@
+#include "engine/alarm_event.h"
+
+namespace alarm_event {
+
+PlayForms fromWholeWord(const QString& word) {
+    if (word == QLatin1String("twice"))
+        return {QStringLiteral("twic"), QLatin1Char('=')};
+    if (word == QLatin1String("thrice"))
+        return {QStringLiteral("thri"), QLatin1Char('#')};
+    if (word == QLatin1String("repeat"))
+        return {QStringLiteral("repe"), QLatin1Char('~')};
+    return {QStringLiteral("once"), QLatin1Char('-')};
+}
+
+bool fromShortWord(QStringView shortWord, QString& word, QChar& mark) {
+    if (shortWord == QLatin1String("once")) {
+        word = QStringLiteral("once");
+        mark = QLatin1Char('-');
+    } else if (shortWord == QLatin1String("twic")) {
+        word = QStringLiteral("twice");
+        mark = QLatin1Char('=');
+    } else if (shortWord == QLatin1String("thri")) {
+        word = QStringLiteral("thrice");
+        mark = QLatin1Char('#');
+    } else if (shortWord == QLatin1String("repe")) {
+        word = QStringLiteral("repeat");
+        mark = QLatin1Char('~');
+    } else {
+        return false;
+    }
+    return true;
+}
+
+QString shortWordFromMark(QChar mark) {
+    switch (mark.unicode()) {
+    case '=':
+        return QStringLiteral("twic");
+    case '#':
+        return QStringLiteral("thri");
+    case '~':
+        return QStringLiteral("repe");
+    default:
+        return QStringLiteral("once");
+    }
+}
+
+QString wholeWordFromTodayRow(QStringView row) {
+    const QStringView key = row.left(2);
+    if (key == QLatin1String("tw"))
+        return QStringLiteral("twice");
+    if (key == QLatin1String("th"))
+        return QStringLiteral("thrice");
+    if (key == QLatin1String("re"))
+        return QStringLiteral("repeat");
+    return QStringLiteral("once");
+}
+
+QChar viewMarkFromTodayRow(QStringView row) {
+    const QStringView word = row.left(5).trimmed();
+    if (word == QLatin1String("once"))
+        return QLatin1Char('_');
+    if (word == QLatin1String("twice"))
+        return QLatin1Char('=');
+    if (word == QLatin1String("thric"))
+        return QLatin1Char('#');
+    if (word == QLatin1String("repea"))
+        return QLatin1Char('~');
+    return QLatin1Char('?');
+}
+
+QString scheduleLine(const QString& message, const QString& date, const QString& shortWord, const QString& time) {
+    return message + date + shortWord + time;
+}
+
+QString eventListRow(const QString& mark, const QString& dateTime, const QString& message) {
+    QString row;
+    row.reserve(kRowFixedLength + message.size());
+    row += QLatin1String("      ");
+    row += mark;
+    row += QLatin1String("    ");
+    row += dateTime;
+    row += QLatin1String("        ");
+    row += message;
+    return row;
+}
+
+CrackedRow crackRow(const QString& row) {
+    CrackedRow out;
+    out.mark = row.mid(6, 1).leftJustified(1, QLatin1Char(' '));
+    out.date = row.mid(11, 10).leftJustified(10, QLatin1Char(' '));
+    out.time = row.mid(22, 8).leftJustified(8, QLatin1Char(' '));
+    if (row.size() > kRowFixedLength)
+        out.message = row.right(row.size() - kRowFixedLength);
+    return out;
+}
+
+bool timeWasPassed(QStringView text, QStringView now) {
+    const QStringView t = text.right(8);
+    const QStringView h = t.mid(0, 2), nh = now.mid(0, 2);
+    if (h != nh)
+        return h < nh;
+    const QStringView m = t.mid(3, 2), nm = now.mid(3, 2);
+    if (m != nm)
+        return m < nm;
+    return t.mid(6, 2) <= now.mid(6, 2);
+}
+
+} // namespace alarm_event

@@ -1,0 +1,63 @@
+#include "engine/event_checker.h"
+
+#include "platform/numeric.h"
+
+namespace {
+
+bool twoDigits(QStringView s, int max) {
+    if (s.size() != 2 || !s[0].isDigit() || !s[1].isDigit())
+        return false;
+    return (s[0].unicode() - '0') * 10 + (s[1].unicode() - '0') <= max;
+}
+
+} // namespace
+
+bool isValidTime(QStringView time) {
+    return time.size() == 8 && time[2] == QLatin1Char(':') && time[5] == QLatin1Char(':') &&
+           twoDigits(time.mid(0, 2), 23) && twoDigits(time.mid(3, 2), 59) && twoDigits(time.mid(6, 2), 59);
+}
+
+void EventChecker::NextEveryMark(int16_t iEveryMinutes, int16_t& iEveryNext) const {
+    if (iEveryMinutes >= 60) {
+        iEveryNext = static_cast<int16_t>((iEveryNext + 1) % 24);
+    } else if (iEveryMinutes > 0) {
+        iEveryNext = static_cast<int16_t>((iEveryNext + iEveryMinutes) % 60);
+    }
+    if (iEveryNext < 0)
+        iEveryNext = 0;
+}
+
+void EventChecker::CheckAlarmEvent(const QString& text, int16_t& flag) const {
+    const qsizetype space = text.indexOf(QLatin1Char(' '));
+    const QStringView word = QStringView(text).left(space < 0 ? 0 : space);
+    const bool wordOk = word == QLatin1String("once") || word == QLatin1String("twice") ||
+                        word == QLatin1String("thrice") || word == QLatin1String("repeat");
+    if (space < 0 || !wordOk || !isValidTime(QStringView(text).mid(space + 1)))
+        flag = 0;
+}
+
+void EventChecker::CheckMessageEvent(const QString& text, int16_t& flag) const {
+    if (text.size() <= 12 || QStringView(text).right(12).left(4) != QLatin1String(" at ") ||
+        !isValidTime(QStringView(text).right(8)))
+        flag = 0;
+}
+
+void EventChecker::StartEveryMinutes(EveryControls& controls, int16_t& iEveryMinutes, int16_t& flag,
+                                     int16_t& iEveryNext, int hour, int minute) const {
+    if (!controls.checked) {
+        controls.intervalEnabled = true;
+        return;
+    }
+    const long chosen = leadingDigitsValue(controls.interval.trimmed());
+    if (chosen <= 0) {
+        controls.intervalEnabled = true;
+        return;
+    }
+    iEveryMinutes = static_cast<int16_t>(chosen >= 60 ? 60 : chosen);
+    if (iEveryMinutes == 60)
+        iEveryNext = static_cast<int16_t>((hour + 1) % 24);
+    else
+        iEveryNext = static_cast<int16_t>((minute / iEveryMinutes + 1) * iEveryMinutes % 60);
+    flag = 1;
+    controls.intervalEnabled = false;
+}

@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+// Our files are Windows-1252 on disk; inside the program text is QString.
+// A character the code page cannot hold is written as "?".
+QByteArray toCp1252(const QString& text);
+QString fromCp1252(const QByteArray& bytes);

@@ -1,0 +1,106 @@
+#include "platform/record_file.h"
+
+#include "platform/cp1252.h"
+
+#include <QFile>
+#include <QSaveFile>
+
+#include <cerrno>
+
+namespace record_file {
+
+QByteArray encodeRecord(const QString& text) {
+    QByteArray out;
+    out.reserve(text.size() + 4);
+    out.append('"');
+    out.append(toCp1252(text));
+    out.append("\"\r\n", 3);
+    return out;
+}
+
+FileError errorFromErrno(int err) {
+    switch (err) {
+    case ENOENT:
+        return {76, QStringLiteral("Path not found")};
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return {70, QStringLiteral("Permission denied")};
+    case ENOSPC:
+    case EDQUOT:
+        return {61, QStringLiteral("Disk full")};
+    case EIO:
+        return {57, QStringLiteral("Device I/O error")};
+    default:
+        return {75, QStringLiteral("Path/File access error")};
+    }
+}
+
+namespace {
+QByteArray encodeAll(const QStringList& records) {
+    QByteArray data;
+    qsizetype size = 0;
+    for (const QString& r : records)
+        size += r.size() + 4;
+    data.reserve(size);
+    for (const QString& r : records)
+        data.append(encodeRecord(r));
+    return data;
+}
+} // namespace
+
+bool readText(const QString& path, QString& text, FileError& error) {
+    QFile file(path);
+    errno = 0;
+    if (!file.open(QIODevice::ReadOnly)) {
+        error = errorFromErrno(errno);
+        return false;
+    }
+    const QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError) {
+        error = errorFromErrno(errno ? errno : EIO);
+        return false;
+    }
+    text = fromCp1252(bytes);
+    return true;
+}
+
+bool appendRecords(const QString& path, const QStringList& records, FileError& error) {
+    QFile file(path);
+    errno = 0;
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Append)) {
+        error = errorFromErrno(errno);
+        return false;
+    }
+    const QByteArray data = encodeAll(records);
+    errno = 0;
+    if (file.write(data) != data.size() || !file.flush()) {
+        error = errorFromErrno(errno ? errno : EIO);
+        return false;
+    }
+    return true;
+}
+
+bool rewriteRecords(const QString& path, const QStringList& records, FileError& error) {
+    QSaveFile file(path);
+    errno = 0;
+    if (!file.open(QIODevice::WriteOnly)) {
+        error = errorFromErrno(errno);
+        return false;
+    }
+    const QByteArray data = encodeAll(records);
+    errno = 0;
+    if (file.write(data) != data.size()) {
+        error = errorFromErrno(errno ? errno : EIO);
+        file.cancelWriting();
+        return false;
+    }
+    errno = 0;
+    if (!file.commit()) {
+        error = errorFromErrno(errno ? errno : EIO);
+        return false;
+    }
+    return true;
+}
+
+} // namespace record_file

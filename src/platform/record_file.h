@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+// An error of a file operation, in the numbers and words the user sees.
+struct FileError {
+    int number = 0;
+    QString description;
+    bool isSet() const { return number != 0; }
+};
+
+// Our quoted record files: each record is a double quote, the text, a double quote, CR LF, in Windows-1252.
+namespace record_file {
+
+QByteArray encodeRecord(const QString& text);
+
+// Whole contents as text; false with error set when the file cannot be read.
+bool readText(const QString& path, QString& text, FileError& error);
+// Appends records, creating the file when missing.
+bool appendRecords(const QString& path, const QStringList& records, FileError& error);
+// Replaces the file with these records through a temporary file and a rename, so a crash leaves
+// the old or the new file whole.
+bool rewriteRecords(const QString& path, const QStringList& records, FileError& error);
+
+// The error of the last failed system call, as the user reads it.
+FileError errorFromErrno(int err);
+
+} // namespace record_file

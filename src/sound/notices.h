@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+
+// A list of bad records of a file, shown in its own window.
+class ErrorList {
+public:
+    virtual ~ErrorList() = default;
+    virtual void AddItem(const QString& text) = 0;
+    virtual void Show() = 0;
+};
+
+// The ways the program speaks to the user.
+class Notices {
+public:
+    virtual ~Notices() = default;
+    // A warning window; returns as soon as it stands.
+    virtual void AnswerOk(const QString& text) = 0;
+    // A new message window, topmost and shown, with this text.
+    virtual void ShowAlarmWindow(const QString& text) = 0;
+    // A new error list for one load, and the one shared by the data files.
+    virtual ErrorList& NewErrorList() = 0;
+    virtual ErrorList& SharedErrorList() = 0;
+    virtual void Beep() = 0;
+};

@@ -1,0 +1,8 @@
+#pragma once
+
+#include <QString>
+
+class Context;
+
+// Shows the first message of this time in a new message window and takes it off the list.
+void sShowMsg(Context& ctx, const QString& tTime);

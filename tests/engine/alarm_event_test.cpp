@@ -1,0 +1,110 @@
+#include "engine/alarm_event.h"
+#include "engine/event_checker.h"
+
+#include "qt_printers.h"
+
+#include <gtest/gtest.h>
+
+using namespace alarm_event;
+
+TEST(AlarmEvent, PlayWordConversionsInEveryDirection) {
+    EXPECT_EQ(fromWholeWord("twice").shortWord, "twic");
+    EXPECT_EQ(fromWholeWord("repeat").mark, QLatin1Char('~'));
+    EXPECT_EQ(fromWholeWord("Play Times").shortWord, "once");
+    QString word = "kept";
+    QChar mark = QLatin1Char('?');
+    EXPECT_FALSE(fromShortWord(u"xxxx", word, mark));
+    EXPECT_EQ(word, "kept");
+    EXPECT_TRUE(fromShortWord(u"thri", word, mark));
+    EXPECT_EQ(word, "thrice");
+    EXPECT_EQ(mark, QLatin1Char('#'));
+    EXPECT_EQ(shortWordFromMark(QLatin1Char('x')), "once");
+    EXPECT_EQ(shortWordFromMark(QLatin1Char('~')), "repe");
+    EXPECT_EQ(wholeWordFromTodayRow(u"thrice 08:30:00"), "thrice");
+    EXPECT_EQ(wholeWordFromTodayRow(u"zz 08:30:00"), "once");
+    EXPECT_EQ(viewMarkFromTodayRow(u"repeat 08:30:00"), QLatin1Char('~'));
+    EXPECT_EQ(viewMarkFromTodayRow(u"once 08:30:00"), QLatin1Char('_'));
+    EXPECT_EQ(viewMarkFromTodayRow(u"bad 08:30:00"), QLatin1Char('?'));
+}
+
+TEST(AlarmEvent, RowFormsAndCracking) {
+    EXPECT_EQ(scheduleLine("Dentist", "2002/05/01", "twic", "08:30:00"), "Dentist2002/05/01twic08:30:00");
+    const QString row = eventListRow("=", "2002/05/01-08:30:00", "");
+    EXPECT_EQ(row.size(), kRowFixedLength);
+    EXPECT_EQ(crackRow(row).message, "");
+    const CrackedRow c = crackRow(eventListRow("~", "2002/05/01-08:30:00", "   "));
+    EXPECT_EQ(c.mark, "~");
+    EXPECT_EQ(c.date, "2002/05/01");
+    EXPECT_EQ(c.time, "08:30:00");
+    EXPECT_EQ(c.message, "   ");
+    EXPECT_EQ(crackRow(eventListRow("-", "2002/05/01-08:30:00", "a\r\nb")).message, "a\r\nb");
+    // A message holding " at " and a time reads back whole when cut 12 characters from the end.
+    EXPECT_EQ(messageOfMessageRow(messageRow("meet at 09:00:00", "10:00:00")), "meet at 09:00:00");
+    // Short rows give padded fields.
+    EXPECT_EQ(crackRow("      -").date, "          ");
+}
+
+TEST(AlarmEvent, TimeWasPassedIncludesTheEqualSecond) {
+    EXPECT_TRUE(timeWasPassed(u"once 08:30:00", u"08:30:00"));
+    EXPECT_TRUE(timeWasPassed(u"once 08:29:59", u"08:30:00"));
+    EXPECT_FALSE(timeWasPassed(u"once 08:30:01", u"08:30:00"));
+    EXPECT_FALSE(timeWasPassed(u"09:00:00", u"08:59:59"));
+}
+
+TEST(EventChecker, RowChecks) {
+    EventChecker checker;
+    auto alarm = [&](const QString& t) {
+        int16_t flag = 1;
+        checker.CheckAlarmEvent(t, flag);
+        return flag != 0;
+    };
+    EXPECT_TRUE(alarm("once 00:00:00"));
+    EXPECT_TRUE(alarm("repeat 23:59:59"));
+    EXPECT_FALSE(alarm(" 08:30:00"));
+    EXPECT_FALSE(alarm("once 24:00:00"));
+    EXPECT_FALSE(alarm("once 08:60:00"));
+    EXPECT_FALSE(alarm("twic 08:30:00"));
+    EXPECT_FALSE(alarm("once  8:30:00"));
+    auto message = [&](const QString& t) {
+        int16_t flag = 1;
+        checker.CheckMessageEvent(t, flag);
+        return flag != 0;
+    };
+    EXPECT_TRUE(message("Dentist at 08:30:00"));
+    EXPECT_TRUE(message("a\r\nb at 23:00:00"));
+    EXPECT_FALSE(message(" at 08:30:00"));
+    EXPECT_FALSE(message("Dentist at 8:30:00x"));
+    EXPECT_FALSE(message("repeat 08:30:00"));
+}
+
+TEST(EventChecker, ChimeMarks) {
+    EventChecker checker;
+    int16_t next = 45;
+    checker.NextEveryMark(15, next);
+    EXPECT_EQ(next, 0);
+    next = 23;
+    checker.NextEveryMark(60, next);
+    EXPECT_EQ(next, 0);
+    next = 58;
+    checker.NextEveryMark(1, next);
+    EXPECT_EQ(next, 59);
+
+    EventChecker::EveryControls controls{true, "15", true};
+    int16_t minutes = 0, flag = 0, mark = -1;
+    checker.StartEveryMinutes(controls, minutes, flag, mark, 10, 15);
+    EXPECT_EQ(minutes, 15);
+    EXPECT_EQ(mark, 30);
+    EXPECT_EQ(flag, 1);
+    EXPECT_FALSE(controls.intervalEnabled);
+    checker.StartEveryMinutes(controls, minutes, flag, mark, 10, 50);
+    EXPECT_EQ(mark, 0);
+    controls.interval = "60";
+    checker.StartEveryMinutes(controls, minutes, flag, mark, 23, 10);
+    EXPECT_EQ(minutes, 60);
+    EXPECT_EQ(mark, 0);
+    controls.checked = false;
+    flag = 0;
+    checker.StartEveryMinutes(controls, minutes, flag, mark, 10, 15);
+    EXPECT_EQ(flag, 0);
+    EXPECT_TRUE(controls.intervalEnabled);
+}

@@ -1,0 +1,67 @@
+#include "platform/cp1252.h"
+#include "platform/field_reader.h"
+#include "platform/numeric.h"
+#include "platform/twips.h"
+
+#include "qt_printers.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+QStringList readAll(const QString& text) {
+    FieldReader reader(text);
+    QStringList fields;
+    while (!reader.atEnd())
+        fields.append(reader.next());
+    return fields;
+}
+} // namespace
+
+TEST(FieldReader, QuotedRecordsWithLineBreaksCommasAndLooseSyntax) {
+    EXPECT_EQ(readAll(QStringLiteral("\"a\"\r\n\"b\"\r\n")), QStringList({"a", "b"}));
+    // A quoted field keeps line breaks and commas; the rest up to the line end is dropped.
+    EXPECT_EQ(readAll(QStringLiteral("\"line1\r\nline2, more\"junk\r\n\"c\"\r\n")),
+              QStringList({"line1\r\nline2, more", "c"}));
+    // Leading blanks and tabs are skipped; a comma outside quotes splits; unquoted runs to comma or line end.
+    EXPECT_EQ(readAll(QStringLiteral(" \t\"q\" , x\r\nplain,second\nlast")),
+              QStringList({"q", "x", "plain", "second", "last"}));
+    // A quote never closed runs to the end of the text.
+    EXPECT_EQ(readAll(QStringLiteral("\"open to the end")), QStringList({"open to the end"}));
+    EXPECT_TRUE(readAll(QString()).isEmpty());
+}
+
+TEST(Cp1252, EveryByteRoundTripsAndForeignCharactersBecomeQuestionMarks) {
+    QByteArray all;
+    for (int b = 0; b < 256; ++b)
+        all.append(static_cast<char>(b));
+    EXPECT_EQ(toCp1252(fromCp1252(all)), all);
+    EXPECT_EQ(fromCp1252(QByteArray("\x80\x93\xe9", 3)), QString::fromUtf8("€“é"));
+    EXPECT_EQ(toCp1252(QString::fromUtf8("Zoë €5 日本")), QByteArray("Zo\xeb \x80" "5 ??"));
+}
+
+TEST(Numeric, LeadingDigitsRoundingAndMessageNumbers) {
+    EXPECT_EQ(leadingDigitsValue(QStringLiteral("07")), 7);
+    EXPECT_EQ(leadingDigitsValue(QStringLiteral("12ab")), 12);
+    EXPECT_EQ(leadingDigitsValue(QStringLiteral("x12")), 0);
+    EXPECT_EQ(leadingDigitsValue(QString()), 0);
+    EXPECT_EQ(roundHalfEven(2.5), 2);
+    EXPECT_EQ(roundHalfEven(3.5), 4);
+    EXPECT_EQ(roundHalfEven(-2.5), -2);
+    EXPECT_EQ(roundHalfEven(596.64), 597);
+    EXPECT_EQ(numberForMessage(3), QStringLiteral(" 3"));
+    EXPECT_EQ(numberForMessage(0), QStringLiteral(" 0"));
+    EXPECT_EQ(numberForMessage(-5), QStringLiteral("-5"));
+}
+
+TEST(Twips, DensitiesAndConversions) {
+    EXPECT_EQ(twips::logPixels(96, 1.0), 96);
+    EXPECT_EQ(twips::logPixels(96, 1.25), 120);
+    EXPECT_EQ(twips::logPixels(72, 2.0), 144);
+    EXPECT_DOUBLE_EQ(twips::twipsPerPixel(96), 15.0);
+    EXPECT_DOUBLE_EQ(twips::twipsPerPixel(120), 12.0);
+    EXPECT_DOUBLE_EQ(twips::twipsPerPixel(144), 10.0);
+    EXPECT_EQ(twips::toPixels(4476, 15), 298);   // 298.4
+    EXPECT_EQ(twips::toPixels(2325, 15), 155);   // exact
+    EXPECT_EQ(twips::toPixels(30, 12), 2);       // 2.5 rounds to even
+    EXPECT_DOUBLE_EQ(twips::toTwips(155, 12), 1860);
+}
