@@ -1,0 +1,21 @@
+#!/usr/bin/env bash
+# Installs what Bellwick needs to build, run and test on Debian/Ubuntu; does nothing when all is there.
+set -euo pipefail
+packages=(
+    build-essential cmake pkg-config git
+    qt6-base-dev qt6-svg-dev libqt6svg6 qt6-qpa-plugins libgl1-mesa-dev
+    libsdl2-mixer-dev libfluidsynth-dev timgm6mb-soundfont
+    fonts-liberation
+    libgtest-dev
+    xvfb openbox trayer xdotool x11-utils imagemagick pulseaudio pulseaudio-utils sox
+)
+missing=()
+for p in "${packages[@]}"; do
+    dpkg -s "$p" >/dev/null 2>&1 || missing+=("$p")
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+sudo=""
+[ "$(id -u)" -ne 0 ] && sudo="sudo"
+echo "Installing: ${missing[*]}"
+$sudo apt-get update -qq
+DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}"

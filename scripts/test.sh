@@ -1,0 +1,9 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds Bellwick with its tests and runs them all.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+scripts/install-deps.sh
+cmake -S . -B build-test -DCMAKE_BUILD_TYPE=RelWithDebInfo -DBELLWICK_TESTS=ON
+cmake --build build-test -j"$(nproc)"
+cd build-test
+QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j"$(nproc)"
