@@ -36,6 +36,8 @@ struct RecordingNotices : Notices {
     }
     ErrorList& SharedErrorList() override { return shared; }
     void Beep() override { ++beeps; }
+    QStringList modalBoxes;
+    void SystemModalBox(const QString& text) override { modalBoxes.append(text); }
 };
 
 // Keeps what was asked to sound.

@@ -5,6 +5,8 @@
 #include "engine/module1.h"
 #include "eventlist/bwklistbox.h"
 
+#include <functional>
+
 class AlarmSound;
 class Clock;
 class Form4Ui;
@@ -32,6 +34,8 @@ public:
     EventChecker::EveryControls everyControls;
 
     Form4Ui* form4Ui = nullptr;
+    // Stops and starts the 800 ms timer of the tick (while a system-modal box is up).
+    std::function<void(bool)> setTimer1Enabled = [](bool) {};
 
     // Loads the Alarm Set window the first time anything touches it; true when this touch loaded it.
     bool touchForm4();

@@ -10,4 +10,6 @@ public:
     virtual void RequestUnload() = 0;
     // The chime's controls changed in the engine (interval box enabled or not).
     virtual void EveryControlsChanged() = 0;
+    // No-second mode hides the seconds box and its colon; the other mode shows them.
+    virtual void SetNoSecondMode(bool on) = 0;
 };

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "settings/setting_record.h"
+
 #include <QString>
 #include <cstdint>
 
@@ -28,6 +30,7 @@ struct Module1 {
     bool blnWithMessage = false;
     int32_t lngTopWho = 0;
     int32_t lngWarnSerial = 0;
+    SettingRecord recSetting;
 
     // The start values set when the program loads.
     void setStartValues(const QString& appPath);

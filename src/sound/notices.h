@@ -22,4 +22,6 @@ public:
     virtual ErrorList& NewErrorList() = 0;
     virtual ErrorList& SharedErrorList() = 0;
     virtual void Beep() = 0;
+    // A system-modal box with the program's own title; returns when the user has answered.
+    virtual void SystemModalBox(const QString& text) = 0;
 };
