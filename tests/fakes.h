@@ -1,8 +1,8 @@
 #pragma once
 
 #include "engine/context.h"
-#include "qt_printers.h"
 #include "platform/clock.h"
+#include "qt_printers.h"
 #include "sound/alarm_sound.h"
 #include "sound/notices.h"
 
@@ -42,8 +42,8 @@ struct RecordingNotices : Notices {
 
 // Keeps what was asked to sound.
 struct RecordingSound : AlarmSound {
-    QStringList played;   // "word|file"
-    QStringList waves;    // sndPlaySoundA names
+    QStringList played; // "word|file"
+    QStringList waves;  // sndPlaySoundA names
     int sweeps = 0;
     void PlaySound(const QString& strTimes, const QString& sSoundName) override {
         played.append(strTimes + QLatin1Char('|') + sSoundName);

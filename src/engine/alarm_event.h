@@ -28,16 +28,24 @@ QString wholeWordFromTodayRow(QStringView row);
 QChar viewMarkFromTodayRow(QStringView row);
 
 // The last 8 characters: the time of a today row, a message row or a schedule line.
-inline QStringView timeOf(QStringView row) { return row.right(8); }
+inline QStringView timeOf(QStringView row) {
+    return row.right(8);
+}
 
 // Schedule line: message, date, 4-letter word, time.
 QString scheduleLine(const QString& message, const QString& date, const QString& shortWord, const QString& time);
 // Today row: whole word, space, time.
-inline QString todayRow(const QString& word, const QString& time) { return word + QLatin1Char(' ') + time; }
+inline QString todayRow(const QString& word, const QString& time) {
+    return word + QLatin1Char(' ') + time;
+}
 // Message row: message, " at ", time.
-inline QString messageRow(const QString& message, const QString& time) { return message + QLatin1String(" at ") + time; }
+inline QString messageRow(const QString& message, const QString& time) {
+    return message + QLatin1String(" at ") + time;
+}
 // The message of a message row: all but the last 12 characters.
-inline QString messageOfMessageRow(const QString& row) { return row.left(qMax<qsizetype>(0, row.size() - 12)); }
+inline QString messageOfMessageRow(const QString& row) {
+    return row.left(qMax<qsizetype>(0, row.size() - 12));
+}
 
 // Event-list row: 6 spaces, mark, 4 spaces, date-time (19), 8 spaces, message.
 QString eventListRow(const QString& mark, const QString& dateTime, const QString& message);
@@ -51,10 +59,16 @@ struct CrackedRow {
 // Splits an event-list row; short rows give fields padded with spaces.
 CrackedRow crackRow(const QString& row);
 // Date and time of an event-list row, positions 12-21 and 23-30.
-inline QStringView rowDate(QStringView row) { return row.mid(11, 10); }
-inline QStringView rowTime(QStringView row) { return row.mid(22, 8); }
+inline QStringView rowDate(QStringView row) {
+    return row.mid(11, 10);
+}
+inline QStringView rowTime(QStringView row) {
+    return row.mid(22, 8);
+}
 // Date and time as one sortable key (positions 12-30).
-inline QStringView rowDateTime(QStringView row) { return row.mid(11, 19); }
+inline QStringView rowDateTime(QStringView row) {
+    return row.mid(11, 19);
+}
 
 // Whether the time (last 8 characters of text) is earlier than or equal to now, hour, minute, second.
 bool timeWasPassed(QStringView text, QStringView now);

@@ -105,7 +105,9 @@ void AlarmTick::EveryMinutesChime() {
     AdvanceEveryMark();
 }
 
-void AlarmTick::AdvanceEveryMark() { EventChecker().NextEveryMark(m_ctx.m.iEveryMinutes, m_ctx.m.iEveryNext); }
+void AlarmTick::AdvanceEveryMark() {
+    EventChecker().NextEveryMark(m_ctx.m.iEveryMinutes, m_ctx.m.iEveryNext);
+}
 
 void AlarmTick::ResyncEveryMark() {
     Module1& m = m_ctx.m;

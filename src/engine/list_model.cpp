@@ -71,7 +71,9 @@ void ListModel::setSelected(int index, bool on) {
     m_selection.select(this->index(index), on ? QItemSelectionModel::Select : QItemSelectionModel::Deselect);
 }
 
-int ListModel::selCount() const { return static_cast<int>(m_selection.selectedRows().size()); }
+int ListModel::selCount() const {
+    return static_cast<int>(m_selection.selectedRows().size());
+}
 
 int ListModel::firstSelected() const {
     int first = -1;
@@ -166,7 +168,9 @@ int ListModel::insertSortedBatch(const QStringList& newRows, const KeyOf& key, c
     return lastNewAt;
 }
 
-int ListModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : count(); }
+int ListModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : count();
+}
 
 QVariant ListModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || index.row() >= count())

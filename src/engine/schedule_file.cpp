@@ -12,7 +12,9 @@
 #include <QFileInfo>
 
 namespace {
-QStringView todayRowTime(const QString& row) { return alarm_event::timeOf(row); }
+QStringView todayRowTime(const QString& row) {
+    return alarm_event::timeOf(row);
+}
 } // namespace
 
 void Filting(const QString& strAlarmEvent, bool& Fdata) {
@@ -42,8 +44,8 @@ void SortingBatch(Context& ctx, const QStringList& todayRows) {
 }
 
 void SaveFutureFile(Context& ctx, const QString& MessageInput) {
-    const QString line = alarm_event::scheduleLine(MessageInput, ctx.m.strAlarmDate, ctx.form8.strEventPlay,
-                                                   ctx.form8.strEventTime);
+    const QString line =
+        alarm_event::scheduleLine(MessageInput, ctx.m.strAlarmDate, ctx.form8.strEventPlay, ctx.form8.strEventTime);
     FileError error;
     if (!record_file::appendRecords(ctx.appFile(QStringLiteral("future.dat")), {line}, error)) {
         ctx.notices.AnswerOk(QStringLiteral("Error occurred when saving alarm events to disk, data may be lost, ") +

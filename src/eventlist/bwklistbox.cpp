@@ -3,7 +3,9 @@
 #include "engine/alarm_event.h"
 
 namespace {
-QStringView dateTimeKey(const QString& row) { return alarm_event::rowDateTime(row); }
+QStringView dateTimeKey(const QString& row) {
+    return alarm_event::rowDateTime(row);
+}
 } // namespace
 
 void Bwklistbox::ShowData(const QString& strPlayTimes, const QString& strDateTime, const QString& strMessages,
@@ -23,7 +25,9 @@ void Bwklistbox::ClearListView() {
     lstMain.clear();
 }
 
-void Bwklistbox::MultiDelete() { lstMain.removeItem(lstMain.firstSelected()); }
+void Bwklistbox::MultiDelete() {
+    lstMain.removeItem(lstMain.firstSelected());
+}
 
 void Bwklistbox::CrackAlarmEvent() {
     const int current = lstMain.listIndex();
@@ -41,7 +45,8 @@ QStringList Bwklistbox::scheduleLines() const {
     lines.reserve(lstMain.count());
     for (const QString& row : lstMain.items()) {
         const alarm_event::CrackedRow c = alarm_event::crackRow(row);
-        lines.append(alarm_event::scheduleLine(c.message, c.date, alarm_event::shortWordFromMark(c.mark.at(0)), c.time));
+        lines.append(
+            alarm_event::scheduleLine(c.message, c.date, alarm_event::shortWordFromMark(c.mark.at(0)), c.time));
     }
     return lines;
 }
@@ -50,7 +55,9 @@ bool Bwklistbox::SaveAllEventsToDisk(const QString& path, FileError& error) cons
     return record_file::rewriteRecords(path, scheduleLines(), error);
 }
 
-void Bwklistbox::beginBulk() { m_bulk = true; }
+void Bwklistbox::beginBulk() {
+    m_bulk = true;
+}
 
 void Bwklistbox::endBulk() {
     m_bulk = false;

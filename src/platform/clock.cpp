@@ -2,12 +2,20 @@
 
 #include <QLocale>
 
-QString Clock::dateText() const { return ::dateText(now()); }
-QString Clock::timeText() const { return ::timeText(now()); }
+QString Clock::dateText() const {
+    return ::dateText(now());
+}
+QString Clock::timeText() const {
+    return ::timeText(now());
+}
 
-QString dateText(const QDateTime& t) { return t.date().toString(QStringLiteral("yyyy/MM/dd")); }
+QString dateText(const QDateTime& t) {
+    return t.date().toString(QStringLiteral("yyyy/MM/dd"));
+}
 
-QString timeText(const QDateTime& t) { return t.time().toString(QStringLiteral("HH:mm:ss")); }
+QString timeText(const QDateTime& t) {
+    return t.time().toString(QStringLiteral("HH:mm:ss"));
+}
 
 QString captionMoment(const QDateTime& t) {
     // The C locale gives English month names and AM/PM whatever the desktop's language.

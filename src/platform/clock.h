@@ -24,7 +24,9 @@ public:
     explicit FakeClock(QDateTime start = QDateTime(QDate(2002, 5, 1), QTime(8, 0, 0))) : m_now(start) {}
     QDateTime now() const override { return m_now; }
     void set(const QDateTime& t) { m_now = t; }
-    void set(int y, int mo, int d, int h, int mi, int s, int ms = 0) { m_now = QDateTime(QDate(y, mo, d), QTime(h, mi, s, ms)); }
+    void set(int y, int mo, int d, int h, int mi, int s, int ms = 0) {
+        m_now = QDateTime(QDate(y, mo, d), QTime(h, mi, s, ms));
+    }
     void advanceMs(qint64 ms) { m_now = m_now.addMSecs(ms); }
 
 private:

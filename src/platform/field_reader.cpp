@@ -1,7 +1,9 @@
 #include "platform/field_reader.h"
 
 namespace {
-bool isLineEnd(QChar c) { return c == QLatin1Char('\r') || c == QLatin1Char('\n'); }
+bool isLineEnd(QChar c) {
+    return c == QLatin1Char('\r') || c == QLatin1Char('\n');
+}
 } // namespace
 
 void FieldReader::skipLineEnd() {

@@ -15,7 +15,9 @@ long leadingDigitsValue(const QString& text) {
     return value;
 }
 
-long roundHalfEven(double value) { return static_cast<long>(std::nearbyint(value)); }
+long roundHalfEven(double value) {
+    return static_cast<long>(std::nearbyint(value));
+}
 
 QString numberForMessage(long value) {
     return value < 0 ? QString::number(value) : QLatin1Char(' ') + QString::number(value);

@@ -36,7 +36,8 @@ TEST(Cp1252, EveryByteRoundTripsAndForeignCharactersBecomeQuestionMarks) {
         all.append(static_cast<char>(b));
     EXPECT_EQ(toCp1252(fromCp1252(all)), all);
     EXPECT_EQ(fromCp1252(QByteArray("\x80\x93\xe9", 3)), QString::fromUtf8("€“é"));
-    EXPECT_EQ(toCp1252(QString::fromUtf8("Zoë €5 日本")), QByteArray("Zo\xeb \x80" "5 ??"));
+    EXPECT_EQ(toCp1252(QString::fromUtf8("Zoë €5 日本")), QByteArray("Zo\xeb \x80"
+                                                                     "5 ??"));
 }
 
 TEST(Numeric, LeadingDigitsRoundingAndMessageNumbers) {
@@ -60,8 +61,8 @@ TEST(Twips, DensitiesAndConversions) {
     EXPECT_DOUBLE_EQ(twips::twipsPerPixel(96), 15.0);
     EXPECT_DOUBLE_EQ(twips::twipsPerPixel(120), 12.0);
     EXPECT_DOUBLE_EQ(twips::twipsPerPixel(144), 10.0);
-    EXPECT_EQ(twips::toPixels(4476, 15), 298);   // 298.4
-    EXPECT_EQ(twips::toPixels(2325, 15), 155);   // exact
-    EXPECT_EQ(twips::toPixels(30, 12), 2);       // 2.5 rounds to even
+    EXPECT_EQ(twips::toPixels(4476, 15), 298); // 298.4
+    EXPECT_EQ(twips::toPixels(2325, 15), 155); // exact
+    EXPECT_EQ(twips::toPixels(30, 12), 2);     // 2.5 rounds to even
     EXPECT_DOUBLE_EQ(twips::toTwips(155, 12), 1860);
 }

@@ -1,0 +1,202 @@
+#include "engine/alarm_tick.h"
+#include "engine/schedule_file.h"
+#include "fakes.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QByteArray record(const QByteArray& line) {
+    return '"' + line + "\"\r\n";
+}
+
+struct AlarmTickTest : ::testing::Test, EngineFixture {
+    AlarmTick tick{ctx};
+    AlarmTickTest() { clock.set(2002, 5, 1, 8, 0, 0); }
+
+    // Runs the 800 ms timer until the clock reaches the given time of the same day.
+    void runUntil(int h, int m, int s) {
+        const QDateTime end(clock.now().date(), QTime(h, m, s));
+        while (clock.now() < end) {
+            tick.Timer1_Timer();
+            clock.advanceMs(800);
+        }
+    }
+    QString played(const QString& word) const { return word + '|' + ctx.m.strSongName; }
+};
+
+} // namespace
+
+TEST_F(AlarmTickTest, FiresTodaysAlarmFromTheScheduleAtItsDueSecond) {
+    writeFile("future.dat", record("Take the cake out2002/05/01twic08:00:05") + record("2002/05/01once08:00:09"));
+    ctx.touchForm4();
+    ASSERT_EQ(ctx.lstData.count(), 2);
+
+    runUntil(8, 0, 4);
+    EXPECT_TRUE(sound.played.isEmpty());
+    runUntil(8, 0, 6);
+    EXPECT_EQ(sound.played, QStringList({played("twice")}));
+    EXPECT_EQ(notices.alarmWindows, QStringList({"Take the cake out at 08:00:05"}));
+    EXPECT_TRUE(ctx.lstMessage.isEmpty());
+
+    runUntil(8, 0, 10);
+    EXPECT_EQ(sound.played.size(), 2);
+    EXPECT_EQ(sound.played.last(), played("once"));
+    EXPECT_EQ(notices.alarmWindows.size(), 1); // no message for the second event
+
+    // Queue empty and nobody wants the window: the tick falls idle.
+    runUntil(8, 0, 12);
+    EXPECT_FALSE(ctx.m.blnHaveAlarms);
+    EXPECT_FALSE(ctx.m.blnTickOn);
+    EXPECT_TRUE(ctx.m.strNextAlarm.isEmpty());
+}
+
+TEST_F(AlarmTickTest, TwoRowsOfOneTimeFireOnSuccessiveTicksOfThatSecond) {
+    ctx.touchForm4();
+    Sorting(ctx, "08:00:02", "once", true);
+    Sorting(ctx, "08:00:02", "thrice", true);
+    ctx.m.blnHaveAlarms = ctx.m.blnTickOn = true;
+    // Ticks at .0 and .8 of second 2 (800 ms pace from 08:00:00.400).
+    clock.set(2002, 5, 1, 8, 0, 0, 400);
+    runUntil(8, 0, 3);
+    EXPECT_EQ(sound.played, QStringList({played("thrice"), played("once")}));
+}
+
+TEST_F(AlarmTickTest, SecondRowMissingItsSecondIsReportedSilentlyAtSecondZero) {
+    ctx.touchForm4();
+    Sorting(ctx, "08:00:02", "once", true);
+    Sorting(ctx, "08:00:02", "twice", true);
+    ctx.lstMessage.addItem("second one at 08:00:02");
+    ctx.m.blnHaveAlarms = ctx.m.blnTickOn = true;
+    ctx.m.blnForm4Wanted = true;
+    clock.set(2002, 5, 1, 8, 0, 1, 700); // only one tick falls in second 2
+    tick.Timer1_Timer();
+    clock.advanceMs(800);
+    tick.Timer1_Timer();
+    clock.advanceMs(800);
+    EXPECT_EQ(sound.played.size(), 1);
+    runUntil(8, 0, 59);
+    EXPECT_EQ(sound.played.size(), 1);
+    EXPECT_EQ(ctx.lstData.count(), 1);
+    runUntil(8, 1, 1);
+    EXPECT_EQ(sound.played.size(), 1);
+    EXPECT_EQ(notices.alarmWindows, QStringList({"second one at 08:00:02", "alarm at 08:00:02"}));
+    EXPECT_TRUE(ctx.lstData.isEmpty());
+}
+
+TEST_F(AlarmTickTest, NoSecondModeComparesMinutesOnly) {
+    ctx.touchForm4();
+    ctx.m.blnNoSecond = true;
+    Sorting(ctx, "08:01:00", "once", true);
+    Sorting(ctx, "08:01:00", "twice", true);
+    ctx.lstMessage.addItem("both at 08:01:00");
+    ctx.m.blnHaveAlarms = ctx.m.blnTickOn = true;
+    runUntil(8, 0, 59);
+    EXPECT_TRUE(sound.played.isEmpty());
+    runUntil(8, 1, 2);
+    EXPECT_EQ(sound.played, QStringList({played("twice"), played("once")}));
+    EXPECT_EQ(notices.alarmWindows, QStringList({"both at 08:01:00"}));
+    // Back to seconds: a 5-character next alarm gets ":00".
+    ctx.m.strNextAlarm = "09:00";
+    ctx.m.blnNoSecond = false;
+    ctx.m.blnForm4Wanted = true;
+    ctx.m.blnTickOn = true;
+    tick.Timer1_Timer();
+    EXPECT_EQ(ctx.m.strNextAlarm, "09:00:00");
+}
+
+TEST_F(AlarmTickTest, AnAlarmAt235959HeldPastMidnightWaitsForTheNextDay) {
+    clock.set(2002, 5, 1, 23, 59, 58);
+    ctx.touchForm4();
+    Sorting(ctx, "23:59:59", "once", true);
+    ctx.m.blnHaveAlarms = ctx.m.blnTickOn = true;
+    tick.Timer1_Timer(); // takes the head
+    EXPECT_EQ(ctx.m.strNextAlarm, "23:59:59");
+    clock.set(2002, 5, 2, 0, 0, 0); // the tick was held up
+    tick.Timer1_Timer();
+    EXPECT_TRUE(sound.played.isEmpty());
+    EXPECT_TRUE(notices.alarmWindows.isEmpty());
+    EXPECT_EQ(ctx.lstData.count(), 1);
+}
+
+TEST_F(AlarmTickTest, MidnightReloadArmsTheNewDayOnceAndFirstTouchReadsOnlyOnce) {
+    writeFile("future.dat",
+              record("2002/05/02once00:00:00") + record("2002/05/02twic00:00:30") + record("2002/05/02once07:00:00"));
+    clock.set(2002, 5, 1, 23, 59, 59);
+    tick.Timer1_Timer();
+    EXPECT_FALSE(ctx.form4Loaded());
+    clock.set(2002, 5, 2, 0, 0, 0, 300);
+    tick.Timer1_Timer();
+    ASSERT_TRUE(ctx.form4Loaded());
+    // 00:00:00 is not later than the reload's now; the others are armed, each once.
+    EXPECT_EQ(ctx.lstData.items(), QStringList({"twice 00:00:30", "once 07:00:00"}));
+    EXPECT_EQ(tick.iReloadMinute(), 0);
+    runUntil(0, 0, 31);
+    EXPECT_EQ(sound.played, QStringList({played("twice")}));
+    EXPECT_EQ(ctx.lstData.count(), 1);
+    runUntil(0, 1, 1);
+    EXPECT_EQ(tick.iReloadMinute(), -1);
+
+    // A second midnight with the window already loaded reads the file again.
+    writeFile("future.dat", record("2002/05/03once00:30:00"));
+    clock.set(2002, 5, 3, 0, 0, 1);
+    tick.Timer1_Timer();
+    tick.Timer1_Timer();
+    EXPECT_EQ(ctx.lstData.items(), QStringList({"once 00:30:00", "once 07:00:00"}));
+}
+
+TEST_F(AlarmTickTest, RepeatSweepRunsEvenWhenIdleAndDisabledTickDoesNothing) {
+    ctx.m.blnRepeatPlay = true;
+    tick.Timer1_Timer();
+    tick.Timer1_Timer();
+    EXPECT_EQ(sound.sweeps, 2);
+    EXPECT_FALSE(ctx.form4Loaded());
+}
+
+TEST_F(AlarmTickTest, ChimeRingsAtItsMarksAndResyncsAnOvertakenMark) {
+    ctx.touchForm4();
+    ctx.m.blnForm4Wanted = true;
+    ctx.everyControls = {true, "15", true};
+    clock.set(2002, 5, 1, 8, 10, 0);
+    chkEMPlay_Click(ctx);
+    EXPECT_TRUE(ctx.m.blnTickOn);
+    EXPECT_TRUE(ctx.m.blnEveryMinutesOn);
+    EXPECT_EQ(ctx.m.iEveryNext, 15);
+    runUntil(8, 15, 5);
+    EXPECT_EQ(sound.waves, QStringList({ctx.m.strAppPath + "didi.snd"}));
+    EXPECT_EQ(ctx.m.iEveryNext, 30);
+
+    // The clock jumps (a suspend): at second 30 the mark is worked out anew.
+    clock.set(2002, 5, 1, 8, 47, 29, 900);
+    tick.Timer1_Timer();
+    EXPECT_EQ(ctx.m.iEveryNext, 30);
+    clock.set(2002, 5, 1, 8, 47, 30, 500);
+    tick.Timer1_Timer();
+    EXPECT_EQ(ctx.m.iEveryNext, 0);
+    runUntil(9, 0, 2);
+    EXPECT_EQ(sound.waves.size(), 2);
+
+    // Hourly: a mark of 0 at hour 23 is not stepped.
+    ctx.m.iEveryMinutes = 60;
+    ctx.m.iEveryNext = 0;
+    clock.set(2002, 5, 1, 23, 5, 30);
+    tick.ResyncEveryMark();
+    EXPECT_EQ(ctx.m.iEveryNext, 0);
+    ctx.m.iEveryNext = 20;
+    tick.ResyncEveryMark();
+    EXPECT_EQ(ctx.m.iEveryNext, 21);
+}
+
+TEST_F(AlarmTickTest, DeleteAllLeavesNothingToTake) {
+    ctx.touchForm4();
+    Sorting(ctx, "09:00:00", "once", true);
+    ctx.m.blnHaveAlarms = ctx.m.blnTickOn = true;
+    tick.Timer1_Timer();
+    ctx.lstData.clear();
+    ctx.m.blnNeedNextAlarm = true;
+    ctx.m.blnHaveAlarms = false;
+    ctx.m.strNextAlarm.clear();
+    tick.TakeNextAlarm();
+    EXPECT_FALSE(ctx.m.blnNeedNextAlarm);
+    EXPECT_TRUE(ctx.m.strNextAlarm.isEmpty());
+}
