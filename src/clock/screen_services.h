@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QPoint>
+#include <cstdint>
+
+// A rectangle in pixels as the system hands it out: right and bottom lie just outside.
+struct PixelRect {
+    int32_t left = 0;
+    int32_t top = 0;
+    int32_t right = 0;
+    int32_t bottom = 0;
+};
+
+// What the clock asks of the screen: its density, the work area and the pointer.
+// Kept behind an interface so the docking and roll-up arithmetic runs without a display.
+class ScreenServices {
+public:
+    virtual ~ScreenServices() = default;
+    // GetDeviceCaps(LOGPIXELSX) of the screen.
+    virtual int32_t LogPixelsX() const = 0;
+    virtual float TwipsPerPixelX() const = 0;
+    virtual float TwipsPerPixelY() const = 0;
+    // SPI_GETWORKAREA: the desktop less the task bar, in pixels. Leaves the rectangle alone on failure.
+    virtual bool GetWorkArea(PixelRect& area) const = 0;
+    virtual QPoint GetCursorPos() const = 0;
+    virtual void SetCursorPos(int32_t x, int32_t y) = 0;
+};

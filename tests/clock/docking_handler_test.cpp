@@ -1,0 +1,182 @@
+#include "fake_screen.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// A pointer that drags a control lying at the window's top left corner; positions in screen twips.
+struct DragRig {
+    FakeScreen screen;
+    FakeDockWindow win{screen};
+    clsDockingHandler dock{screen};
+    float px = 0, py = 0;
+
+    explicit DragRig(int32_t dpi = 120, float left = 3600, float top = 3000) : screen(dpi) {
+        win.left = left;
+        win.top = top;
+        dock.setParentForm(&win);
+    }
+    void press(float dxInControl = 600, float dyInControl = 120) {
+        px = win.left + dxInControl;
+        py = win.top + dyInControl;
+        dock.StartDockDrag(px - win.left, py - win.top);
+    }
+    void pull(float dx, float dy) {
+        px += dx;
+        py += dy;
+        dock.UpdateDockDrag(px - win.left, py - win.top);
+    }
+};
+
+TEST(DockingHandler, SnapDistanceIsTenPixelsOfTheScreen) {
+    FakeScreen at120(120), at96(96);
+    EXPECT_EQ(clsDockingHandler(at120).SnapDistance(), 120);
+    EXPECT_EQ(clsDockingHandler(at96).SnapDistance(), 150);
+}
+
+TEST(DockingHandler, StepThatRoundsToNothingMakesNoCall) {
+    DragRig rig;
+    rig.press();
+    rig.pull(0.4f, -0.4f);
+    EXPECT_TRUE(rig.win.calls.empty());
+    rig.pull(0.2f, 0.2f); // 0.6 from the grip now rounds to one twip
+    ASSERT_EQ(rig.win.calls.size(), 1u);
+}
+
+TEST(DockingHandler, TopEdgeSnapsWithinTheDistanceOnEitherSide) {
+    struct Case {
+        float startTop, pull, expectTop;
+        bool held;
+    };
+    // At 12 twips a pixel: proposed top 120 snaps, 132 stays free, -120 snaps as well.
+    for (const Case c : {Case{1200, -1080, 0, true}, Case{1200, -1068, 132, false}, Case{600, -720, 0, true}}) {
+        DragRig rig(120, 4000, c.startTop);
+        rig.press();
+        rig.pull(0, c.pull);
+        ASSERT_EQ(rig.win.calls.size(), 1u);
+        EXPECT_EQ(rig.win.top, c.expectTop) << c.pull;
+        EXPECT_EQ(rig.dock.dockedTop(), c.held);
+        EXPECT_EQ(rig.win.calls[0].x, 4000 / 12);
+        EXPECT_EQ(rig.win.calls[0].cx, 250);
+        EXPECT_EQ(rig.win.calls[0].cy, 85);
+        EXPECT_EQ(rig.win.calls[0].insertAfter, clsDockingHandler::kHwndNoTopmost);
+    }
+}
+
+TEST(DockingHandler, HeldWindowNeedsAPullPastTheDistanceAndFlagsOutliveTheDrag) {
+    DragRig rig(120, 3600, 600);
+    rig.press();
+    rig.pull(0, -600); // snaps to the top
+    ASSERT_TRUE(rig.dock.dockedTop());
+
+    // A new press keeps the flag; pulls of up to 120 either way leave it at 0 while it slides along.
+    rig.press();
+    rig.pull(24, -120);
+    EXPECT_EQ(rig.win.top, 0);
+    EXPECT_EQ(rig.win.left, 3624);
+    rig.pull(0, 240);
+    EXPECT_EQ(rig.win.top, 0);
+    EXPECT_TRUE(rig.dock.dockedTop());
+
+    // 132 upward from the grip: lets go and the window jumps the whole pull, out of the work area.
+    rig.pull(0, -252);
+    EXPECT_FALSE(rig.dock.dockedTop());
+    EXPECT_EQ(rig.win.top, -132);
+    EXPECT_EQ(rig.win.calls.back().y, -11);
+}
+
+TEST(DockingHandler, BottomEdgeRestsShortOfFlushByTheStepThatReachedIt) {
+    // Work area bottom 8640: flush top would be 7620. A step of 500 proposing 7500 lands at 7000 + 120.
+    DragRig rig(120, 4000, 7000);
+    rig.press();
+    rig.pull(0, 500);
+    EXPECT_TRUE(rig.dock.dockedBottom());
+    EXPECT_EQ(rig.win.calls.back().y, 593); // 7120 twips
+    // The pointer ran 384 ahead inside the label: within reach the window stays put.
+    rig.pull(0, 12);
+    EXPECT_EQ(rig.win.calls.back().y, 593);
+    EXPECT_TRUE(rig.dock.dockedBottom());
+    // Moving up by 200 leaves the pointer 196 below its grip, out of reach: it lets go and drops to it.
+    rig.pull(0, -200);
+    EXPECT_FALSE(rig.dock.dockedBottom());
+    EXPECT_EQ(rig.win.calls.back().y, 609); // 7116 + 196 twips
+}
+
+TEST(DockingHandler, RightEdgeMeasuresTheWholeWindowAndLeftLandsFlush) {
+    for (int dpi : {120, 96}) {
+        const float tpp = 1440.0f / dpi;
+        DragRig rig(dpi, 6000, 3000);
+        const float workRight = 1024 * tpp;
+        rig.press();
+        rig.pull(workRight - 3000 - 6000 - 100, 0); // proposed gap of 100: within reach at both densities
+        EXPECT_TRUE(rig.dock.dockedRight()) << dpi;
+        EXPECT_EQ(rig.win.calls.back().x, roundHalfEven((workRight - 3000) / tpp)) << dpi;
+
+        DragRig left(dpi, 600, 3000);
+        left.press();
+        left.pull(-500, 0);
+        EXPECT_TRUE(left.dock.dockedLeft());
+        EXPECT_EQ(left.win.left, 0);
+    }
+}
+
+TEST(DockingHandler, WorkAreaOffsetIsConvertedAtFifteenTwipsAPixel) {
+    DragRig rig(96, 4000, 1200);
+    rig.screen.workArea = {0, 30, 1024, 720}; // a task bar of 30 pixels along the top
+    rig.press();
+    rig.pull(0, -600); // proposed 600: 150 from the work area's top 450
+    EXPECT_TRUE(rig.dock.dockedTop());
+    EXPECT_EQ(rig.win.calls.back().y, 30);
+    EXPECT_EQ(rig.win.top, 450);
+}
+
+TEST(DockingHandler, BothEdgesOfAnAxisNearGivesTopAndLeft) {
+    DragRig rig(120, 400, 400);
+    rig.screen.workArea = {0, 0, 260, 90}; // 3120 x 1080 twips, barely more than the window
+    rig.press();
+    rig.pull(-350, -350);
+    EXPECT_TRUE(rig.dock.dockedTop());
+    EXPECT_TRUE(rig.dock.dockedBottom());
+    EXPECT_TRUE(rig.dock.dockedLeft());
+    EXPECT_TRUE(rig.dock.dockedRight());
+    EXPECT_EQ(rig.win.top, 0);
+    EXPECT_EQ(rig.win.left, 0);
+}
+
+TEST(DockingHandler, StaleFlagFallsOnTheFirstStepAfterAMoveByOtherMeans) {
+    DragRig rig(120, 4000, 600);
+    rig.press();
+    rig.pull(0, -600);
+    ASSERT_TRUE(rig.dock.dockedTop());
+    rig.win.top = 3000; // moved elsewhere, say by a restore
+    rig.press();
+    rig.pull(0, 36);
+    EXPECT_FALSE(rig.dock.dockedTop());
+    EXPECT_EQ(rig.win.top, 3036);
+}
+
+TEST(DockingHandler, AlwaysOnTopRestacksInPlaceOnlyWithAWindow) {
+    FakeScreen screen(120);
+    FakeDockWindow win(screen);
+    clsDockingHandler dock(screen);
+    dock.setAlwaysOnTop(true);
+    EXPECT_TRUE(win.calls.empty());
+    dock.StartDockDrag(0, 0);
+    dock.UpdateDockDrag(50, 50); // no window: nothing moves
+
+    win.left = 1200;
+    win.top = 240;
+    dock.setParentForm(&win);
+    dock.setAlwaysOnTop(true);
+    ASSERT_EQ(win.calls.size(), 1u);
+    EXPECT_EQ(win.calls[0].insertAfter, clsDockingHandler::kHwndTopmost);
+    EXPECT_EQ(win.calls[0].x, 100);
+    EXPECT_EQ(win.calls[0].y, 20);
+    dock.StartDockDrag(0, 0);
+    dock.UpdateDockDrag(0, 1200);
+    EXPECT_EQ(win.calls.back().insertAfter, clsDockingHandler::kHwndTopmost);
+    dock.setAlwaysOnTop(false);
+    EXPECT_EQ(win.calls.back().insertAfter, clsDockingHandler::kHwndNoTopmost);
+}
+
+} // namespace
