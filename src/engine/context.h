@@ -4,6 +4,7 @@
 #include "engine/list_model.h"
 #include "engine/module1.h"
 #include "eventlist/bwklistbox.h"
+#include "settings/form7_options.h"
 
 #include <functional>
 
@@ -34,6 +35,8 @@ public:
     EventChecker::EveryControls everyControls;
 
     Form4Ui* form4Ui = nullptr;
+    // The Settings window's boxes; loading it (also hidden) turns the saved options into variables.
+    Form7Options form7;
     // Stops and starts the 800 ms timer of the tick (while a system-modal box is up).
     std::function<void(bool)> setTimer1Enabled = [](bool) {};
 

@@ -1,6 +1,7 @@
 #include "engine/list_model.h"
 
 #include <algorithm>
+#include <array>
 #include <numeric>
 
 ListModel::ListModel(QObject* parent) : QAbstractListModel(parent), m_selection(this) {}
@@ -90,6 +91,45 @@ int ListModel::sortedInsertPosition(QStringView newKey, const KeyOf& key) const 
     return static_cast<int>(it - m_rows.cbegin());
 }
 
+namespace {
+
+// A key packed into integers that compare as the text does, so the sort walks contiguous memory.
+struct PackedKey {
+    static constexpr int kChars = 20;
+    std::array<uint64_t, kChars / 4> words{};
+    qsizetype index = 0;
+};
+
+PackedKey pack(QStringView key, qsizetype index) {
+    PackedKey p;
+    p.index = index;
+    const qsizetype n = std::min<qsizetype>(key.size(), PackedKey::kChars);
+    for (qsizetype i = 0; i < n; ++i)
+        p.words[i / 4] |= uint64_t(key[i].unicode()) << (48 - 16 * (i % 4));
+    return p;
+}
+
+} // namespace
+
+std::vector<qsizetype> ListModel::sortedOrder(const std::vector<QStringView>& keys) {
+    std::vector<PackedKey> packed;
+    packed.reserve(keys.size());
+    for (std::size_t i = 0; i < keys.size(); ++i)
+        packed.push_back(pack(keys[i], static_cast<qsizetype>(i)));
+    // By key, then later arrivals first among equals; texts beyond the packed length decide the rest.
+    std::sort(packed.begin(), packed.end(), [&](const PackedKey& a, const PackedKey& b) {
+        if (a.words != b.words)
+            return a.words < b.words;
+        const int c = keys[a.index].compare(keys[b.index]);
+        return c < 0 || (c == 0 && a.index > b.index);
+    });
+    std::vector<qsizetype> order;
+    order.reserve(packed.size());
+    for (const PackedKey& p : packed)
+        order.push_back(p.index);
+    return order;
+}
+
 int ListModel::insertSortedBatch(const QStringList& newRows, const KeyOf& key, const std::vector<bool>& highlights) {
     if (newRows.isEmpty())
         return -1;
@@ -102,13 +142,11 @@ int ListModel::insertSortedBatch(const QStringList& newRows, const KeyOf& key, c
     }
 
     // Order the new rows by key, later arrivals first among equals, then merge them ahead of equal old rows.
-    std::vector<qsizetype> order(newRows.size());
-    std::iota(order.begin(), order.end(), 0);
-    std::stable_sort(order.begin(), order.end(), [&](qsizetype a, qsizetype b) {
-        const QStringView ka = key(newRows[a]);
-        const QStringView kb = key(newRows[b]);
-        return ka < kb || (ka == kb && a > b);
-    });
+    std::vector<QStringView> keys;
+    keys.reserve(newRows.size());
+    for (const QString& row : newRows)
+        keys.push_back(key(row));
+    const std::vector<qsizetype> order = sortedOrder(keys);
 
     // Remember which old rows were highlighted and which was current.
     std::vector<bool> oldHighlight(m_rows.size());
@@ -127,7 +165,7 @@ int ListModel::insertSortedBatch(const QStringList& newRows, const KeyOf& key, c
     const qsizetype lastNew = newRows.size() - 1;
     qsizetype oldPos = 0;
     for (const qsizetype n : order) {
-        const QStringView k = key(newRows[n]);
+        const QStringView k = keys[n];
         while (oldPos < m_rows.size() && key(m_rows[oldPos]) < k) {
             if (oldPos == oldCurrent)
                 newCurrent = static_cast<int>(merged.size());

@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <vector>
 
 // The rows of a list box, with a highlight per row and a current row, as plain data.
 // Views attach to it and to selection(); the engine runs on it without any widget.
@@ -48,6 +49,9 @@ public:
 
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+
+    // The positions of keys in ascending order, later positions first among equal keys.
+    static std::vector<qsizetype> sortedOrder(const std::vector<QStringView>& keys);
 
 private:
     QStringList m_rows;

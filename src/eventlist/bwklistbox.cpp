@@ -40,19 +40,24 @@ void Bwklistbox::CrackAlarmEvent() {
     m_message = cracked.message;
 }
 
-QStringList Bwklistbox::scheduleLines() const {
-    QStringList lines;
-    lines.reserve(lstMain.count());
+QByteArray Bwklistbox::scheduleBytes() const {
+    QByteArray data;
+    qsizetype size = 0;
+    for (const QString& row : lstMain.items())
+        size += row.size();
+    data.reserve(size);
     for (const QString& row : lstMain.items()) {
-        const alarm_event::CrackedRow c = alarm_event::crackRow(row);
-        lines.append(
-            alarm_event::scheduleLine(c.message, c.date, alarm_event::shortWordFromMark(c.mark.at(0)), c.time));
+        const QStringView r(row);
+        const QStringView message =
+            r.size() > alarm_event::kRowFixedLength ? r.right(r.size() - alarm_event::kRowFixedLength) : QStringView();
+        const QString word = alarm_event::shortWordFromMark(r.size() > 6 ? r[6] : QChar());
+        record_file::appendRecord(data, {message, alarm_event::rowDate(r), word, alarm_event::rowTime(r)});
     }
-    return lines;
+    return data;
 }
 
 bool Bwklistbox::SaveAllEventsToDisk(const QString& path, FileError& error) const {
-    return record_file::rewriteRecords(path, scheduleLines(), error);
+    return record_file::rewriteBytes(path, scheduleBytes(), error);
 }
 
 void Bwklistbox::beginBulk() {

@@ -27,8 +27,8 @@ public:
 
     // Rewrites the schedule file from all rows; false with error set when it could not be written.
     bool SaveAllEventsToDisk(const QString& path, FileError& error) const;
-    // The schedule lines of all rows, in row order.
-    QStringList scheduleLines() const;
+    // The records of all rows, in row order, as they stand in the schedule file.
+    QByteArray scheduleBytes() const;
 
     // While a whole file is read, rows are gathered and put in order once at the end.
     void beginBulk();

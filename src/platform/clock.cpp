@@ -9,12 +9,39 @@ QString Clock::timeText() const {
     return ::timeText(now());
 }
 
+namespace {
+// Formatted by hand: the schedule load asks for these texts for every record.
+void putDigits(QChar*& out, int value, int width) {
+    for (int i = width - 1; i >= 0; --i) {
+        out[i] = QChar(u'0' + value % 10);
+        value /= 10;
+    }
+    out += width;
+}
+} // namespace
+
 QString dateText(const QDateTime& t) {
-    return t.date().toString(QStringLiteral("yyyy/MM/dd"));
+    const QDate d = t.date();
+    QString text(10, Qt::Uninitialized);
+    QChar* out = text.data();
+    putDigits(out, d.year(), 4);
+    *out++ = u'/';
+    putDigits(out, d.month(), 2);
+    *out++ = u'/';
+    putDigits(out, d.day(), 2);
+    return text;
 }
 
 QString timeText(const QDateTime& t) {
-    return t.time().toString(QStringLiteral("HH:mm:ss"));
+    const QTime time = t.time();
+    QString text(8, Qt::Uninitialized);
+    QChar* out = text.data();
+    putDigits(out, time.hour(), 2);
+    *out++ = u':';
+    putDigits(out, time.minute(), 2);
+    *out++ = u':';
+    putDigits(out, time.second(), 2);
+    return text;
 }
 
 QString captionMoment(const QDateTime& t) {

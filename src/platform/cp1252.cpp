@@ -25,10 +25,16 @@ char encodeOne(char16_t c) {
 
 QByteArray toCp1252(const QString& text) {
     QByteArray out;
-    out.reserve(text.size());
-    for (const QChar c : text)
-        out.append(encodeOne(c.unicode()));
+    appendCp1252(out, text);
     return out;
+}
+
+void appendCp1252(QByteArray& out, QStringView text) {
+    const qsizetype start = out.size();
+    out.resize(start + text.size());
+    char* dst = out.data() + start;
+    for (const QChar c : text)
+        *dst++ = encodeOne(c.unicode());
 }
 
 QString fromCp1252(const QByteArray& bytes) {

@@ -6,4 +6,6 @@
 // Our files are Windows-1252 on disk; inside the program text is QString.
 // A character the code page cannot hold is written as "?".
 QByteArray toCp1252(const QString& text);
+// Appends the encoded text to out.
+void appendCp1252(QByteArray& out, QStringView text);
 QString fromCp1252(const QByteArray& bytes);

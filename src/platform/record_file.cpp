@@ -11,11 +11,15 @@ namespace record_file {
 
 QByteArray encodeRecord(const QString& text) {
     QByteArray out;
-    out.reserve(text.size() + 4);
-    out.append('"');
-    out.append(toCp1252(text));
-    out.append("\"\r\n", 3);
+    appendRecord(out, {text});
     return out;
+}
+
+void appendRecord(QByteArray& out, std::initializer_list<QStringView> parts) {
+    out.append('"');
+    for (const QStringView part : parts)
+        appendCp1252(out, part);
+    out.append("\"\r\n", 3);
 }
 
 FileError errorFromErrno(int err) {
@@ -44,7 +48,7 @@ QByteArray encodeAll(const QStringList& records) {
         size += r.size() + 4;
     data.reserve(size);
     for (const QString& r : records)
-        data.append(encodeRecord(r));
+        appendRecord(data, {r});
     return data;
 }
 } // namespace
@@ -82,13 +86,16 @@ bool appendRecords(const QString& path, const QStringList& records, FileError& e
 }
 
 bool rewriteRecords(const QString& path, const QStringList& records, FileError& error) {
+    return rewriteBytes(path, encodeAll(records), error);
+}
+
+bool rewriteBytes(const QString& path, const QByteArray& data, FileError& error) {
     QSaveFile file(path);
     errno = 0;
     if (!file.open(QIODevice::WriteOnly)) {
         error = errorFromErrno(errno);
         return false;
     }
-    const QByteArray data = encodeAll(records);
     errno = 0;
     if (file.write(data) != data.size()) {
         error = errorFromErrno(errno ? errno : EIO);

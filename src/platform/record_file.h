@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <initializer_list>
+
 // An error of a file operation, in the numbers and words the user sees.
 struct FileError {
     int number = 0;
@@ -15,6 +17,8 @@ struct FileError {
 namespace record_file {
 
 QByteArray encodeRecord(const QString& text);
+// Appends one record made of these parts, joined with nothing between them.
+void appendRecord(QByteArray& out, std::initializer_list<QStringView> parts);
 
 // Whole contents as text; false with error set when the file cannot be read.
 bool readText(const QString& path, QString& text, FileError& error);
@@ -23,6 +27,7 @@ bool appendRecords(const QString& path, const QStringList& records, FileError& e
 // Replaces the file with these records through a temporary file and a rename, so a crash leaves
 // the old or the new file whole.
 bool rewriteRecords(const QString& path, const QStringList& records, FileError& error);
+bool rewriteBytes(const QString& path, const QByteArray& data, FileError& error);
 
 // The error of the last failed system call, as the user reads it.
 FileError errorFromErrno(int err);

@@ -20,7 +20,15 @@ QString trimmedText(const QByteArray& bytes) {
 }
 } // namespace
 
-void SettingRecord::setKey(const QString& key) { strKey = fixedText(key, kKeyLength); }
-void SettingRecord::setValue(const QString& value) { strValue = fixedText(value, kValueLength); }
-QString SettingRecord::keyText() const { return trimmedText(strKey); }
-QString SettingRecord::valueText() const { return trimmedText(strValue); }
+void SettingRecord::setKey(const QString& key) {
+    strKey = fixedText(key, kKeyLength);
+}
+void SettingRecord::setValue(const QString& value) {
+    strValue = fixedText(value, kValueLength);
+}
+QString SettingRecord::keyText() const {
+    return trimmedText(strKey);
+}
+QString SettingRecord::valueText() const {
+    return trimmedText(strValue);
+}
