@@ -1,0 +1,64 @@
+#include "clock/qt_screen_services.h"
+
+#include "platform/numeric.h"
+#include "platform/twips.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace {
+int32_t toDevice(double logical, double ratio) {
+    return static_cast<int32_t>(roundHalfEven(logical * ratio));
+}
+} // namespace
+
+QScreen* QtScreenServices::screen() {
+    return QGuiApplication::primaryScreen();
+}
+
+int32_t QtScreenServices::LogPixelsX() const {
+    const QScreen* s = screen();
+    return s ? twips::logPixels(s->logicalDotsPerInchX(), s->devicePixelRatio()) : 96;
+}
+
+float QtScreenServices::TwipsPerPixelX() const {
+    return static_cast<float>(twips::twipsPerPixel(LogPixelsX()));
+}
+
+float QtScreenServices::TwipsPerPixelY() const {
+    const QScreen* s = screen();
+    if (!s)
+        return 15.0f;
+    return static_cast<float>(twips::twipsPerPixel(twips::logPixels(s->logicalDotsPerInchY(), s->devicePixelRatio())));
+}
+
+bool QtScreenServices::GetWorkArea(PixelRect& area) const {
+    const QScreen* s = screen();
+    if (!s)
+        return false;
+    const QRect g = s->availableGeometry();
+    const double ratio = s->devicePixelRatio();
+    area.left = toDevice(g.x(), ratio);
+    area.top = toDevice(g.y(), ratio);
+    area.right = toDevice(g.x() + g.width(), ratio);
+    area.bottom = toDevice(g.y() + g.height(), ratio);
+    return true;
+}
+
+QPoint QtScreenServices::GetCursorPos() const {
+    QScreen* s = screen();
+    const QPoint p = s ? QCursor::pos(s) : QCursor::pos();
+    const double ratio = s ? s->devicePixelRatio() : 1.0;
+    return QPoint(toDevice(p.x(), ratio), toDevice(p.y(), ratio));
+}
+
+void QtScreenServices::SetCursorPos(int32_t x, int32_t y) {
+    QScreen* s = screen();
+    const double ratio = s ? s->devicePixelRatio() : 1.0;
+    const QPoint logical(static_cast<int>(roundHalfEven(x / ratio)), static_cast<int>(roundHalfEven(y / ratio)));
+    if (s)
+        QCursor::setPos(s, logical);
+    else
+        QCursor::setPos(logical);
+}
