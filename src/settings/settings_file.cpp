@@ -1,0 +1,129 @@
+#include "settings/settings_file.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QtEndian>
+
+#include <cstring>
+
+#include <cerrno>
+
+namespace {
+const FileError kBadFileNumber{52, QStringLiteral("Bad file name or number")};
+const FileError kBadRecordNumber{63, QStringLiteral("Bad record number")};
+
+qint64 offsetOf(int n) {
+    return qint64(n - 1) * SettingRecord::kLength;
+}
+
+FileError lastSystemError() {
+    return record_file::errorFromErrno(errno ? errno : EIO);
+}
+} // namespace
+
+QString SettingsFile::path(const QString& appPath) {
+    return appPath + QStringLiteral("tolm.ini");
+}
+
+bool SettingsFile::exists(const QString& appPath) {
+    return QFileInfo(path(appPath)).isFile();
+}
+
+QByteArray SettingsFile::encode(const SettingRecord& rec) {
+    QByteArray bytes(SettingRecord::kLength, '\0');
+    char* p = bytes.data();
+    const QByteArray key = rec.strKey.leftJustified(SettingRecord::kKeyLength, '\0', true);
+    const QByteArray value = rec.strValue.leftJustified(SettingRecord::kValueLength, '\0', true);
+    memcpy(p, key.constData(), SettingRecord::kKeyLength);
+    qToLittleEndian<qint32>(rec.lngValue1, p + 17);
+    qToLittleEndian<qint32>(rec.lngValue2, p + 21);
+    memcpy(p + 25, value.constData(), SettingRecord::kValueLength);
+    return bytes;
+}
+
+SettingRecord SettingsFile::decode(const QByteArray& bytes) {
+    const QByteArray full = bytes.leftJustified(SettingRecord::kLength, '\0', true);
+    const char* p = full.constData();
+    SettingRecord rec;
+    rec.strKey = full.left(SettingRecord::kKeyLength);
+    rec.lngValue1 = qFromLittleEndian<qint32>(p + 17);
+    rec.lngValue2 = qFromLittleEndian<qint32>(p + 21);
+    rec.strValue = full.mid(25, SettingRecord::kValueLength);
+    return rec;
+}
+
+bool SettingsFile::openForReading(const QString& appPath) {
+    return open(appPath, QIODevice::ReadOnly);
+}
+
+bool SettingsFile::openForWriting(const QString& appPath) {
+    return open(appPath, QIODevice::ReadWrite);
+}
+
+bool SettingsFile::open(const QString& appPath, QIODevice::OpenMode mode) {
+    close();
+    m_file.setFileName(path(appPath));
+    errno = 0;
+    if (!m_file.open(mode | QIODevice::Unbuffered)) {
+        m_error = lastSystemError();
+        return false;
+    }
+    return true;
+}
+
+void SettingsFile::close() {
+    if (m_file.isOpen())
+        m_file.close();
+}
+
+bool SettingsFile::usable(int n) {
+    if (!m_file.isOpen()) {
+        m_error = kBadFileNumber;
+        return false;
+    }
+    if (n < 1) {
+        m_error = kBadRecordNumber;
+        return false;
+    }
+    return true;
+}
+
+void SettingsFile::read(int n, SettingRecord& rec) {
+    rec = SettingRecord();
+    if (!usable(n))
+        return;
+    const qint64 offset = offsetOf(n);
+    if (offset >= m_file.size())
+        return;
+    errno = 0;
+    if (!m_file.seek(offset)) {
+        m_error = lastSystemError();
+        return;
+    }
+    const QByteArray bytes = m_file.read(SettingRecord::kLength);
+    if (m_file.error() != QFileDevice::NoError) {
+        m_error = lastSystemError();
+        m_file.unsetError();
+        return;
+    }
+    rec = decode(bytes);
+}
+
+void SettingsFile::write(int n, const SettingRecord& rec) {
+    if (!usable(n))
+        return;
+    const qint64 offset = offsetOf(n);
+    errno = 0;
+    // Fill a gap explicitly, so unwritten records are zero bytes on every file system.
+    if (m_file.size() < offset && !m_file.resize(offset)) {
+        m_error = lastSystemError();
+        m_file.unsetError();
+        return;
+    }
+    const QByteArray bytes = encode(rec);
+    errno = 0;
+    if (!m_file.seek(offset) || m_file.write(bytes) != bytes.size() || !m_file.flush()) {
+        m_error = lastSystemError();
+        m_file.unsetError();
+    }
+}

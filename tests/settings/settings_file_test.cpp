@@ -1,0 +1,219 @@
+#include "settings/settings_file.h"
+#include "settings/settings_records.h"
+
+#include "fakes.h"
+
+#include <QDir>
+#include <gtest/gtest.h>
+
+using namespace settings_records;
+
+namespace {
+// One record as it stands on disk, built by hand: key, two little-endian longs, value.
+QByteArray recordBytes(const QByteArray& key, int32_t v1, int32_t v2, const QByteArray& value) {
+    QByteArray out = key;
+    auto le = [&](int32_t v) {
+        const uint32_t u = static_cast<uint32_t>(v);
+        for (int shift = 0; shift < 32; shift += 8)
+            out.append(char((u >> shift) & 0xFF));
+    };
+    le(v1);
+    le(v2);
+    out.append(value);
+    return out;
+}
+QByteArray spaces(int n) {
+    return QByteArray(n, ' ');
+}
+QByteArray zeros(int n) {
+    return QByteArray(n, '\0');
+}
+QByteArray recordAt(const QByteArray& file, int n) {
+    return file.mid((n - 1) * 55, 55);
+}
+
+struct SettingsFileTest : ::testing::Test, EngineFixture {
+    QByteArray ini() const { return readFile("tolm.ini"); }
+    // Fills the shared buffer the way a previous read would have left it.
+    void dirtyBuffer() {
+        writeFile("tolm.ini", recordBytes("[Junk]" + spaces(11), 77, 88, "leftover" + spaces(22)));
+        readRecord(ctx.m.strAppPath, 1, ctx.m.recSetting);
+        QFile::remove(path("tolm.ini"));
+    }
+};
+} // namespace
+
+TEST_F(SettingsFileTest, OwnRecordWritersFillEverythingFresh) {
+    dirtyBuffer();
+    // The first writer may be any of them; writing record 13 first leaves twelve zero records before it.
+    ASSERT_TRUE(writeShowSmallClock(ctx.m.strAppPath, true));
+    QByteArray file = ini();
+    ASSERT_EQ(file.size(), 715);
+    EXPECT_EQ(file.left(660), zeros(660));
+    EXPECT_EQ(recordAt(file, 13), recordBytes("[ShowSmallClock] ", 1, 0, zeros(30)));
+
+    EXPECT_TRUE(writeForm2Location(ctx.m.strAppPath, -120, 9000));
+    EXPECT_TRUE(write24Hour(ctx.m.strAppPath, false));
+    EXPECT_TRUE(writeEnabledSecond(ctx.m.strAppPath, true));
+    EXPECT_TRUE(writeFontSizeOfClock(ctx.m.strAppPath, 11));
+    EXPECT_TRUE(writeLocationForm16(ctx.m.strAppPath, 2400, 65536));
+    file = ini();
+    ASSERT_EQ(file.size(), 715);
+    EXPECT_EQ(recordAt(file, 5), recordBytes("[Form2Location]  ", -120, 9000, zeros(30)));
+    EXPECT_EQ(recordAt(file, 5).mid(17, 4), QByteArray("\x88\xFF\xFF\xFF", 4));
+    EXPECT_EQ(recordAt(file, 6), zeros(55));
+    EXPECT_EQ(recordAt(file, 9), recordBytes("[24Hour]" + spaces(9), 0, 0, zeros(30)));
+    EXPECT_EQ(recordAt(file, 10), recordBytes("[EnabledSecond]  ", 1, 0, zeros(30)));
+    EXPECT_EQ(recordAt(file, 11), recordBytes("[FontSizeOfClock]", 11, 0, zeros(30)));
+    EXPECT_EQ(recordAt(file, 12), recordBytes("[LocationForm16] ", 2400, 65536, zeros(30)));
+    EXPECT_EQ(recordAt(file, 13), recordBytes("[ShowSmallClock] ", 1, 0, zeros(30)));
+    // Own writers leave the shared buffer alone.
+    EXPECT_EQ(ctx.m.recSetting.lngValue1, 77);
+}
+
+TEST_F(SettingsFileTest, SharedBufferWritersKeepWhatTheyDoNotSet) {
+    dirtyBuffer();
+    ASSERT_TRUE(writeTimeInputLoc(ctx, 1500, -30));
+    EXPECT_EQ(ini(), recordBytes("[TimeInputLoc]   ", 1500, -30, "leftover" + spaces(22)));
+
+    ASSERT_TRUE(writeFontSize(ctx, 14));
+    EXPECT_EQ(recordAt(ini(), 7), recordBytes("[FontSize]" + spaces(7), 14, -30, "leftover" + spaces(22)));
+
+    ASSERT_TRUE(writeMessageInputLoc(ctx, 600, 700));
+    EXPECT_EQ(recordAt(ini(), 2), recordBytes("[MessageInputLoc]", 600, 700, "leftover" + spaces(22)));
+
+    ASSERT_TRUE(writeSongName(ctx, "wake up"));
+    EXPECT_EQ(recordAt(ini(), 3), recordBytes("[SongName]" + spaces(7), 0, 0, "wake up" + spaces(23)));
+    // Records written earlier stay as they were.
+    EXPECT_EQ(recordAt(ini(), 1), recordBytes("[TimeInputLoc]   ", 1500, -30, "leftover" + spaces(22)));
+    EXPECT_EQ(ini().size(), 7 * 55);
+
+    // A 31-character name is cut to 30, and the next start reads the cut name.
+    ASSERT_TRUE(writeSongName(ctx, "abcdefghijklmnopqrstuvwxyz01234"));
+    EXPECT_EQ(recordAt(ini(), 3).mid(25), "abcdefghijklmnopqrstuvwxyz0123");
+    SettingRecord rec;
+    ASSERT_TRUE(readRecord(ctx.m.strAppPath, kSongName, rec));
+    EXPECT_EQ(rec.valueText(), "abcdefghijklmnopqrstuvwxyz0123");
+}
+
+TEST_F(SettingsFileTest, ClosingSettingsWritesRecordsFourThenEight) {
+    dirtyBuffer();
+    const struct {
+        int16_t choice;
+        QByteArray word;
+    } fonts[] = {{1, "Arial"}, {2, "TimesNewRoman"}, {3, "Normal"}, {0, "Normal"}};
+    for (const auto& f : fonts) {
+        ctx.m.iFontChoice = f.choice;
+        ASSERT_TRUE(writeSettingAndFont(ctx, 1, 0, {true, false, true, false}));
+        const QByteArray file = ini();
+        ASSERT_EQ(file.size(), 8 * 55);
+        EXPECT_EQ(recordAt(file, 4),
+                  recordBytes("[Setting]" + spaces(8), 1, 0, "ALAEOnDCWSOfUISPOnISOMOf" + spaces(6)));
+        EXPECT_EQ(recordAt(file, 8), recordBytes("[AllFont]" + spaces(8), 1, 0, f.word + spaces(30 - f.word.size())));
+        EXPECT_EQ(file.left(3 * 55), zeros(3 * 55));
+    }
+    ASSERT_TRUE(writeSettingAndFont(ctx, 0, 1, {false, true, false, true}));
+    EXPECT_EQ(recordAt(ini(), 4).mid(17), recordBytes("", 0, 1, "ALAEOfDCWSOnUISPOfISOMOn" + spaces(6)));
+}
+
+TEST_F(SettingsFileTest, OnlySongAndSettingsWritersCreateTheFolder) {
+    ctx.m.strAppPath = path("sub/");
+    EXPECT_FALSE(writeTimeInputLoc(ctx, 1, 2));
+    EXPECT_FALSE(writeOwnRecord(ctx.m.strAppPath, kForm2Location, keyOf(kForm2Location), 1, 2));
+    EXPECT_FALSE(QDir(ctx.m.strAppPath).exists());
+    EXPECT_TRUE(writeSongName(ctx, "ding"));
+    EXPECT_EQ(SettingsFile::path(ctx.m.strAppPath), ctx.m.strAppPath + "tolm.ini");
+    EXPECT_TRUE(SettingsFile::exists(ctx.m.strAppPath));
+
+    ctx.m.strAppPath = path("other/");
+    EXPECT_TRUE(writeSettingAndFont(ctx, 1, 1, {}));
+    EXPECT_TRUE(SettingsFile::exists(ctx.m.strAppPath));
+}
+
+TEST_F(SettingsFileTest, ReadsCheckTheTrimmedKey) {
+    SettingRecord rec;
+    rec.lngValue1 = 42;
+    // No file: nothing is read and the record stands as it was.
+    EXPECT_FALSE(readRecord(ctx.m.strAppPath, kForm2Location, rec));
+    EXPECT_EQ(rec.lngValue1, 42);
+
+    writeFile("tolm.ini", zeros(3 * 55) + recordBytes("[Setting]" + zeros(8), 1, 1, "ALAEOn" + spaces(24)) +
+                              recordBytes(" [Form2Location] ", 10, 20, zeros(30)) + zeros(55) +
+                              recordBytes("[FontSize]" + spaces(7), 12, 0, zeros(30)).left(19));
+    EXPECT_TRUE(readRecord(ctx.m.strAppPath, kForm2Location, rec)); // blanks on both sides trim away
+    EXPECT_EQ(rec.lngValue1, 10);
+    EXPECT_EQ(rec.lngValue2, 20);
+    EXPECT_FALSE(readRecord(ctx.m.strAppPath, kSetting, rec)); // zero bytes after a key do not trim
+    EXPECT_EQ(rec.lngValue1, 1);
+    EXPECT_FALSE(readRecord(ctx.m.strAppPath, kTimeInputLoc, rec)); // a gap
+    EXPECT_EQ(rec.strKey, zeros(17));
+    EXPECT_EQ(rec.lngValue1, 0);
+    // The last record is cut short by the end of the file: the missing bytes read as zeros.
+    EXPECT_TRUE(readRecord(ctx.m.strAppPath, kFontSize, rec));
+    EXPECT_EQ(rec.lngValue1, 12);
+    EXPECT_EQ(rec.strValue, zeros(30));
+
+    // Past the end: an emptied record, and no error.
+    SettingsFile file;
+    ASSERT_TRUE(file.openForReading(ctx.m.strAppPath));
+    rec = SettingsFile::decode(recordBytes("[AllFont]" + spaces(8), 3, 4, "Arial" + spaces(25)));
+    file.read(kAllFont, rec);
+    EXPECT_EQ(rec.strKey, zeros(17));
+    EXPECT_EQ(rec.lngValue2, 0);
+    EXPECT_EQ(rec.strValue, zeros(30));
+    EXPECT_FALSE(file.error().isSet());
+    file.close();
+    EXPECT_FALSE(readRecord(ctx.m.strAppPath, kShowSmallClock, rec));
+
+    // The key of another record does not pass.
+    writeFile("tolm.ini", recordBytes("[MessageInputLoc]", 1, 2, zeros(30)));
+    EXPECT_FALSE(readRecord(ctx.m.strAppPath, kTimeInputLoc, rec));
+    EXPECT_EQ(rec.lngValue1, 1);
+}
+
+TEST_F(SettingsFileTest, FileErrorsAreKeptNotThrown) {
+    SettingsFile file;
+    SettingRecord rec;
+    EXPECT_FALSE(file.openForReading(ctx.m.strAppPath));
+    EXPECT_EQ(file.error().number, 76);
+    file.read(4, rec);
+    EXPECT_EQ(file.error().number, 52);
+    writeFile("tolm.ini", recordBytes("[Setting]" + spaces(8), 1, 1, zeros(30)));
+    ASSERT_TRUE(file.openForReading(ctx.m.strAppPath));
+    file.write(4, rec); // read-only
+    EXPECT_TRUE(file.error().isSet());
+    file.close();
+    EXPECT_EQ(ini().size(), 55);
+}
+
+TEST(SettingsRecordValues, OptionWordsCountOnlyTheExactOnWord) {
+    auto words = [](const QByteArray& value) {
+        SettingRecord rec;
+        rec.strValue = value.leftJustified(30, ' ');
+        const OptionWords w = optionWordsOf(rec);
+        return QString("%1%2%3%4").arg(w.autoLoad).arg(w.noSecond).arg(w.internalSpeaker).arg(w.isInsteadMidi);
+    };
+    EXPECT_EQ(words("ALAEOnDCWSOnUISPOnISOMOn"), "1111");
+    EXPECT_EQ(words("ALAEOfDCWSOnUISPOfISOMOn"), "0101");
+    EXPECT_EQ(words("      DCWSOnUISPOn      "), "0110");
+    EXPECT_EQ(words(" ALAEOnDCWSOnUISPOnISOMOn"), "0000"); // shifted by a blank
+    EXPECT_EQ(words("alaeOnDCWSONUISPOn ISOMOn"), "0010");
+    EXPECT_EQ(words("ALAEOn"), "1000");
+    EXPECT_EQ(optionWordsOf(SettingRecord()).autoLoad, false);
+
+    auto font = [](const QByteArray& value) {
+        SettingRecord rec;
+        rec.strValue = value.leftJustified(30, '\0');
+        return fontChoiceOf(rec);
+    };
+    EXPECT_EQ(font("Arial" + spaces(25)), 1);
+    EXPECT_EQ(font("  ArialBlack"), 1);
+    EXPECT_EQ(font("TimesNewRoman" + spaces(17)), 2);
+    EXPECT_EQ(font("TimesNewRo"), 3);
+    EXPECT_EQ(font("Normal"), 3);
+    EXPECT_EQ(font(""), 3);
+
+    EXPECT_EQ(keyOf(6), "");
+    EXPECT_EQ(keyOf(14), "");
+    EXPECT_EQ(keyOf(kShowSmallClock), "[ShowSmallClock]");
+}
