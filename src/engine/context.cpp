@@ -1,5 +1,6 @@
 #include "engine/context.h"
 
+#include "alarmset/form4_settings.h"
 #include "engine/form4_ui.h"
 #include "engine/schedule_file.h"
 #include "platform/clock.h"
@@ -24,6 +25,8 @@ void Context::unloadForm4() {
 
 void Form4LoadCore(Context& ctx) {
     ctx.strTimesOfPlay = QStringLiteral("once");
+    Form4LoadResult settings;
+    fForm4Load(ctx, settings);
     ctx.m.strAlarmDate = ctx.clock.dateText();
     LoadFutureFile(ctx, QStringLiteral("future.dat"));
     ctx.m.strAlarmDate = ctx.clock.dateText();

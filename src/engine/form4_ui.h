@@ -12,4 +12,7 @@ public:
     virtual void EveryControlsChanged() = 0;
     // No-second mode hides the seconds box and its colon; the other mode shows them.
     virtual void SetNoSecondMode(bool on) = 0;
+    // lstData hides under the hourglass while the message or delete window works on its current row (true),
+    // and comes back when that window closes (false).
+    virtual void SetDataListShaded(bool shaded) { (void)shaded; }
 };

@@ -1,6 +1,6 @@
 #include "engine/module1.h"
 
-void Module1::setStartValues(const QString& appPath) {
+void Module1::setStartValues(QString appPath) {
     *this = Module1();
     strAppPath = appPath.endsWith(QLatin1Char('/')) ? appPath : appPath + QLatin1Char('/');
     strSongName = strAppPath + QStringLiteral("ding.wav");

@@ -33,7 +33,7 @@ struct Module1 {
     SettingRecord recSetting;
 
     // The start values set when the program loads.
-    void setStartValues(const QString& appPath);
+    void setStartValues(QString appPath);
 };
 
 // Members of the hidden procedure window for the event being entered; dropped when it unloads.

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+namespace data_folder {
+
+// The program folder: ${XDG_DATA_HOME:-~/.local/share}/bellwick/, with a trailing '/'.
+QString programFolder();
+// Where the sounds and help page that come with the program lie: beside the program when run from the
+// build tree, else the installed share folder.
+QString bundledFolder();
+// Creates the program folder and copies in the bundled files it lacks; never overwrites. False when the
+// folder cannot be made.
+bool prepare(const QString& folder, const QString& bundled);
+
+} // namespace data_folder

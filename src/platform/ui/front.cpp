@@ -1,0 +1,22 @@
+#include "platform/ui/front.h"
+
+#include "platform/ui/window_twips.h"
+
+std::map<int, QPointer<QWidget>>& Front::windows() {
+    static std::map<int, QPointer<QWidget>> registry;
+    return registry;
+}
+
+void Front::registerWindow(int who, QWidget* window) {
+    windows()[who] = window;
+}
+
+void Front::WhoWillForeground(int tmpWho) {
+    if (tmpWho != 1 && tmpWho != 13 && tmpWho != 157)
+        return;
+    const auto it = windows().find(tmpWho);
+    if (it == windows().end() || !it->second || !it->second->isVisible())
+        return;
+    window_twips::makeTopmost(it->second);
+    it->second->activateWindow();
+}
