@@ -1,0 +1,106 @@
+#!/usr/bin/env bash
+# Runs the real program on a real X display with a tray and a sound server, as a user would:
+# an alarm from the schedule fires with its message and sound, a second start is refused, and a left
+# click on the tray icon stops a repeating alarm.
+# Usage: desktop_run.sh <path to bellwick>
+set -uo pipefail
+program="$1"
+work=$(mktemp -d)
+pids=()
+cleanup() {
+    for p in "${pids[@]}"; do kill "$p" 2>/dev/null; done
+    pulseaudio_pid=$(cat "$work/run/pulse/pid" 2>/dev/null) && kill "$pulseaudio_pid" 2>/dev/null
+    sleep 0.3
+    rm -rf "$work"
+}
+trap cleanup EXIT
+fail() { echo "FAIL: $*"; exit 1; }
+for tool in Xvfb openbox trayer xdotool pulseaudio parec sox; do
+    command -v "$tool" >/dev/null || fail "$tool is not installed"
+done
+
+export XDG_DATA_HOME="$work/data" XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work/run" HOME="$work/home"
+mkdir -p "$XDG_DATA_HOME/bellwick" "$XDG_CONFIG_HOME" "$HOME" && mkdir -m 700 "$XDG_RUNTIME_DIR"
+
+# A display with a window manager and a tray.
+display=:$((70 + RANDOM % 200))
+Xvfb "$display" -screen 0 1024x768x24 -nolisten tcp >"$work/xvfb.log" 2>&1 &
+pids+=($!)
+export DISPLAY=$display
+for _ in $(seq 50); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done
+openbox >"$work/openbox.log" 2>&1 &
+pids+=($!)
+trayer --edge top --align right --widthtype request --height 26 --transparent false >"$work/trayer.log" 2>&1 &
+pids+=($!)
+
+# A sound server whose only output is a null sink we can record from.
+pulseaudio --daemonize=yes -n --exit-idle-time=-1 --disallow-exit --use-pid-file=yes \
+    --load="module-null-sink sink_name=e2e" --load="module-native-protocol-unix" \
+    --log-target=file:"$work/pulse.log" || fail "pulseaudio did not start"
+export PULSE_SINK=e2e
+unset SDL_AUDIODRIVER
+export QT_QPA_PLATFORM=xcb
+
+# Not too close to midnight: the event must be today's.
+while [ "$(date +%H%M%S)" -gt 235930 ]; do sleep 5; done
+due=$(date -d "+8 seconds" +%H:%M:%S)
+today=$(date +%Y/%m/%d)
+printf '"E2E check%srepe%s"\r\n' "$today" "$due" >"$XDG_DATA_HOME/bellwick/future.dat"
+# Settings that load my.dat at start, which loads the Alarm Set window and with it the schedule.
+: >"$XDG_DATA_HOME/bellwick/my.dat"
+{
+    head -c 165 /dev/zero
+    printf '%-17s' '[Setting]'
+    printf '\x01\x00\x00\x00\x01\x00\x00\x00'
+    printf '%-30s' 'ALAEOnDCWSOfUISPOfISOMOf'
+} >"$XDG_DATA_HOME/bellwick/tolm.ini"
+
+"$program" >"$work/bellwick.log" 2>&1 &
+main_pid=$!
+pids+=($main_pid)
+
+wait_for_window() { # name pattern, seconds
+    for _ in $(seq $(($2 * 10))); do
+        xdotool search --onlyvisible --name "$1" 2>/dev/null | head -1 | grep . && return 0
+        sleep 0.1
+    done
+    return 1
+}
+# RMS of what the sink plays over some seconds.
+record_rms() {
+    timeout "$1" parec -d e2e.monitor --raw --format=s16le --rate=22050 --channels=1 >"$work/rec.raw" 2>/dev/null
+    [ -s "$work/rec.raw" ] || { echo 0; return; }
+    sox -t raw -r 22050 -e signed -b 16 -c 1 "$work/rec.raw" -n stat 2>&1 | awk '/RMS +amplitude/ {print $3}'
+}
+
+# 1. The alarm fires at its second: the message window appears and sound plays.
+message_window=$(wait_for_window '^Message  ' 25) || { cat "$work/bellwick.log"; fail "no message window"; }
+echo "message window $message_window at $(date +%T) for $due"
+rms=$(record_rms 2)
+echo "sound while ringing: RMS $rms"
+awk -v r="$rms" 'BEGIN { exit !(r > 0.01) }' || fail "no sound was recorded"
+
+# 2. A second start is refused with its message; the first copy goes on.
+"$program" >"$work/second.log" 2>&1 &
+second_pid=$!
+refusal=$(wait_for_window '^Bellwick Alarm Clock sp$' 10) || fail "second start not refused"
+xdotool windowactivate --sync "$refusal" 2>/dev/null
+xdotool key Return
+for _ in $(seq 50); do kill -0 "$second_pid" 2>/dev/null || break; sleep 0.1; done
+kill -0 "$second_pid" 2>/dev/null && fail "second copy still runs"
+kill -0 "$main_pid" 2>/dev/null || fail "first copy ended"
+
+# 3. A left click on the tray icon stops the repeating alarm.
+icon=""
+for w in $(xdotool search --class bellwick 2>/dev/null); do
+    read -r width height < <(xdotool getwindowgeometry "$w" | awk '/Geometry/ {split($2, g, "x"); print g[1], g[2]}')
+    if [ "${width:-0}" -gt 8 ] && [ "${width:-0}" -le 64 ] && [ "${height:-0}" -le 64 ]; then icon=$w; fi
+done
+[ -n "$icon" ] || fail "no tray icon"
+xdotool mousemove --window "$icon" 10 10 click 1
+sleep 1
+rms=$(record_rms 2)
+echo "sound after the click: RMS $rms"
+awk -v r="$rms" 'BEGIN { exit !(r < 0.001) }' || fail "the alarm goes on after the tray click"
+kill -0 "$main_pid" 2>/dev/null || fail "the program ended"
+echo "1 passed, 0 failed"
