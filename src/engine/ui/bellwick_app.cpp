@@ -7,11 +7,13 @@
 #include "platform/data_folder.h"
 #include "platform/linux/linux_sound_devices.h"
 #include "platform/single_instance.h"
+#include "settings/ui/form7.h"
 #include "sound/form9.h"
 #include "sound/ui/widget_notices.h"
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QPointer>
 
 namespace {
 
@@ -40,8 +42,20 @@ int BellwickApp::run() {
     ctx.m.strAppPath = data_folder::programFolder();
     data_folder::prepare(ctx.m.strAppPath, data_folder::bundledFolder());
 
+    QPointer<Form7> settingsWindow;
     Form1Hooks hooks;
     hooks.mStop = [&program] { program.sound.mStop(); };
+    hooks.showSettings = [&ctx, &settingsWindow] {
+        if (settingsWindow && settingsWindow->isMinimized()) {
+            settingsWindow->setWindowState(settingsWindow->windowState() & ~Qt::WindowMinimized);
+            return;
+        }
+        if (!settingsWindow)
+            settingsWindow = new Form7(ctx);
+        settingsWindow->show();
+        settingsWindow->raise();
+        settingsWindow->activateWindow();
+    };
     Form1 form1(ctx, hooks);
     fForm1Load(ctx, StartupHooks{});
     form1.Form_Load();
