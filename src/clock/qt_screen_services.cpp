@@ -33,6 +33,11 @@ float QtScreenServices::TwipsPerPixelY() const {
     return static_cast<float>(twips::twipsPerPixel(twips::logPixels(s->logicalDotsPerInchY(), s->devicePixelRatio())));
 }
 
+int32_t QtScreenServices::ScreenWidth() const {
+    const QScreen* s = screen();
+    return s ? toDevice(s->geometry().width(), s->devicePixelRatio()) : 0;
+}
+
 bool QtScreenServices::GetWorkArea(PixelRect& area) const {
     const QScreen* s = screen();
     if (!s)

@@ -10,6 +10,7 @@ public:
     int32_t LogPixelsX() const override;
     float TwipsPerPixelX() const override;
     float TwipsPerPixelY() const override;
+    int32_t ScreenWidth() const override;
     bool GetWorkArea(PixelRect& area) const override;
     QPoint GetCursorPos() const override;
     void SetCursorPos(int32_t x, int32_t y) override;

@@ -20,6 +20,8 @@ public:
     virtual int32_t LogPixelsX() const = 0;
     virtual float TwipsPerPixelX() const = 0;
     virtual float TwipsPerPixelY() const = 0;
+    // Width of the whole screen, in pixels.
+    virtual int32_t ScreenWidth() const = 0;
     // SPI_GETWORKAREA: the desktop less the task bar, in pixels. Leaves the rectangle alone on failure.
     virtual bool GetWorkArea(PixelRect& area) const = 0;
     virtual QPoint GetCursorPos() const = 0;

@@ -17,6 +17,7 @@ struct FakeScreen : ScreenServices {
     int32_t LogPixelsX() const override { return logPixels; }
     float TwipsPerPixelX() const override { return 1440.0f / logPixels; }
     float TwipsPerPixelY() const override { return 1440.0f / logPixels; }
+    int32_t ScreenWidth() const override { return 1024; }
     bool GetWorkArea(PixelRect& area) const override {
         area = workArea;
         return true;

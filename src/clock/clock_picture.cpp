@@ -1,0 +1,48 @@
+#include "clock/clock_picture.h"
+
+#include <QLinearGradient>
+#include <QPainter>
+#include <QPainterPath>
+
+namespace clock_picture {
+
+namespace {
+constexpr int kWidth = 153;
+constexpr int kHeight = 20;
+
+QPainterPath pillPath(double inset) {
+    QPainterPath path;
+    const QRectF box(inset, inset, kWidth - 2 * inset, kHeight - 2 * inset);
+    const double radius = box.height() / 2;
+    path.addRoundedRect(box, radius, radius);
+    return path;
+}
+} // namespace
+
+QImage pill() {
+    QImage image(kWidth, kHeight, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter p(&image);
+    p.setRenderHint(QPainter::Antialiasing);
+
+    p.fillPath(pillPath(0), backColour());
+
+    // Outer rim: lit from above, in shade below.
+    QLinearGradient outer(0, 0, 0, kHeight);
+    outer.setColorAt(0.0, rimLight());
+    outer.setColorAt(0.45, backColour());
+    outer.setColorAt(1.0, rimShadow());
+    p.setPen(QPen(QBrush(outer), 1.2));
+    p.drawPath(pillPath(0.6));
+
+    // Inner rim: the groove inside, in shade along the top and catching the light along the bottom.
+    QLinearGradient inner(0, 0, 0, kHeight);
+    inner.setColorAt(0.0, rimShadow());
+    inner.setColorAt(0.5, backColour());
+    inner.setColorAt(1.0, rimLight());
+    p.setPen(QPen(QBrush(inner), 1.0));
+    p.drawPath(pillPath(2.0));
+    return image;
+}
+
+} // namespace clock_picture

@@ -1,0 +1,36 @@
+#include "clock/clock_settings.h"
+
+#include "settings/settings_file.h"
+#include "settings/settings_records.h"
+
+ClockStoredSettings ReadClockSettings(const QString& appPath) {
+    using namespace settings_records;
+    ClockStoredSettings s;
+    if (!SettingsFile::exists(appPath))
+        return s;
+    SettingsFile file;
+    file.openForReading(appPath);
+    SettingRecord rec;
+
+    file.read(kForm2Location, rec);
+    if (rec.keyIs(keyOf(kForm2Location))) {
+        s.hasLocation = true;
+        s.top = rec.lngValue1;
+        s.left = rec.lngValue2;
+    }
+    file.read(k24Hour, rec);
+    if (rec.keyIs(keyOf(k24Hour))) {
+        s.has24Hour = true;
+        s.is24Hour = rec.lngValue1 == 1;
+    }
+    file.read(kEnabledSecond, rec);
+    if (rec.keyIs(keyOf(kEnabledSecond))) {
+        s.hasEnabledSecond = true;
+        s.enabledSecond = rec.lngValue1 == 1;
+    }
+    file.read(kFontSizeOfClock, rec);
+    s.sizeMatched = rec.keyIs(keyOf(kFontSizeOfClock));
+    s.sizeValue = rec.lngValue1;
+    file.close();
+    return s;
+}

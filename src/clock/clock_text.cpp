@@ -1,0 +1,26 @@
+#include "clock/clock_text.h"
+
+namespace {
+QString twoDigits(int value) {
+    return QStringLiteral("%1").arg(value, 2, 10, QLatin1Char('0'));
+}
+} // namespace
+
+QString ClockTimeText(const QTime& time, bool bln24Hour, bool withSeconds) {
+    int hour = time.hour();
+    if (!bln24Hour) {
+        hour %= 12;
+        if (hour == 0)
+            hour = 12;
+    }
+    QString text = twoDigits(hour) + QStringLiteral(" : ") + twoDigits(time.minute());
+    if (withSeconds)
+        text += QStringLiteral(" : ") + twoDigits(time.second());
+    if (!bln24Hour)
+        text += time.hour() < 12 ? QStringLiteral("  AM") : QStringLiteral("  PM");
+    return text;
+}
+
+QString ClockDateText(const QDate& date, const QLocale& locale) {
+    return locale.toString(date, QStringLiteral("ddd'.' dd MMM yyyy"));
+}
