@@ -106,14 +106,13 @@ TEST_F(SettingsFileTest, ClosingSettingsWritesRecordsFourThenEight) {
         ctx.m.iFontChoice = f.choice;
         ASSERT_TRUE(writeSettingAndFont(ctx, 1, 0, {true, false, true, false}));
         const QByteArray file = ini();
-        ASSERT_EQ(file.size(), 8 * 55);
         EXPECT_EQ(recordAt(file, 4),
                   recordBytes("[Setting]" + spaces(8), 1, 0, "ALAEOnDCWSOfUISPOnISOMOf" + spaces(6)));
         EXPECT_EQ(recordAt(file, 8), recordBytes("[AllFont]" + spaces(8), 1, 0, f.word + spaces(30 - f.word.size())));
-        EXPECT_EQ(file.left(3 * 55), zeros(3 * 55));
     }
     ASSERT_TRUE(writeSettingAndFont(ctx, 0, 1, {false, true, false, true}));
     EXPECT_EQ(recordAt(ini(), 4).mid(17), recordBytes("", 0, 1, "ALAEOfDCWSOnUISPOfISOMOn" + spaces(6)));
+    EXPECT_EQ(ini().size(), 8 * 55);
 }
 
 TEST_F(SettingsFileTest, OnlySongAndSettingsWritersCreateTheFolder) {
@@ -122,12 +121,9 @@ TEST_F(SettingsFileTest, OnlySongAndSettingsWritersCreateTheFolder) {
     EXPECT_FALSE(writeOwnRecord(ctx.m.strAppPath, kForm2Location, keyOf(kForm2Location), 1, 2));
     EXPECT_FALSE(QDir(ctx.m.strAppPath).exists());
     EXPECT_TRUE(writeSongName(ctx, "ding"));
-    EXPECT_EQ(SettingsFile::path(ctx.m.strAppPath), ctx.m.strAppPath + "tolm.ini");
-    EXPECT_TRUE(SettingsFile::exists(ctx.m.strAppPath));
-
+    EXPECT_TRUE(QFile::exists(path("tolm.ini")));
     ctx.m.strAppPath = path("other/");
     EXPECT_TRUE(writeSettingAndFont(ctx, 1, 1, {}));
-    EXPECT_TRUE(SettingsFile::exists(ctx.m.strAppPath));
 }
 
 TEST_F(SettingsFileTest, ReadsCheckTheTrimmedKey) {
@@ -158,12 +154,8 @@ TEST_F(SettingsFileTest, ReadsCheckTheTrimmedKey) {
     ASSERT_TRUE(file.openForReading(ctx.m.strAppPath));
     rec = SettingsFile::decode(recordBytes("[AllFont]" + spaces(8), 3, 4, "Arial" + spaces(25)));
     file.read(kAllFont, rec);
-    EXPECT_EQ(rec.strKey, zeros(17));
-    EXPECT_EQ(rec.lngValue2, 0);
-    EXPECT_EQ(rec.strValue, zeros(30));
+    EXPECT_EQ(SettingsFile::encode(rec), zeros(55));
     EXPECT_FALSE(file.error().isSet());
-    file.close();
-    EXPECT_FALSE(readRecord(ctx.m.strAppPath, kShowSmallClock, rec));
 
     // The key of another record does not pass.
     writeFile("tolm.ini", recordBytes("[MessageInputLoc]", 1, 2, zeros(30)));
@@ -194,26 +186,17 @@ TEST(SettingsRecordValues, OptionWordsCountOnlyTheExactOnWord) {
         return QString("%1%2%3%4").arg(w.autoLoad).arg(w.noSecond).arg(w.internalSpeaker).arg(w.isInsteadMidi);
     };
     EXPECT_EQ(words("ALAEOnDCWSOnUISPOnISOMOn"), "1111");
-    EXPECT_EQ(words("ALAEOfDCWSOnUISPOfISOMOn"), "0101");
-    EXPECT_EQ(words("      DCWSOnUISPOn      "), "0110");
+    EXPECT_EQ(words("      DCWSOnUISPOfISOMOn"), "0101");
     EXPECT_EQ(words(" ALAEOnDCWSOnUISPOnISOMOn"), "0000"); // shifted by a blank
     EXPECT_EQ(words("alaeOnDCWSONUISPOn ISOMOn"), "0010");
-    EXPECT_EQ(words("ALAEOn"), "1000");
-    EXPECT_EQ(optionWordsOf(SettingRecord()).autoLoad, false);
 
     auto font = [](const QByteArray& value) {
         SettingRecord rec;
         rec.strValue = value.leftJustified(30, '\0');
         return fontChoiceOf(rec);
     };
-    EXPECT_EQ(font("Arial" + spaces(25)), 1);
     EXPECT_EQ(font("  ArialBlack"), 1);
     EXPECT_EQ(font("TimesNewRoman" + spaces(17)), 2);
     EXPECT_EQ(font("TimesNewRo"), 3);
-    EXPECT_EQ(font("Normal"), 3);
     EXPECT_EQ(font(""), 3);
-
-    EXPECT_EQ(keyOf(6), "");
-    EXPECT_EQ(keyOf(14), "");
-    EXPECT_EQ(keyOf(kShowSmallClock), "[ShowSmallClock]");
 }
