@@ -54,8 +54,9 @@ QPushButton* button(QWidget* parent, const QString& name, const QString& text) {
 }
 
 // Our play sign: a triangle pointing right.
-QIcon playIcon(int size, const QColor& colour) {
-    QPixmap pixmap(size, size);
+QIcon playIcon(int size, const QColor& colour, qreal ratio) {
+    QPixmap pixmap(QSize(size, size) * ratio);
+    pixmap.setDevicePixelRatio(ratio);
     pixmap.fill(Qt::transparent);
     QPainter p(&pixmap);
     p.setRenderHint(QPainter::Antialiasing);
@@ -135,7 +136,7 @@ Form7::Form7(Context& ctx, QWidget* parent) : QWidget(parent, Qt::Window), m_ctx
     place(lblTest, 120, 4800, 1812, 252);
     cmdPlayIS = button(this, QStringLiteral("cmdPlayIS"), QString());
     place(cmdPlayIS, 2040, 4800, 252, 252);
-    cmdPlayIS->setIcon(playIcon(cmdPlayIS->height(), QColor(0x1B, 0x7A, 0x2E)));
+    cmdPlayIS->setIcon(playIcon(cmdPlayIS->height(), QColor(0x1B, 0x7A, 0x2E), devicePixelRatioF()));
     cmdPlayIS->setIconSize(cmdPlayIS->size() - QSize(4, 4));
     cmdPlayIS->setToolTip(QStringLiteral("test internal speaker"));
 
