@@ -1,0 +1,43 @@
+#define SDL_MAIN_HANDLED
+#include "platform/linux/sdl_midi_sequencer.h"
+
+#include "platform/linux/sdl_audio.h"
+
+#include <QFile>
+#include <SDL_mixer.h>
+
+SdlMidiSequencer::~SdlMidiSequencer() {
+    close();
+}
+
+bool SdlMidiSequencer::open(const QString& path) {
+    close();
+    if (!m_audio.open()) {
+        m_error = m_audio.error();
+        return false;
+    }
+    m_music = Mix_LoadMUS(QFile::encodeName(path).constData());
+    if (!m_music) {
+        m_error = QString::fromUtf8(Mix_GetError());
+        return false;
+    }
+    return true;
+}
+
+bool SdlMidiSequencer::play() {
+    if (!m_music)
+        return false;
+    if (Mix_PlayMusic(m_music, 0) != 0) {
+        m_error = QString::fromUtf8(Mix_GetError());
+        return false;
+    }
+    return true;
+}
+
+void SdlMidiSequencer::close() {
+    if (!m_music)
+        return;
+    Mix_HaltMusic();
+    Mix_FreeMusic(m_music);
+    m_music = nullptr;
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+
+// One midi sequencer: a file is loaded, played once, and closed.
+class MidiSequencer {
+public:
+    virtual ~MidiSequencer() = default;
+    // False when no device can be opened or the file cannot be decoded.
+    virtual bool open(const QString& path) = 0;
+    // Plays the loaded file once from its start and returns at once.
+    virtual bool play() = 0;
+    // Stops the music and lets the file go.
+    virtual void close() = 0;
+};
+
+// No midi device at all.
+class NullMidiSequencer : public MidiSequencer {
+public:
+    bool open(const QString&) override { return false; }
+    bool play() override { return false; }
+    void close() override {}
+};
+
+// The fixed place of the copy of air.mid that the midi device opens: a folder of this user only,
+// $XDG_RUNTIME_DIR/bellwick/ when there is one, else bellwick/ in the user's cache folder.
+QString fixedMidiCopyPath();

@@ -1,0 +1,211 @@
+// The real outputs, on SDL's "disk" audio driver, which writes every sample it plays to a file.
+#include "sound_fakes.h"
+
+#include "platform/linux/linux_sound_devices.h"
+#include "platform/linux/sdl_audio.h"
+#include "platform/linux/sdl_midi_sequencer.h"
+#include "platform/linux/sdl_wave_output.h"
+#include "platform/linux/square_wave_speaker.h"
+
+#include <QDeadlineTimer>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QThread>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+
+namespace {
+
+const QString kData = QStringLiteral(BELLWICK_DATA_DIR);
+
+// Chooses SDL's audio driver for one test and puts the old choice back after it.
+class AudioDriver {
+public:
+    explicit AudioDriver(const QByteArray& driver, const QByteArray& file = QByteArray())
+        : m_driver(qgetenv("SDL_AUDIODRIVER")), m_file(qgetenv("SDL_DISKAUDIOFILE")) {
+        qputenv("SDL_AUDIODRIVER", driver);
+        qputenv("SDL_DISKAUDIOFILE", file);
+    }
+    ~AudioDriver() {
+        qputenv("SDL_AUDIODRIVER", m_driver);
+        qputenv("SDL_DISKAUDIOFILE", m_file);
+    }
+
+private:
+    QByteArray m_driver;
+    QByteArray m_file;
+};
+
+struct Recording {
+    std::vector<int16_t> samples; // interleaved
+    int rate = 0;
+    int channels = 0;
+    int peak(size_t fromFrame = 0, size_t toFrame = SIZE_MAX) const {
+        int p = 0;
+        for (size_t i = fromFrame * channels; i < std::min(samples.size(), toFrame * channels); ++i)
+            p = std::max(p, std::abs(int(samples[i])));
+        return p;
+    }
+    size_t frames() const { return channels ? samples.size() / channels : 0; }
+};
+
+// Opens an audio device on the disk driver, lets `play` sound on it, and returns what the device played.
+Recording record(const std::function<void(SdlAudio&)>& play) {
+    QTemporaryDir dir;
+    const QString file = dir.filePath(QStringLiteral("out.raw"));
+    AudioDriver driver("disk", QFile::encodeName(file));
+    Recording r;
+    {
+        SdlAudio audio;
+        if (!audio.open()) {
+            ADD_FAILURE() << "disk audio: " << audio.error().toStdString();
+            return r;
+        }
+        r.rate = audio.rate();
+        r.channels = audio.channels();
+        play(audio);
+    }
+    QFile f(file);
+    f.open(QIODevice::ReadOnly);
+    const QByteArray bytes = f.readAll();
+    r.samples.resize(bytes.size() / 2);
+    memcpy(r.samples.data(), bytes.constData(), r.samples.size() * 2);
+    return r;
+}
+
+TEST(AudioOutputTest, OurWavesSound) {
+    for (const char* name : {"ding.wav", "didi.snd"}) {
+        SCOPED_TRACE(name);
+        const Recording r = record([&](SdlAudio& audio) {
+            SdlWaveOutput wave(audio);
+            ASSERT_TRUE(wave.play(kData + QLatin1Char('/') + QLatin1String(name), 1)) << wave.error().toStdString();
+            QThread::msleep(300);
+        });
+        EXPECT_GT(r.frames(), size_t(r.rate / 5));
+        EXPECT_GT(r.peak(), 5000);
+    }
+}
+
+TEST(AudioOutputTest, StoppedWaveFallsSilent) {
+    const Recording r = record([&](SdlAudio& audio) {
+        SdlWaveOutput wave(audio);
+        ASSERT_TRUE(wave.play(kData + QStringLiteral("/ding.wav"), 0));
+        QThread::msleep(150);
+        wave.stop();
+        QThread::msleep(250);
+    });
+    ASSERT_GT(r.frames(), size_t(r.rate / 4));
+    EXPECT_GT(r.peak(0, r.rate / 10), 5000);
+    EXPECT_EQ(r.peak(r.frames() - 1024), 0);
+}
+
+TEST(AudioOutputTest, AirSoundsThroughTheSequencerCommands) {
+    const Recording r = record([&](SdlAudio& audio) {
+        SdlMidiSequencer sequencer(audio);
+        MciSequencerCommands mci(sequencer);
+        // What MidiSound sends, with the file in a folder with a blank.
+        QTemporaryDir dir;
+        const QString copy = dir.filePath(QStringLiteral("my run air.mid"));
+        ASSERT_TRUE(QFile::copy(kData + QStringLiteral("/air.mid"), copy));
+        EXPECT_NE(mci.mciSendStringA(QStringLiteral("close tmpMidiPlay")), 0u);
+        ASSERT_EQ(mci.mciSendStringA(QStringLiteral("open \"") + copy +
+                                     QStringLiteral("\" type sequencer alias tmpMidiPlay")),
+                  0u)
+            << sequencer.error().toStdString();
+        ASSERT_EQ(mci.mciSendStringA(QStringLiteral("play tmpMidiPlay")), 0u);
+        QThread::msleep(700);
+        EXPECT_EQ(mci.mciSendStringA(QStringLiteral("close tmpMidiPlay")), 0u);
+    });
+    EXPECT_GT(r.peak(), 2000);
+}
+
+TEST(AudioOutputTest, SweepSoundsAsSquareWavesAtTheTimerFrequencies) {
+    SoundFixture f;
+    const Recording r = record([&](SdlAudio& audio) {
+        SquareWaveSpeaker square(audio);
+        SpeakerPortModel model(square);
+        Form9 form9(f.ctx, SoundDevices{f.wave, f.mci, model, QString()});
+        bool present = false;
+        form9.CheckDllFile(present);
+        ASSERT_TRUE(present);
+        QElapsedTimer clock;
+        clock.start();
+        form9.InternalSpeaker();
+        // The sweep is queued, not waited for.
+        EXPECT_LT(clock.elapsed(), 50);
+        EXPECT_GT(square.queuedMs(), 500);
+        QDeadlineTimer deadline(3000);
+        while (square.queuedMs() > 0 && !deadline.hasExpired())
+            QThread::msleep(20);
+        QThread::msleep(100);
+    });
+    size_t start = 0;
+    while (start < r.frames() && r.samples[start * r.channels] == 0)
+        ++start;
+    const size_t tone = r.rate * Form9::kToneHoldMs / 1000;
+    ASSERT_LE(start + 30 * tone, r.frames()) << "the sweep did not sound to its end";
+    int i = 0;
+    for (int f = 2000; f >= 550; f -= 50, ++i) {
+        const int divisor = static_cast<int>(std::nearbyint(1193280.0f / static_cast<float>(f)));
+        const double expected = 1193182.0 / divisor;
+        long first = -1, last = -1, edges = 0;
+        for (size_t k = start + i * tone + 1; k < start + (i + 1) * tone; ++k) {
+            if (r.samples[(k - 1) * r.channels] <= 0 && r.samples[k * r.channels] > 0) {
+                first = first < 0 ? long(k) : first;
+                last = long(k);
+                ++edges;
+            }
+        }
+        ASSERT_GE(edges, 2);
+        const double measured = (edges - 1) * double(r.rate) / double(last - first);
+        EXPECT_NEAR(measured, expected, expected * 0.01) << "tone " << i;
+    }
+    EXPECT_EQ(r.peak(start + 30 * tone), 0) << "silent after the sweep";
+}
+
+TEST(AudioOutputTest, NoDeviceMeansTheFallbackPath) {
+    AudioDriver driver("bellwick-no-such-driver");
+    SoundFixture f;
+    QFile::copy(kData + QStringLiteral("/ding.wav"), f.ctx.m.strSongName);
+    QFile::copy(kData + QStringLiteral("/air.mid"), f.ctx.appFile(QStringLiteral("air.mid")));
+    QElapsedTimer clock;
+    clock.start();
+    {
+        LinuxSoundDevices outputs;
+        SoundDevices devices = outputs.devices();
+        devices.midiCopyPath = f.dir.filePath(QStringLiteral("run/air.mid"));
+        Form9 form9(f.ctx, devices);
+        form9.PlaySound(QStringLiteral("once"), f.ctx.m.strSongName);
+        EXPECT_FALSE(outputs.audio().error().isEmpty());
+        SquareWaveSpeaker square(outputs.audio());
+        EXPECT_FALSE(square.available());
+        form9.mStop();
+    }
+    EXPECT_EQ(f.log, (QStringList{QStringLiteral("timer off"),
+                                  QStringLiteral("box Error found, Sound cannot be played, alarm at 07:30:00 tray=0"),
+                                  QStringLiteral("timer on")}));
+    EXPECT_LT(clock.elapsed(), 3000);
+}
+
+TEST(AudioOutputTest, FileThatIsNotAudioCannotBePlayed) {
+    AudioDriver driver("dummy");
+    QTemporaryDir dir;
+    const QString text = dir.filePath(QStringLiteral("song.wav"));
+    QFile file(text);
+    file.open(QIODevice::WriteOnly);
+    file.write("not a sound at all");
+    file.close();
+    SdlAudio audio;
+    SdlWaveOutput wave(audio);
+    SdlMidiSequencer midi(audio);
+    EXPECT_FALSE(wave.play(text, 1));
+    EXPECT_TRUE(audio.isOpen());
+    EXPECT_FALSE(midi.open(text));
+    EXPECT_FALSE(midi.play());
+    EXPECT_TRUE(wave.play(kData + QStringLiteral("/ding.wav"), 1));
+}
+
+} // namespace

@@ -1,0 +1,235 @@
+#include "sound_fakes.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const QString kSpeakerWarning =
+    QStringLiteral("warn cannot play sound from internal speaker, refer to trouble shooting in help");
+
+struct Chain {
+    const char* name;
+    bool soundOn;
+    bool internalSpeaker;
+    bool isInsteadMidi;
+    bool library;
+    bool waveExists;
+    bool wavePlays;
+    bool errMsgPop;
+    uint32_t midiPlayResult;
+    QStringList expected; // "SONG" stands for the song's path without its first 7 characters
+    int sweeps;
+};
+
+const QString kWave1 = QStringLiteral("wave ding.wav x1");
+const QString kStop = QStringLiteral("wave stop");
+const QStringList kMidi = {QStringLiteral("mci close tmpMidiPlay"),
+                           QStringLiteral("mci open AIR type sequencer alias tmpMidiPlay"),
+                           QStringLiteral("mci play tmpMidiPlay")};
+const QStringList kNotFound = {QStringLiteral("timer off"),
+                               QStringLiteral("box SONG, wave file not found, alarm at 07:30:00 tray=0"),
+                               QStringLiteral("timer on")};
+const QStringList kMidiFailed = {QStringLiteral("timer off"),
+                                 QStringLiteral("box Error found, Sound cannot be played, alarm at 07:30:00 tray=0"),
+                                 QStringLiteral("timer on")};
+
+QStringList operator+(const QString& a, const QStringList& b) {
+    return QStringList{a} + b;
+}
+
+TEST(Form9Test, EveryChainOfPlaySound) {
+    // name, sound on, speaker, speaker instead of midi, library, wave exists, wave plays, error pop, midi play
+    const std::vector<Chain> chains = {
+        {"sound off", false, true, true, true, true, true, true, 0, {}, 0},
+        {"wave plays", true, false, false, true, true, true, true, 0, {kStop, kWave1}, 0},
+        {"speaker chosen", true, true, false, true, true, true, true, 0, {}, 1},
+        {"speaker chosen, library missing",
+         true,
+         true,
+         false,
+         false,
+         true,
+         true,
+         true,
+         0,
+         {kSpeakerWarning, kStop, kWave1},
+         0},
+        // When the wave player refuses:
+        {"instead of midi, library, wave missing", true, false, true, true, false, false, false, 0, {kStop, kWave1}, 1},
+        {"instead of midi, library, wave there", true, false, true, true, true, false, true, 0, {kStop, kWave1}, 1},
+        {"instead of midi, no library, wave missing", true, false, true, false, false, false, true, 0,
+         QStringList{kStop, kWave1} + kNotFound + QStringList{kSpeakerWarning}, 0},
+        {"instead of midi, no library, error pop", true, false, true, false, true, false, true, 0,
+         QStringList{kStop, kWave1} + kMidi + QStringList{kSpeakerWarning}, 0},
+        {"instead of midi, no library, no error pop",
+         true,
+         false,
+         true,
+         false,
+         true,
+         false,
+         false,
+         0,
+         {kStop, kWave1, kSpeakerWarning},
+         0},
+        {"midi, wave missing", true, false, false, false, false, false, true, 0, QStringList{kStop, kWave1} + kNotFound,
+         0},
+        {"midi, wave missing, library there", true, false, false, true, false, false, false, 0,
+         QStringList{kStop, kWave1} + kNotFound, 0},
+        {"midi", true, false, false, false, true, false, true, 0, QStringList{kStop, kWave1} + kMidi, 0},
+        {"midi, library there", true, false, false, true, true, false, true, 0, QStringList{kStop, kWave1} + kMidi, 0},
+        {"silence", true, false, false, true, true, false, false, 0, {kStop, kWave1}, 0},
+        {"midi cannot play", true, false, false, false, true, false, true, 263,
+         QStringList{kStop, kWave1} + kMidi + kMidiFailed, 0},
+        {"speaker chosen, library missing, nothing plays", true, true, true, false, false, false, true, 0,
+         kSpeakerWarning + QStringList{kStop, kWave1} + kNotFound + QStringList{kSpeakerWarning}, 0},
+    };
+    for (const Chain& c : chains) {
+        SCOPED_TRACE(c.name);
+        SoundFixture f;
+        Module1& m = f.ctx.m;
+        m.blnSoundOn = c.soundOn;
+        m.blnInternalSpeaker = c.internalSpeaker;
+        m.blnISInsteadMidi = c.isInsteadMidi;
+        m.blnErrMsgPop = c.errMsgPop;
+        f.ports.present = c.library;
+        f.wave.playable = c.wavePlays;
+        f.mci.playResult = c.midiPlayResult;
+        if (c.waveExists)
+            f.writeFile(m.strSongName, "RIFF");
+
+        f.ctx.sound.PlaySound(QStringLiteral("once"), m.strSongName);
+
+        QStringList expected = c.expected;
+        expected.replaceInStrings(QStringLiteral("SONG"), m.strSongName.mid(7));
+        EXPECT_EQ(f.log, expected);
+        EXPECT_EQ(f.sweeps(), c.sweeps);
+        EXPECT_TRUE(m.blnTrayEnabled);
+        EXPECT_FALSE(m.blnRepeatPlay);
+    }
+}
+
+TEST(Form9Test, TheNotFoundBoxCutsSevenCharactersWhateverTheFolder) {
+    SoundFixture f;
+    f.wave.playable = false;
+    f.ctx.m.strSongName = QStringLiteral("/x/a.wav");
+    f.ctx.m.strNextAlarm = QStringLiteral("23:59");
+    f.form9.PlaySound(QStringLiteral("once"), f.ctx.m.strSongName);
+    EXPECT_EQ(f.log.at(3), QStringLiteral("box v, wave file not found, alarm at 23:59 tray=0"));
+
+    SoundFixture g;
+    g.wave.playable = false;
+    g.ctx.m.strSongName = QStringLiteral("a.wav");
+    g.form9.PlaySound(QStringLiteral("once"), g.ctx.m.strSongName);
+    EXPECT_EQ(g.log.at(3), QStringLiteral("box , wave file not found, alarm at 07:30:00 tray=0"));
+}
+
+TEST(Form9Test, PlayWordDecidesTheCount) {
+    const struct {
+        const char* word;
+        int times;
+        bool repeat;
+    } words[] = {{"once", 1, false}, {"twice", 2, false}, {"thrice", 3, false}, {"repeat", 0, true}};
+    for (const auto& w : words) {
+        SCOPED_TRACE(w.word);
+        SoundFixture wave;
+        wave.form9.PlaySound(QString::fromLatin1(w.word), wave.ctx.m.strSongName);
+        EXPECT_EQ(wave.log, (QStringList{kStop, QStringLiteral("wave ding.wav x%1").arg(w.times)}));
+        // A wave never sets the repeating sweep.
+        EXPECT_FALSE(wave.ctx.m.blnRepeatPlay);
+
+        SoundFixture speaker;
+        speaker.ctx.m.blnInternalSpeaker = true;
+        speaker.form9.PlaySound(QString::fromLatin1(w.word), speaker.ctx.m.strSongName);
+        // "repeat" plays no sweep itself: the tick does, one each time it fires.
+        EXPECT_EQ(speaker.ports.holds(), 30 * (w.repeat ? 0 : w.times));
+        EXPECT_EQ(speaker.ctx.m.blnRepeatPlay, w.repeat);
+    }
+}
+
+TEST(Form9Test, RepeatWithoutLibraryNeverRepeats) {
+    SoundFixture f;
+    f.ctx.m.blnInternalSpeaker = true;
+    f.ports.present = false;
+    f.form9.PlaySound(QStringLiteral("repeat"), f.ctx.m.strSongName);
+    EXPECT_FALSE(f.ctx.m.blnRepeatPlay);
+    EXPECT_EQ(f.log, (QStringList{kSpeakerWarning, kStop, QStringLiteral("wave ding.wav x0")}));
+}
+
+TEST(Form9Test, UnknownPlayWordSoundsTheWaveOnceAndTheSpeakerNever) {
+    SoundFixture f;
+    f.form9.PlaySound(QString(), f.ctx.m.strSongName);
+    EXPECT_EQ(f.log.last(), kWave1);
+    f.form9.PlayTimes(QStringLiteral("Once"));
+    EXPECT_EQ(f.ports.holds(), 0);
+}
+
+TEST(Form9Test, StopEndsWaveMidiAndRepeat) {
+    SoundFixture f;
+    f.ctx.m.blnRepeatPlay = true;
+    f.form9.mStop();
+    EXPECT_EQ(f.log, (QStringList{kStop, QStringLiteral("mci close tmpMidiPlay")}));
+    EXPECT_FALSE(f.ctx.m.blnRepeatPlay);
+}
+
+TEST(Form9Test, SndPlaySoundPlaysOnceOrStops) {
+    SoundFixture f;
+    f.form9.sndPlaySoundA(f.ctx.appFile(QStringLiteral("didi.snd")), 1);
+    f.form9.sndPlaySoundA(QString(), 1);
+    f.form9.sndPlaySoundA(f.ctx.appFile(QStringLiteral("didi.snd")), 4);
+    EXPECT_EQ(f.log, (QStringList{QStringLiteral("wave didi.snd x1"), kStop, kStop}));
+}
+
+TEST(Form9Test, MidiCopiesAirOverTheFixedCopy) {
+    SoundFixture f;
+    const QString copy = f.dir.path() + QStringLiteral("/run/air.mid");
+    f.writeFile(f.ctx.appFile(QStringLiteral("air.mid")), "new air");
+    f.form9.MidiSound();
+    EXPECT_EQ(f.readFile(copy), QByteArray("new air"));
+    EXPECT_EQ(f.log, kMidi);
+    // The folder of the copy is the user's own.
+    EXPECT_EQ(QFileInfo(QFileInfo(copy).path()).permissions() & (QFileDevice::ReadOther | QFileDevice::WriteOther),
+              QFileDevice::Permissions());
+
+    // Without air.mid the older copy stands and is played.
+    QFile::remove(f.ctx.appFile(QStringLiteral("air.mid")));
+    f.form9.MidiSound();
+    EXPECT_EQ(f.readFile(copy), QByteArray("new air"));
+    EXPECT_EQ(f.log, kMidi + kMidi);
+
+    f.ctx.m.blnSoundOn = false;
+    f.form9.MidiSound();
+    EXPECT_EQ(f.log.size(), 6);
+}
+
+// MidiSound through the command interpreter, as the program runs it.
+struct MidiFixture : SoundFixture {
+    FakeSequencer sequencer;
+    MciSequencerCommands commands{sequencer};
+    Form9 midiForm{ctx, SoundDevices{wave, commands, ports, dir.path() + QStringLiteral("/my run/air.mid")}};
+};
+
+TEST(Form9Test, MidiRestartsFromTheBeginningAndQuotesBlanks) {
+    MidiFixture f;
+    const QString copy = f.dir.path() + QStringLiteral("/my run/air.mid");
+    f.writeFile(f.ctx.appFile(QStringLiteral("air.mid")), "air");
+    f.midiForm.MidiSound();
+    f.midiForm.MidiSound();
+    EXPECT_EQ(f.sequencer.log,
+              (QStringList{QStringLiteral("open ") + copy, QStringLiteral("play"), QStringLiteral("close"),
+                           QStringLiteral("open ") + copy, QStringLiteral("play")}));
+    EXPECT_TRUE(f.log.isEmpty());
+    f.midiForm.mStop();
+    EXPECT_EQ(f.sequencer.log.last(), QStringLiteral("close"));
+    EXPECT_TRUE(f.commands.openAlias().isEmpty());
+}
+
+TEST(Form9Test, MidiWithNoFileAnywhereShowsTheBox) {
+    MidiFixture f;
+    f.midiForm.MidiSound();
+    EXPECT_TRUE(f.sequencer.log.isEmpty());
+    EXPECT_EQ(f.log, kMidiFailed);
+    EXPECT_TRUE(f.ctx.m.blnTrayEnabled);
+}
+
+} // namespace

@@ -1,0 +1,136 @@
+#pragma once
+
+#include "fakes.h"
+#include "platform/mci_commands.h"
+#include "platform/midi_output.h"
+#include "platform/sound_devices.h"
+#include "platform/speaker_output.h"
+#include "platform/speaker_ports.h"
+#include "platform/wave_output.h"
+#include "sound/form9.h"
+
+#include <QFileInfo>
+#include <vector>
+
+// Each fake writes what it was asked into one shared log, so a test sees the order across outputs.
+struct FakeWaveOutput : WaveOutput {
+    QStringList& log;
+    bool playable = true;
+    explicit FakeWaveOutput(QStringList& log) : log(log) {}
+    bool play(const QString& path, int times) override {
+        log.append(QStringLiteral("wave %1 x%2").arg(QFileInfo(path).fileName()).arg(times));
+        return playable;
+    }
+    void stop() override { log.append(QStringLiteral("wave stop")); }
+};
+
+struct FakeMci : MciDevice {
+    QStringList& log;
+    QString midiCopyPath;
+    uint32_t playResult = 0;
+    FakeMci(QStringList& log, QString midiCopyPath) : log(log), midiCopyPath(std::move(midiCopyPath)) {}
+    uint32_t mciSendStringA(const QString& command) override {
+        log.append(QStringLiteral("mci ") + QString(command).replace(midiCopyPath, QStringLiteral("AIR")));
+        return command.startsWith(QLatin1String("play")) ? playResult : 0;
+    }
+};
+
+struct FakeSequencer : MidiSequencer {
+    QStringList log;
+    bool opens = true;
+    bool open(const QString& path) override {
+        log.append(QStringLiteral("open ") + path);
+        return opens;
+    }
+    bool play() override {
+        log.append(QStringLiteral("play"));
+        return true;
+    }
+    void close() override { log.append(QStringLiteral("close")); }
+};
+
+// The ports as the program touches them, with a port B that remembers what was written.
+struct PortLog : SpeakerPorts {
+    struct Access {
+        char kind; // 'o' out, 'i' in, 'h' hold
+        int port;
+        int value;
+        bool operator==(const Access&) const = default;
+    };
+    std::vector<Access> accesses;
+    uint8_t portB = 0;
+    bool present = true;
+
+    void vbOutw(int16_t port, int16_t value) override {
+        accesses.push_back({'o', port, value});
+        if (port == 0x61)
+            portB = static_cast<uint8_t>(value);
+    }
+    int16_t vbInpw(int16_t port) override {
+        accesses.push_back({'i', port, port == 0x61 ? portB : 0});
+        return port == 0x61 ? portB : 0;
+    }
+    void Hold(int ms) override { accesses.push_back({'h', 0, ms}); }
+    bool available() override { return present; }
+    int holds() const {
+        int n = 0;
+        for (const Access& a : accesses)
+            n += a.kind == 'h';
+        return n;
+    }
+};
+
+struct RecordedTone {
+    double hz;
+    int ms;
+};
+struct RecordingSpeakerOutput : SpeakerOutput {
+    std::vector<RecordedTone> tones;
+    bool present = true;
+    bool available() override { return present; }
+    void queueTone(double hz, int ms) override { tones.push_back({hz, ms}); }
+};
+
+// Notices that write into the shared log, with the state of the tray at the time of a box.
+struct LoggingNotices : RecordingNotices {
+    QStringList& log;
+    const Module1* m = nullptr;
+    explicit LoggingNotices(QStringList& log) : log(log) {}
+    void AnswerOk(const QString& text) override { log.append(QStringLiteral("warn ") + text); }
+    void SystemModalBox(const QString& text) override {
+        log.append(QStringLiteral("box %1 tray=%2").arg(text).arg(m->blnTrayEnabled));
+    }
+};
+
+// A Form9 over fakes, wired as the program wires it: the context's sound is the Form9.
+struct SoundFixture {
+    QTemporaryDir dir;
+    QStringList log;
+    FakeClock clock;
+    LoggingNotices notices{log};
+    FakeWaveOutput wave{log};
+    FakeMci mci{log, dir.path() + QStringLiteral("/run/air.mid")};
+    PortLog ports;
+    Form9 form9{ctx, SoundDevices{wave, mci, ports, dir.path() + QStringLiteral("/run/air.mid")}};
+    Context ctx{clock, notices, form9};
+
+    SoundFixture() {
+        ctx.m.setStartValues(dir.path());
+        ctx.m.strNextAlarm = QStringLiteral("07:30:00");
+        notices.m = &ctx.m;
+        ctx.setTimer1Enabled = [this](bool on) {
+            log.append(on ? QStringLiteral("timer on") : QStringLiteral("timer off"));
+        };
+    }
+    void writeFile(const QString& path, const QByteArray& bytes) const {
+        QFile f(path);
+        f.open(QIODevice::WriteOnly);
+        f.write(bytes);
+    }
+    QByteArray readFile(const QString& path) const {
+        QFile f(path);
+        f.open(QIODevice::ReadOnly);
+        return f.readAll();
+    }
+    int sweeps() const { return ports.holds() / 30; }
+};

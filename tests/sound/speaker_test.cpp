@@ -1,0 +1,202 @@
+#include "sound_fakes.h"
+
+#include "platform/linux/evdev_speaker.h"
+#include "platform/tone_synth.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <linux/input.h>
+
+namespace {
+
+// The divisors of the sweep, 2000 Hz down to 550 Hz: the clock over f in single precision, rounded by
+// the floating point unit's own mode, nearest with ties to even.
+std::vector<int> sweepDivisors() {
+    std::vector<int> divisors;
+    for (int f = 2000; f >= 550; f -= 50)
+        divisors.push_back(static_cast<int>(std::nearbyint(1193280.0f / static_cast<float>(f))));
+    return divisors;
+}
+
+TEST(SpeakerTest, OneSweepOnThePorts) {
+    SoundFixture f;
+    f.ports.portB = 0xA4; // other bits of port B must survive
+    f.form9.InternalSpeaker();
+
+    const std::vector<int> divisors = sweepDivisors();
+    ASSERT_EQ(divisors.size(), 30u);
+    EXPECT_EQ(divisors.front(), 597);
+    EXPECT_EQ(divisors.back(), 2170);
+    std::vector<PortLog::Access> expected;
+    for (int d : divisors) {
+        const std::vector<PortLog::Access> tone = {
+            {'o', 0x43, 0xB6}, {'o', 0x42, d & 255},         {'o', 0x42, d / 256}, {'i', 0x61, 0xA4},
+            {'o', 0x61, 0xA7}, {'h', 0, Form9::kToneHoldMs}, {'i', 0x61, 0xA7},    {'o', 0x61, 0xA4}};
+        expected.insert(expected.end(), tone.begin(), tone.end());
+    }
+    ASSERT_EQ(f.ports.accesses.size(), expected.size());
+    for (size_t i = 0; i < expected.size(); ++i) {
+        const PortLog::Access& a = f.ports.accesses[i];
+        EXPECT_EQ(a, expected[i]) << "access " << i << ": " << a.kind << ' ' << a.port << ' ' << a.value;
+    }
+    EXPECT_EQ(f.ports.portB & 3, 0);
+    // One sweep fits in one tick, so the repeating sweeps cannot run behind.
+    EXPECT_LT(30 * Form9::kToneHoldMs, 800);
+}
+
+TEST(SpeakerTest, ModelTurnsTheSweepIntoTones) {
+    SoundFixture f;
+    RecordingSpeakerOutput output;
+    SpeakerPortModel model(output, 0x30);
+    Form9 form9(f.ctx, SoundDevices{f.wave, f.mci, model, QString()});
+
+    form9.InternalSpeaker();
+    const std::vector<int> divisors = sweepDivisors();
+    ASSERT_EQ(output.tones.size(), divisors.size());
+    for (size_t i = 0; i < divisors.size(); ++i) {
+        EXPECT_DOUBLE_EQ(output.tones[i].hz, 1193182.0 / divisors[i]);
+        EXPECT_EQ(output.tones[i].ms, Form9::kToneHoldMs);
+    }
+    EXPECT_NEAR(output.tones.front().hz, 1998.6, 0.1);
+    EXPECT_NEAR(output.tones.back().hz, 549.9, 0.1);
+    EXPECT_EQ(model.frequency(), 0);
+    EXPECT_EQ(model.portB(), 0x30);
+
+    bool present = false;
+    form9.CheckDllFile(present);
+    EXPECT_TRUE(present);
+    output.present = false;
+    form9.CheckDllFile(present);
+    EXPECT_FALSE(present);
+}
+
+TEST(SpeakerTest, ModelSoundsOnlyWithGateSpeakerAndSquareWave) {
+    RecordingSpeakerOutput output;
+    SpeakerPortModel model(output);
+    model.vbOutw(0x43, 0xB6);
+    model.vbOutw(0x42, 0x00);
+    EXPECT_EQ(model.frequency(), 0) << "half a divisor";
+    model.vbOutw(0x42, 0x10);
+    model.vbOutw(0x61, 1);
+    EXPECT_EQ(model.frequency(), 0) << "gate without speaker";
+    model.vbOutw(0x61, 3);
+    EXPECT_DOUBLE_EQ(model.frequency(), 1193182.0 / 0x1000);
+    model.Hold(7);
+    // Low byte only, mode 3.
+    model.vbOutw(0x43, 0x96);
+    model.vbOutw(0x42, 200);
+    EXPECT_DOUBLE_EQ(model.frequency(), 1193182.0 / 200);
+    // Mode 2 gives clicks, not a tone; a command for channel 0 leaves channel 2 alone.
+    model.vbOutw(0x43, 0xB4);
+    model.vbOutw(0x42, 0x00);
+    model.vbOutw(0x42, 0x10);
+    EXPECT_EQ(model.frequency(), 0);
+    model.vbOutw(0x43, 0x36);
+    model.Hold(5);
+    ASSERT_EQ(output.tones.size(), 2u);
+    EXPECT_DOUBLE_EQ(output.tones[0].hz, 1193182.0 / 0x1000);
+    EXPECT_EQ(output.tones[0].ms, 7);
+    EXPECT_EQ(output.tones[1].hz, 0);
+}
+
+// Rising edges of one channel in [from, to): their count and the frequency they make.
+double measuredFrequency(const std::vector<int16_t>& s, int channels, int rate, size_t from, size_t to) {
+    long first = -1;
+    long last = -1;
+    int edges = 0;
+    for (size_t i = from + 1; i < to; ++i) {
+        if (s[(i - 1) * channels] <= 0 && s[i * channels] > 0) {
+            if (first < 0)
+                first = static_cast<long>(i);
+            last = static_cast<long>(i);
+            ++edges;
+        }
+    }
+    return edges < 2 ? 0 : (edges - 1) * static_cast<double>(rate) / (last - first);
+}
+
+TEST(SpeakerTest, SynthMakesSquareWavesOfTheQueuedTones) {
+    const int rate = 44100;
+    ToneSynth synth(rate, 1000);
+    EXPECT_TRUE(synth.push(1998.6, 20));
+    EXPECT_TRUE(synth.push(0, 10));
+    EXPECT_TRUE(synth.push(549.9, 40));
+    EXPECT_EQ(synth.queuedMs(), 70);
+    // Past the bound a tone is dropped.
+    EXPECT_FALSE(synth.push(1000, 931));
+
+    std::vector<int16_t> s(2 * rate / 10, 100); // 100 ms of stereo, not silent: the synth adds to it
+    synth.mixInto(s.data(), rate / 10, 2);
+    EXPECT_TRUE(synth.idle());
+    EXPECT_EQ(s[0], 6100);
+    EXPECT_EQ(s[1], 6100);
+    EXPECT_NEAR(measuredFrequency(s, 2, rate, 0, 882), 1998.6, 5);
+    EXPECT_EQ(s[2 * (882 + 200)], 100) << "the rest";
+    EXPECT_NEAR(measuredFrequency(s, 2, rate, 1323, 3087), 549.9, 3);
+    EXPECT_EQ(s[2 * 3087], 100) << "after the queue";
+}
+
+TEST(SpeakerTest, SynthClampsWhatItAdds) {
+    ToneSynth synth(8000, 1000, 20000);
+    synth.push(1000, 1);
+    std::vector<int16_t> s(8, 30000);
+    synth.mixInto(s.data(), 8, 1);
+    EXPECT_EQ(s[0], 32767);
+}
+
+TEST(SpeakerTest, FirstAvailableSpeakerPrefersTheFirst) {
+    RecordingSpeakerOutput device;
+    RecordingSpeakerOutput audio;
+    FirstAvailableSpeaker speaker(device, audio);
+    speaker.queueTone(1000, 5);
+    device.present = false;
+    speaker.queueTone(500, 5);
+    EXPECT_EQ(device.tones.size(), 1u);
+    EXPECT_EQ(audio.tones.size(), 1u);
+    audio.present = false;
+    EXPECT_FALSE(speaker.available());
+}
+
+TEST(SpeakerTest, EvdevSpeakerWritesToneEventsAndEndsSilent) {
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("event-spkr"));
+    QFile(path).open(QIODevice::WriteOnly);
+    {
+        EvdevSpeaker speaker(path);
+        ASSERT_TRUE(speaker.available());
+        speaker.queueTone(1998.6, 2);
+        speaker.queueTone(0, 1);
+        speaker.queueTone(549.9, 2);
+        // Returns at once: the first tone sounds, the others wait their turn.
+        EXPECT_FALSE(speaker.idle());
+        QDeadlineTimer deadline(2000);
+        while (!speaker.idle() && !deadline.hasExpired())
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+        EXPECT_TRUE(speaker.idle());
+        // A queue longer than the bound is cut.
+        for (int i = 0; i < 10; ++i)
+            speaker.queueTone(440, kMaxQueuedToneMs / 4);
+        EXPECT_EQ(speaker.queuedMs(), kMaxQueuedToneMs);
+    }
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    std::vector<int> values;
+    for (qsizetype at = 0; at + qsizetype(sizeof(input_event)) <= bytes.size(); at += sizeof(input_event)) {
+        input_event e;
+        memcpy(&e, bytes.constData() + at, sizeof(e));
+        EXPECT_EQ(e.type, EV_SND);
+        EXPECT_EQ(e.code, SND_TONE);
+        values.push_back(e.value);
+    }
+    // The tones and the silence after them; a speaker let go in the middle of a tone falls silent.
+    EXPECT_EQ(values, (std::vector<int>{1999, 0, 550, 0, 440, 0}));
+    EXPECT_FALSE(EvdevSpeaker(dir.filePath(QStringLiteral("missing"))).available());
+}
+
+} // namespace
