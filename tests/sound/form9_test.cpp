@@ -145,6 +145,14 @@ TEST(Form9Test, PlayWordDecidesTheCount) {
         EXPECT_EQ(speaker.ports.holds(), 30 * (w.repeat ? 0 : w.times));
         EXPECT_EQ(speaker.ctx.m.blnRepeatPlay, w.repeat);
     }
+    // Any other word: the wave once, the speaker never.
+    SoundFixture other;
+    other.ctx.m.blnInternalSpeaker = true;
+    other.form9.PlaySound(QStringLiteral("Once"), other.ctx.m.strSongName);
+    other.ctx.m.blnInternalSpeaker = false;
+    other.form9.PlaySound(QString(), other.ctx.m.strSongName);
+    EXPECT_EQ(other.ports.holds(), 0);
+    EXPECT_EQ(other.log, (QStringList{kStop, kWave1}));
 }
 
 TEST(Form9Test, RepeatWithoutLibraryNeverRepeats) {
@@ -154,14 +162,6 @@ TEST(Form9Test, RepeatWithoutLibraryNeverRepeats) {
     f.form9.PlaySound(QStringLiteral("repeat"), f.ctx.m.strSongName);
     EXPECT_FALSE(f.ctx.m.blnRepeatPlay);
     EXPECT_EQ(f.log, (QStringList{kSpeakerWarning, kStop, QStringLiteral("wave ding.wav x0")}));
-}
-
-TEST(Form9Test, UnknownPlayWordSoundsTheWaveOnceAndTheSpeakerNever) {
-    SoundFixture f;
-    f.form9.PlaySound(QString(), f.ctx.m.strSongName);
-    EXPECT_EQ(f.log.last(), kWave1);
-    f.form9.PlayTimes(QStringLiteral("Once"));
-    EXPECT_EQ(f.ports.holds(), 0);
 }
 
 TEST(Form9Test, StopEndsWaveMidiAndRepeat) {
