@@ -2,7 +2,7 @@
 # Installs what Bellwick needs to build, run and test on Debian/Ubuntu; does nothing when all is there.
 set -euo pipefail
 packages=(
-    build-essential cmake pkg-config git
+    build-essential cmake pkg-config git dpkg-dev desktop-file-utils
     qt6-base-dev qt6-svg-dev libqt6svg6 qt6-qpa-plugins libgl1-mesa-dev
     libsdl2-mixer-dev libfluidsynth-dev timgm6mb-soundfont
     fonts-liberation
