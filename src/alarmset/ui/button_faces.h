@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QRectF>
+
+class QPainter;
+
+// The pictures of the Alarm Set window, drawn to fit any rectangle.
+namespace button_faces {
+
+void arrowUp(QPainter& p, const QRectF& r);
+void arrowDown(QPainter& p, const QRectF& r);
+void scissors(QPainter& p, const QRectF& r);
+void twoScissors(QPainter& p, const QRectF& r);
+void floppyDisk(QPainter& p, const QRectF& r);
+void openFolder(QPainter& p, const QRectF& r);
+void sheetAndPencil(QPainter& p, const QRectF& r);
+void playTriangle(QPainter& p, const QRectF& r);
+void minimiseBar(QPainter& p, const QRectF& r);
+// The word Add and a pencil.
+void addWithPencil(QPainter& p, const QRectF& r);
+void hourglass(QPainter& p, const QRectF& r);
+// A bell ringing, the window's decoration.
+void ringingBell(QPainter& p, const QRectF& r);
+
+} // namespace button_faces

@@ -1,0 +1,48 @@
+#include "alarmset/ui/key_filters.h"
+
+#include "alarmset/time_input.h"
+
+#include <QComboBox>
+#include <QKeyEvent>
+
+namespace {
+
+// The keys that produce a character. Enter belongs to the default button, Tab moves the focus, and Delete
+// edits like the arrows: none of them counts as typed.
+bool typesCharacter(const QKeyEvent* key) {
+    switch (key->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+    case Qt::Key_Delete:
+        return false;
+    default:
+        return !key->text().isEmpty();
+    }
+}
+
+} // namespace
+
+bool TimeBoxKeys::eventFilter(QObject* watched, QEvent* event) {
+    auto* box = qobject_cast<QComboBox*>(watched);
+    if (!box)
+        return false;
+    if (event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (typesCharacter(key) && !TimeBoxKeyPress(m_ctx, key->text().at(0)))
+            return true;
+    } else if (event->type() == QEvent::KeyRelease) {
+        QString text = box->currentText();
+        TimeBoxKeyUp(m_ctx, text);
+        if (text != box->currentText())
+            box->setEditText(text);
+    }
+    return false;
+}
+
+bool NoTypedKeys::eventFilter(QObject*, QEvent* event) {
+    if (event->type() != QEvent::KeyPress)
+        return false;
+    return typesCharacter(static_cast<QKeyEvent*>(event));
+}
