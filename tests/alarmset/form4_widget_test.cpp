@@ -132,3 +132,27 @@ TEST_F(Form4WidgetTest, NoSecondModeHidesTheSecondsAndShadingSwapsTheList) {
     host.SetDataListShaded(false);
     EXPECT_TRUE(f->lstData->isVisible());
 }
+
+TEST_F(Form4WidgetTest, TitleClockRunsOnlyWhileTheWindowIsShown) {
+    const QString laidOut = f->windowTitle();
+    f->Timer1_Timer();
+    EXPECT_EQ(f->windowTitle(), laidOut);
+    f->show();
+    f->Timer1_Timer();
+    EXPECT_EQ(f->windowTitle(), "Bellwick Alarm Clock sp...01 May 2002 / 08:00 PM");
+}
+
+TEST_F(Form4WidgetTest, ChoosingAnIntervalEnablesEveryAndTickingItLocksTheInterval) {
+    f->show();
+    EXPECT_FALSE(f->chkEMPlay->isEnabled());
+    f->cbEMPlay->setCurrentIndex(6); // "15"
+    emit f->cbEMPlay->activated(6);
+    EXPECT_TRUE(f->chkEMPlay->isEnabled());
+    f->chkEMPlay->click();
+    EXPECT_TRUE(ctx.m.blnEveryMinutesOn);
+    EXPECT_EQ(ctx.m.iEveryMinutes, 15);
+    EXPECT_FALSE(f->cbEMPlay->isEnabled());
+    f->chkEMPlay->click();
+    EXPECT_FALSE(ctx.m.blnEveryMinutesOn);
+    EXPECT_TRUE(f->cbEMPlay->isEnabled());
+}
