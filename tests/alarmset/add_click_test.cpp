@@ -148,16 +148,6 @@ TEST_F(AddClickTest, PlayWordIsRememberedUntilAnotherIsChosen) {
     EXPECT_EQ(ctx.form8.strEventMark, "#");
 }
 
-TEST_F(AddClickTest, SameTimeTwiceGoesAheadAndIsSelected) {
-    enter("09", "00", "00", "AM");
-    add();
-    entry.cbPlayTimesIndex = 1;
-    entry.cbPlayTimesText = "twice";
-    EXPECT_EQ(add(), "twice 09:00:00");
-    EXPECT_EQ(ctx.lstData.listIndex(), 0);
-    EXPECT_EQ(ctx.lstData.items(), QStringList({"twice 09:00:00", "once 09:00:00"}));
-}
-
 TEST_F(AddClickTest, WithMessageTodayShadesTheListAndOpensTheMessageBox) {
     ctx.m.blnWithMessage = true;
     enter("09", "00", "00", "AM");

@@ -110,13 +110,6 @@ TEST_F(Form4SettingsTest, SongsAreTheWaveFilesAndAClickStoresTheChoice) {
     EXPECT_EQ(sound.waves, QStringList({path("chime.wav")}));
 }
 
-TEST_F(Form4SettingsTest, LongSongNameIsCutInTheRecordOnly) {
-    const QString name(31, 'a');
-    SongClick(ctx, {name}, 0);
-    EXPECT_EQ(ctx.m.strSongName, path(name + ".wav"));
-    EXPECT_EQ(record(3).mid(25), QByteArray(30, 'a'));
-}
-
 TEST_F(Form4SettingsTest, ChimeMarksFollowTheEveryBox) {
     clock.set(2002, 5, 1, 10, 7, 0);
     ctx.everyControls.checked = true;

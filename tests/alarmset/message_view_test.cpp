@@ -111,18 +111,6 @@ TEST_F(DayListTest, DeleteWithoutSelectionRemovesNothingButRetakesTheHead) {
     EXPECT_EQ(ctx.m.strNextPlayTimes, "");
 }
 
-TEST_F(DayListTest, DeleteAllEmptiesBothLists) {
-    rows({"once 08:00:00", "once 09:00:00"}, {"A at 08:00:00", "Orphan at 23:00:00"});
-    ctx.m.blnHaveAlarms = true;
-    ctx.m.strNextAlarm = "08:00:00";
-    DeleteAllClick(ctx);
-    EXPECT_TRUE(ctx.lstData.isEmpty());
-    EXPECT_TRUE(ctx.lstMessage.isEmpty());
-    EXPECT_FALSE(ctx.m.blnHaveAlarms);
-    EXPECT_TRUE(ctx.m.blnNeedNextAlarm);
-    EXPECT_EQ(ctx.m.strNextAlarm, "");
-}
-
 TEST_F(DayListTest, DoubleClickOpensTheMessagesOnlyWhenNothingIsInFront) {
     rows({"once 08:00:00"}, {});
     DataDblClick(ctx, links);

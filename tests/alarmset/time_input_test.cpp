@@ -55,19 +55,6 @@ TEST_F(TimeInputTest, FirstDropDownCompletesTheSixtyAndNoLaterOneAddsMore) {
     EXPECT_EQ(seconds, minutes);
 }
 
-TEST_F(TimeInputTest, EitherArrowFlipsTheHalfOfTheDay) {
-    QString am = "AM";
-    UpClick(am);
-    EXPECT_EQ(am, "PM");
-    UpClick(am);
-    EXPECT_EQ(am, "AM");
-    DownClick(am);
-    EXPECT_EQ(am, "PM");
-    QString other = "am";
-    DownClick(other);
-    EXPECT_EQ(other, "am");
-}
-
 TEST_F(TimeInputTest, AnotherDaySwapsTheDateColoursAndTodayRestoresThem) {
     clock.set(2002, 5, 1, 23, 59, 0);
     const QColor fore(Qt::darkBlue), back(Qt::white);
