@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+class Context;
+
+// The controls of the Edit window as opening and confirming an edit read and write them.
+struct EditControls {
+    QString txtDate;
+    QString cbHour;
+    QString cbMin;
+    QString cbSec;
+    QString txtAm;
+    int cbPlayTimesIndex = 0;
+    QString txtInput; // line breaks as stored, CR LF
+};
+
+// The play-count items of the Edit window, in list order.
+const QStringList& EditPlayWords();
+
+// The controls for one event of the list: the hour on the 12-hour clock, and "x" (and any odd mark) as once.
+EditControls ShowEditEvent(const QString& strPlayTimesIs, const QString& strDateIs, const QString& strTimeIs,
+                           const QString& strMessageIs);
+
+// The date as the edit accepts it: "yyyy/mm/dd" with month 1-12 and day 1-31; the year and the month's
+// length are not looked at.
+bool EditDateIsValid(const QString& txtDate);
+
+// Checks the controls and puts the event back by its new date: a later day goes into the event list,
+// highlighted, in place of the one highlighted row; today goes into today's lists. Rewrites the schedule.
+// A refusal is told to the user and leaves every event as it was; the padding of the time boxes stays.
+// True when the edit was done and the window closes.
+bool ConfirmEditEvent(Context& ctx, EditControls& controls);

@@ -1,0 +1,186 @@
+#include "eventlist/edit_event.h"
+#include "fakes.h"
+
+#include <QDir>
+#include <gtest/gtest.h>
+
+namespace {
+
+struct EditEventTest : ::testing::Test, EngineFixture {
+    EditEventTest() {
+        clock.set(2002, 5, 1, 12, 0, 0);
+        ctx.touchForm4();
+        Bwklistbox& list = ctx.Bwklistbox1;
+        list.ShowData("-", "2002/05/01-09:00:00", "past today", false);
+        list.ShowData("=", "2002/05/03-13:05:09", "Dentist", false);
+        list.ShowData("#", "2002/05/05-07:00:00", "", false);
+        // The row being edited is the current and only highlighted one, as after a plain click.
+        list.lstMain.setListIndex(1);
+    }
+
+    // Opens the Edit window's controls on the current row, as the popup does.
+    EditControls openCurrent() {
+        Bwklistbox& list = ctx.Bwklistbox1;
+        list.CrackAlarmEvent();
+        return ShowEditEvent(list.PlayTimesIs(), list.DateIs(), list.TimeIs(), list.MessageIs());
+    }
+
+    QStringList rows() const { return ctx.Bwklistbox1.lstMain.items(); }
+};
+
+} // namespace
+
+TEST(EditDate, FormMonthAndDayAreCheckedButNotTheYearOrMonthLength) {
+    for (const char* good : {"2002/04/31", "2002/02/31", "0000/12/01", "2099/01/31"})
+        EXPECT_TRUE(EditDateIsValid(good)) << good;
+    for (const char* bad : {"", "2002/5/01", "2002/05/011", "02/05/2002", "2002-05-01", "2002/00/01", "2002/13/01",
+                            "2002/05/00", "2002/05/32", "2002/05//1", "2002/05/1/", "2002/0a/01", "2002/05/ 1"})
+        EXPECT_FALSE(EditDateIsValid(bad)) << bad;
+}
+
+TEST(EditOpen, RowTimesOpenOnTheTwelveHourClockAndMarksSetThePlayCount) {
+    EditControls c = ShowEditEvent("=", "2002/05/03", "13:05:09", "Dentist");
+    EXPECT_EQ(c.cbHour, "1");
+    EXPECT_EQ(c.cbMin, "05");
+    EXPECT_EQ(c.cbSec, "09");
+    EXPECT_EQ(c.txtAm, "PM");
+    EXPECT_EQ(c.cbPlayTimesIndex, 1);
+    EXPECT_EQ(c.txtDate, "2002/05/03");
+    EXPECT_EQ(c.txtInput, "Dentist");
+
+    c = ShowEditEvent("x", "2002/05/03", "12:30:00", "");
+    EXPECT_EQ(c.cbHour, "12");
+    EXPECT_EQ(c.txtAm, "PM");
+    EXPECT_EQ(c.cbPlayTimesIndex, 0);
+
+    c = ShowEditEvent("~", "2002/05/03", "00:30:00", "");
+    EXPECT_EQ(c.cbHour, "00");
+    EXPECT_EQ(c.txtAm, "AM");
+    EXPECT_EQ(c.cbPlayTimesIndex, 3);
+    EXPECT_EQ(ShowEditEvent("#", "", "23:00:00", "").cbHour, "11");
+}
+
+TEST_F(EditEventTest, RefusalsTellTheUserAndChangeNoEvent) {
+    const QStringList before = rows();
+    struct Case {
+        const char* date;
+        const char* hour;
+        const char* min;
+        const char* sec;
+        const char* words;
+    };
+    const Case cases[] = {
+        {"2002/13/03", "1", "05", "09", "Invalid input of date"},
+        {"2002/05/03", "", "05", "09", "Invalid input of alarm time"},
+        {"2002/05/03", "1", "05", "", "Invalid input of alarm time"},
+        {"2002/05/03", "00", "05", "09", "Invalid input of alarm time"},
+        {"2002/05/03", "13", "05", "09", "Invalid input of alarm time"},
+        {"2002/05/03", "1", "60", "09", "Invalid input of alarm time"},
+        {"2002/05/03", "1", "05", "60", "Invalid input of alarm time"},
+        {"2002/04/30", "1", "05", "09", "Day was passed"},
+        {"2002/05/01", "11", "59", "59", "Time was passed or next day"},
+    };
+    for (const Case& k : cases) {
+        EditControls c = openCurrent();
+        c.txtDate = k.date;
+        c.cbHour = k.hour;
+        c.cbMin = k.min;
+        c.cbSec = k.sec;
+        c.txtAm = "AM";
+        notices.warnings.clear();
+        const int beeps = notices.beeps;
+        EXPECT_FALSE(ConfirmEditEvent(ctx, c)) << k.words;
+        EXPECT_EQ(notices.warnings, QStringList({k.words}));
+        EXPECT_EQ(notices.beeps, beeps + 1);
+    }
+    EXPECT_EQ(rows(), before);
+    EXPECT_EQ(ctx.Bwklistbox1.MultiSelectedItem(), 1);
+    EXPECT_TRUE(ctx.lstData.isEmpty());
+    EXPECT_FALSE(QFileInfo::exists(path("future.dat")));
+
+    // A refused past day keeps the padding the check gave the time boxes.
+    EditControls c = openCurrent();
+    c.txtDate = "2002/04/30";
+    c.cbMin = "5";
+    ConfirmEditEvent(ctx, c);
+    EXPECT_EQ(c.cbHour, "01");
+    EXPECT_EQ(c.cbMin, "05");
+}
+
+TEST_F(EditEventTest, LaterDateReplacesTheRowAndRewritesTheSchedule) {
+    // Unchanged, a 1 PM time comes back padded and the event keeps 13:05:09.
+    EditControls c = openCurrent();
+    ASSERT_TRUE(ConfirmEditEvent(ctx, c));
+    EXPECT_EQ(c.cbHour, "01");
+    EXPECT_EQ(rows(),
+              QStringList({"      -    2002/05/01-09:00:00        past today",
+                           "      =    2002/05/03-13:05:09        Dentist", "      #    2002/05/05-07:00:00        "}));
+
+    ctx.Bwklistbox1.lstMain.setListIndex(1);
+    c = openCurrent();
+    c.txtDate = "2002/05/06";
+    c.cbHour = "12";
+    c.txtAm = "AM";
+    c.cbPlayTimesIndex = 3;
+    c.txtInput = "Two\r\nlines";
+    ASSERT_TRUE(ConfirmEditEvent(ctx, c));
+    EXPECT_EQ(rows(),
+              QStringList({"      -    2002/05/01-09:00:00        past today", "      #    2002/05/05-07:00:00        ",
+                           "      ~    2002/05/06-00:05:09        Two\r\nlines"}));
+    EXPECT_TRUE(ctx.Bwklistbox1.lstMain.isSelected(2));
+    EXPECT_EQ(ctx.Bwklistbox1.MultiSelectedItem(), 1);
+    EXPECT_EQ(readFile("future.dat"), QByteArray("\"past today2002/05/01once09:00:00\"\r\n"
+                                                 "\"2002/05/05thri07:00:00\"\r\n"
+                                                 "\"Two\r\nlines2002/05/06repe00:05:09\"\r\n"));
+    EXPECT_TRUE(ctx.lstData.isEmpty());
+    EXPECT_TRUE(notices.warnings.isEmpty());
+}
+
+TEST_F(EditEventTest, TodayMovesTheEventIntoTodaysListsAndOutOfTheSchedule) {
+    EditControls c = openCurrent();
+    c.txtDate = "2002/05/01";
+    c.cbHour = "12";
+    c.cbMin = "0";
+    c.cbSec = "0";
+    c.txtAm = "PM";
+    c.cbPlayTimesIndex = 2;
+    // The present second itself is still in time.
+    ASSERT_TRUE(ConfirmEditEvent(ctx, c));
+    EXPECT_EQ(ctx.lstData.items(), QStringList({"thrice 12:00:00"}));
+    EXPECT_EQ(ctx.lstMessage.items(), QStringList({"Dentist at 12:00:00"}));
+    EXPECT_TRUE(ctx.m.blnTickOn && ctx.m.blnNeedNextAlarm && ctx.m.blnHaveAlarms);
+    EXPECT_EQ(rows().size(), 2);
+    EXPECT_EQ(readFile("future.dat"),
+              QByteArray("\"past today2002/05/01once09:00:00\"\r\n\"2002/05/05thri07:00:00\"\r\n"));
+
+    // Without a message no message row comes.
+    ctx.Bwklistbox1.lstMain.setListIndex(1);
+    c = openCurrent();
+    c.txtDate = "2002/05/01";
+    c.cbHour = "1";
+    c.txtAm = "PM";
+    ASSERT_TRUE(ConfirmEditEvent(ctx, c));
+    EXPECT_EQ(ctx.lstData.items(), QStringList({"thrice 12:00:00", "thrice 13:00:00"}));
+    EXPECT_EQ(ctx.lstMessage.count(), 1);
+    EXPECT_EQ(rows().size(), 1);
+}
+
+TEST_F(EditEventTest, WithHighlightsChangedMeanwhileTheOldEventStays) {
+    // An event added for another day while the window stood open comes in highlighted too.
+    ctx.Bwklistbox1.ShowData("-", "2002/06/01-08:00:00", "added", true);
+    EditControls c = openCurrent();
+    c.txtDate = "2002/05/04";
+    ASSERT_TRUE(ConfirmEditEvent(ctx, c));
+    EXPECT_EQ(rows().size(), 5);
+    EXPECT_EQ(ctx.Bwklistbox1.MultiSelectedItem(), 3);
+}
+
+TEST_F(EditEventTest, AFailedRewriteIsReportedAndTheEditStands) {
+    ASSERT_TRUE(QDir(ctx.m.strAppPath).mkdir("future.dat"));
+    EditControls c = openCurrent();
+    c.txtDate = "2002/05/04";
+    EXPECT_TRUE(ConfirmEditEvent(ctx, c));
+    ASSERT_EQ(notices.warnings.size(), 1);
+    EXPECT_TRUE(notices.warnings.first().startsWith("Error occurred when saving alarm event to disk, Error #  "));
+    EXPECT_TRUE(rows().at(1).contains("2002/05/04"));
+}
