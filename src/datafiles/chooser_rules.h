@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+class Context;
+
+// The data-file chooser's modes. The window keeps no mode of its own: it is the caption of its confirm button.
+enum class ChooserMode { Load, Save, Open };
+
+struct ChooserTexts {
+    QString label;   // Label1
+    QString confirm; // cmdConfirm
+};
+ChooserTexts chooserTexts(ChooserMode mode);
+ChooserMode chooserModeOf(const QString& cmdConfirmCaption);
+
+// File1 as the rules read it: the names in list order, their highlights and the current item (-1 for none).
+struct FileListState {
+    QStringList names;
+    QList<bool> selected;
+    int current = -1;
+
+    bool holdsFiles() const { return !names.isEmpty(); }
+    bool currentSelected() const { return current >= 0 && current < selected.size() && selected.at(current); }
+};
+
+// What confirming can do with a bare file name of the program folder.
+struct ChooserActions {
+    std::function<void(const QString&)> load; // LoadClick
+    std::function<void(const QString&)> save; // SaveFileClick
+    std::function<void(const QString&)> edit; // EditorClick
+};
+
+// cmdConfirm: runs the mode's action on the typed name or the chosen files. The typed name may get ".dat"
+// appended, and stays so in the box. Refusals are told to the user. True when the window unloads.
+bool ConfirmChoice(Context& ctx, ChooserMode mode, QString& txtInput, const FileListState& file1,
+                   const ChooserActions& actions);
+
+// In Save and Open one name is wanted, so the file list and the typed name exclude each other.
+// File1_Click: true when txtInput is to be emptied.
+bool FileClickEmptiesInput(ChooserMode mode, const FileListState& file1);
+// txtInput_GotFocus: true when File1's current item is to be unselected.
+bool InputFocusUnselectsFile(ChooserMode mode, const FileListState& file1);
+// File1_KeyDown with Ctrl or Shift: true when the current item is to be unselected, so no second file
+// or range can be chosen.
+bool ModifierKeyUnselectsFile(ChooserMode mode, const FileListState& file1, int keyCode);
+
+// txtInput_KeyPress: letters, digits, backspace, "_", "-" and "." only, so a name holds no blank and no path.
+bool ChooserNameKeyPasses(QChar key);
+constexpr int kChooserNameMaxLength = 50;

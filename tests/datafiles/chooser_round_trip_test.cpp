@@ -1,0 +1,97 @@
+#include "datafiles/chooser_actions.h"
+#include "fakes.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct ChooserRoundTripTest : ::testing::Test, EngineFixture {
+    QStringList asked; // origin|name of each overwrite question
+    ChooserActions actions =
+        chooserActionsFor(ctx, [&](const QString& origin, const QString& name) { asked.append(origin + "|" + name); });
+
+    ChooserRoundTripTest() {
+        clock.set(2002, 5, 1, 7, 0, 0);
+        ctx.touchForm4();
+        ctx.lstData.addItem("once 08:00:00");
+        ctx.lstData.addItem("repeat 21:15:00");
+        ctx.lstMessage.addItem("Walk \"the\" dog at 21:15:00");
+    }
+};
+
+struct FakeLauncher {
+    QStringList onPath;
+    QStringList refuse; // found, but cannot start
+    QStringList started;
+    EditorLauncher launcher() {
+        return {[this](const QString& p) { return onPath.contains(p) ? "/usr/bin/" + p : QString(); },
+                [this](const QString& p, const QStringList& args) {
+                    if (refuse.contains(p.section('/', -1)))
+                        return false;
+                    started.append(p + " " + args.join(' '));
+                    return true;
+                }};
+    }
+};
+
+} // namespace
+
+TEST_F(ChooserRoundTripTest, SavedDayLoadsBackOnAnotherDayAndOverwriteTakesTheListsOfThatMoment) {
+    QString box = "routine";
+    ASSERT_TRUE(ConfirmChoice(ctx, ChooserMode::Save, box, {}, actions));
+    EXPECT_TRUE(asked.isEmpty());
+
+    // Saving over it asks first and writes nothing yet.
+    ctx.lstData.addItem("twice 22:00:00");
+    FileListState file1{{"routine.dat"}, {true}, 0};
+    box.clear();
+    ASSERT_TRUE(ConfirmChoice(ctx, ChooserMode::Save, box, file1, actions));
+    EXPECT_EQ(asked, QStringList({"AlarmSet|routine.dat"}));
+    EXPECT_FALSE(readFile("routine.dat").contains("22:00:00"));
+    ctx.lstData.removeItem(0);
+    OverwriteConfirmed(ctx, "AlarmSet", "routine.dat");
+    EXPECT_EQ(readFile("routine.dat"), QByteArray("\"repeat 21:15:00\"\r\n\"twice 22:00:00\"\r\n"
+                                                  "\"Walk \"the\" dog at 21:15:00\"\r\n"));
+    // Another origin writes nothing.
+    ctx.lstData.clear();
+    OverwriteConfirmed(ctx, "Other", "routine.dat");
+    EXPECT_TRUE(readFile("routine.dat").contains("22:00:00"));
+
+    ctx.lstMessage.clear();
+    clock.set(2002, 6, 9, 21, 30, 0);
+    box = "routine.dat";
+    ASSERT_TRUE(ConfirmChoice(ctx, ChooserMode::Load, box, file1, actions));
+    // Loaded twice, typed and chosen; the row already gone by on this day stays out.
+    EXPECT_EQ(ctx.lstData.items(), QStringList({"twice 22:00:00", "twice 22:00:00"}));
+    EXPECT_TRUE(ctx.lstMessage.isEmpty());
+    EXPECT_TRUE(ctx.m.blnHaveAlarms);
+    EXPECT_TRUE(notices.warnings.isEmpty());
+
+    // A typed name gets no extension on loading.
+    box = "routine";
+    ConfirmChoice(ctx, ChooserMode::Load, box, {}, actions);
+    EXPECT_EQ(notices.warnings, QStringList({"routine, file not found"}));
+}
+
+TEST_F(ChooserRoundTripTest, EditorIsTheDesktopOpenerThenTheFirstTextEditorOnPath) {
+    FakeLauncher fake;
+    fake.onPath = {"xdg-open", "gedit", "kate"};
+    EditorClick(ctx, "my.dat", fake.launcher());
+    EXPECT_EQ(fake.started, QStringList({"/usr/bin/xdg-open " + path("my.dat")}));
+
+    fake.started.clear();
+    fake.onPath = {"kate", "gedit"};
+    EditorClick(ctx, "my.dat", fake.launcher());
+    EXPECT_EQ(fake.started, QStringList({"/usr/bin/gedit " + path("my.dat")}));
+
+    fake.started.clear();
+    fake.onPath = {"xdg-open", "gedit"};
+    fake.refuse = {"xdg-open", "gedit"};
+    EditorClick(ctx, "my.dat", fake.launcher());
+    EXPECT_TRUE(fake.started.isEmpty());
+    EXPECT_EQ(notices.warnings, QStringList({"Notepad and Wordpad not found"}));
+
+    fake.onPath.clear();
+    EditorClick(ctx, "my.dat", fake.launcher());
+    EXPECT_EQ(notices.warnings.size(), 2);
+}

@@ -1,0 +1,142 @@
+#include "datafiles/chooser_front.h"
+#include "datafiles/chooser_rules.h"
+#include "fakes.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct ChooserRulesTest : ::testing::Test, EngineFixture {
+    QStringList calls;
+    ChooserActions actions{[&](const QString& n) { calls.append("load " + n); },
+                           [&](const QString& n) { calls.append("save " + n); },
+                           [&](const QString& n) { calls.append("edit " + n); }};
+    FileListState file1{{"a.dat", "future.dat", "my.dat", "WPAPER.DAT"}, {false, false, false, false}, -1};
+
+    bool confirm(ChooserMode mode, QString& typed) { return ConfirmChoice(ctx, mode, typed, file1, actions); }
+    void choose(int index) {
+        file1.selected[index] = true;
+        file1.current = index;
+    }
+};
+
+} // namespace
+
+TEST_F(ChooserRulesTest, SaveAppendsDatUnlessItEndsSoInAnyCaseAndRefusesTheWallpaperFile) {
+    const std::pair<const char*, const char*> names[] = {
+        {"my", "my.dat"}, {"MY.DAT", "MY.DAT"}, {"my.dat.bak", "my.dat.bak.dat"}, {"my.Dat", "my.Dat"}};
+    for (const auto& [typed, saved] : names) {
+        QString box = typed;
+        EXPECT_TRUE(confirm(ChooserMode::Save, box));
+        EXPECT_EQ(box, saved);
+        EXPECT_EQ(calls.takeLast(), QString("save ") + saved);
+    }
+    QString box = "WPAPER";
+    EXPECT_FALSE(confirm(ChooserMode::Save, box));
+    EXPECT_EQ(box, "WPAPER.dat");
+    EXPECT_EQ(notices.warnings, QStringList({"Wpaper.dat has data of wallpaper"}));
+
+    // From the list: only the selected current item counts, and the reserved name is refused there too.
+    box.clear();
+    file1.current = 2;
+    EXPECT_FALSE(confirm(ChooserMode::Save, box));
+    EXPECT_EQ(notices.warnings.last(), "No file is chosen");
+    choose(3);
+    EXPECT_FALSE(confirm(ChooserMode::Save, box));
+    EXPECT_EQ(notices.warnings.last(), "Wpaper.dat has data of wallpaper");
+    choose(2);
+    EXPECT_TRUE(confirm(ChooserMode::Save, box));
+    ASSERT_FALSE(calls.isEmpty());
+    EXPECT_EQ(calls.last(), "save my.dat");
+}
+
+TEST_F(ChooserRulesTest, LoadTakesTheTypedNameAsItStandsThenEverySelectedFileInOrder) {
+    file1.selected = {true, false, true, true};
+    file1.current = 0;
+    QString box = "my";
+    EXPECT_TRUE(confirm(ChooserMode::Load, box));
+    EXPECT_EQ(box, "my");
+    EXPECT_EQ(calls, QStringList({"load my", "load a.dat", "load my.dat", "load WPAPER.DAT"}));
+
+    calls.clear();
+    box.clear();
+    file1.selected = {false, false, false, false};
+    EXPECT_FALSE(confirm(ChooserMode::Load, box));
+    EXPECT_TRUE(calls.isEmpty());
+    EXPECT_EQ(notices.warnings, QStringList({"No file is chosen"}));
+}
+
+TEST_F(ChooserRulesTest, OpenAppendsDatMindingTheCase) {
+    QString box = "A.DAT";
+    EXPECT_TRUE(confirm(ChooserMode::Open, box));
+    EXPECT_EQ(calls, QStringList({"edit A.DAT.dat"}));
+    box = "notes.dat";
+    EXPECT_TRUE(confirm(ChooserMode::Open, box));
+    EXPECT_EQ(calls.last(), "edit notes.dat");
+    box.clear();
+    choose(1);
+    EXPECT_TRUE(confirm(ChooserMode::Open, box));
+    EXPECT_EQ(calls.last(), "edit future.dat");
+}
+
+TEST_F(ChooserRulesTest, AnEmptyFolderAndNoNameIsRefusedInEveryMode) {
+    file1 = {};
+    for (ChooserMode mode : {ChooserMode::Load, ChooserMode::Save, ChooserMode::Open}) {
+        QString box;
+        EXPECT_FALSE(confirm(mode, box));
+    }
+    EXPECT_EQ(notices.warnings.size(), 3);
+    EXPECT_TRUE(calls.isEmpty());
+}
+
+TEST_F(ChooserRulesTest, ListAndTypedNameExcludeEachOtherWhereOneNameIsWanted) {
+    choose(1);
+    EXPECT_FALSE(FileClickEmptiesInput(ChooserMode::Load, file1));
+    EXPECT_TRUE(FileClickEmptiesInput(ChooserMode::Save, file1));
+    EXPECT_TRUE(FileClickEmptiesInput(ChooserMode::Open, file1));
+    file1.selected[1] = false; // a Ctrl click that unselected it
+    EXPECT_FALSE(FileClickEmptiesInput(ChooserMode::Save, file1));
+
+    EXPECT_FALSE(InputFocusUnselectsFile(ChooserMode::Load, file1));
+    EXPECT_TRUE(InputFocusUnselectsFile(ChooserMode::Save, file1));
+
+    EXPECT_TRUE(ModifierKeyUnselectsFile(ChooserMode::Save, file1, 17));
+    EXPECT_TRUE(ModifierKeyUnselectsFile(ChooserMode::Open, file1, 16));
+    EXPECT_FALSE(ModifierKeyUnselectsFile(ChooserMode::Load, file1, 16));
+    EXPECT_FALSE(ModifierKeyUnselectsFile(ChooserMode::Save, file1, 65));
+    EXPECT_TRUE(ModifierKeyUnselectsFile(ChooserMode::Save, FileListState{}, 16));
+    EXPECT_FALSE(ModifierKeyUnselectsFile(ChooserMode::Open, FileListState{}, 16));
+}
+
+TEST(ChooserKeys, NamesHoldLettersDigitsAndFewMarksOnly) {
+    for (QChar c : QStringLiteral("azAZ09_-.\b"))
+        EXPECT_TRUE(ChooserNameKeyPasses(c)) << int(c.unicode());
+    for (QChar c : QStringLiteral(" /\\:\"*é\r"))
+        EXPECT_FALSE(ChooserNameKeyPasses(c)) << int(c.unicode());
+}
+
+TEST(ChooserModes, TheConfirmCaptionIsTheMode) {
+    for (ChooserMode mode : {ChooserMode::Load, ChooserMode::Save, ChooserMode::Open})
+        EXPECT_EQ(chooserModeOf(chooserTexts(mode).confirm), mode);
+    EXPECT_EQ(chooserTexts(ChooserMode::Load).label, "Load data from files :");
+    EXPECT_EQ(chooserTexts(ChooserMode::Save).label, "Save file as :");
+    EXPECT_EQ(chooserTexts(ChooserMode::Open).label, "Open a file to edit data :");
+}
+
+TEST(ChooserFront, AHigherClaimOutranksAndTheFirstHolderGetsTheFrontBack) {
+    int32_t lngTopWho = 13;
+    FrontClaim form13(157);
+    form13.open(lngTopWho);
+    EXPECT_EQ(lngTopWho, 157);
+    form13.open(lngTopWho); // asked again while open: the first holder stays remembered
+    EXPECT_EQ(form13.lngPrevTop(), 13);
+
+    lngTopWho = 1000001; // a warning came up
+    EXPECT_FALSE(form13.lostFocus(lngTopWho));
+    EXPECT_EQ(lngTopWho, 1000001);
+    lngTopWho = 0; // the warning went
+    EXPECT_TRUE(form13.lostFocus(lngTopWho));
+    EXPECT_EQ(lngTopWho, 157);
+    EXPECT_EQ(form13.close(lngTopWho), 13);
+    EXPECT_EQ(lngTopWho, 0);
+}
