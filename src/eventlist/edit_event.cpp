@@ -1,9 +1,10 @@
 #include "eventlist/edit_event.h"
 
+#include "alarmset/add_click.h"
 #include "engine/alarm_event.h"
 #include "engine/context.h"
 #include "engine/schedule_file.h"
-#include "eventlist/edit_schedule_rewrite.h"
+#include "eventlist/save_all_events.h"
 #include "platform/clock.h"
 #include "platform/numeric.h"
 #include "sound/notices.h"
@@ -20,15 +21,6 @@ bool twoDigits(QStringView text, int& value) {
 void padToTwo(QString& text) {
     if (text.size() == 1)
         text.prepend(QLatin1Char('0'));
-}
-
-// The hour of the 24-hour time from the padded 12-hour hour, as the Alarm Set window turns it.
-QString twentyFourHour(const QString& cbHour, const QString& txtAm) {
-    if (txtAm == QLatin1String("PM") && cbHour != QLatin1String("12"))
-        return QString::number(leadingDigitsValue(cbHour) + 12);
-    if (txtAm == QLatin1String("AM") && cbHour == QLatin1String("12"))
-        return QStringLiteral("00");
-    return cbHour;
 }
 
 bool refuse(Context& ctx, const QString& words) {
@@ -95,7 +87,7 @@ bool ConfirmEditEvent(Context& ctx, EditControls& c) {
     padToTwo(c.cbMin);
     padToTwo(c.cbSec);
 
-    const QString newTime = twentyFourHour(c.cbHour, c.txtAm) + QLatin1Char(':') + c.cbMin + QLatin1Char(':') + c.cbSec;
+    const QString newTime = TwentyFourHour(c.cbHour, c.txtAm) + QLatin1Char(':') + c.cbMin + QLatin1Char(':') + c.cbSec;
     const QString playWord = EditPlayWords().value(c.cbPlayTimesIndex);
     // The day of the check is that of the press, not of the opening.
     const QString today = ctx.clock.dateText();
@@ -116,6 +108,6 @@ bool ConfirmEditEvent(Context& ctx, EditControls& c) {
     } else {
         return refuse(ctx, QStringLiteral("Day was passed"));
     }
-    RewriteScheduleFromList(ctx);
+    SaveAllEvents(ctx);
     return true;
 }

@@ -1,7 +1,7 @@
 #include "eventlist/popup_menu.h"
 
 #include "engine/context.h"
-#include "eventlist/edit_schedule_rewrite.h"
+#include "eventlist/save_all_events.h"
 #include "sound/notices.h"
 
 namespace {
@@ -33,5 +33,5 @@ void PopupDeleteClick(Context& ctx) {
         return;
     while (list.MultiSelectedItem() >= 1)
         list.MultiDelete();
-    RewriteScheduleFromList(ctx);
+    SaveAllEvents(ctx);
 }
