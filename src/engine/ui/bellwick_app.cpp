@@ -1,5 +1,6 @@
 #include "engine/ui/bellwick_app.h"
 
+#include "alarmset/ui/form4_host.h"
 #include "engine/context.h"
 #include "engine/startup.h"
 #include "engine/ui/form1.h"
@@ -42,9 +43,13 @@ int BellwickApp::run() {
     ctx.m.strAppPath = data_folder::programFolder();
     data_folder::prepare(ctx.m.strAppPath, data_folder::bundledFolder());
 
+    Form4Host alarmSet(ctx);
+    ctx.form4Ui = &alarmSet;
+
     QPointer<Form7> settingsWindow;
     Form1Hooks hooks;
     hooks.mStop = [&program] { program.sound.mStop(); };
+    hooks.showAlarmSet = [&alarmSet] { alarmSet.showAlarmSet(); };
     hooks.showSettings = [&ctx, &settingsWindow] {
         if (settingsWindow && settingsWindow->isMinimized()) {
             settingsWindow->setWindowState(settingsWindow->windowState() & ~Qt::WindowMinimized);
@@ -56,6 +61,7 @@ int BellwickApp::run() {
         settingsWindow->raise();
         settingsWindow->activateWindow();
     };
+    alarmSet.hooks.showSettings = hooks.showSettings;
     Form1 form1(ctx, hooks);
     fForm1Load(ctx, StartupHooks{});
     form1.Form_Load();
