@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include <cstdint>
+#include <functional>
+
+class Context;
+
+// The controls of the Input Message window that its procedures read and set.
+struct MessageControls {
+    QString txtInput; // as a message is kept: line breaks are CR LF
+    QString cmdCancel = QStringLiteral("Abandon");
+    bool cmdShowMessagesVisible = false;
+    bool lblNumberOfMessageVisible = false;
+    QString lblNumberOfMessage;
+};
+
+// Where the window stood and how large its text was, as the settings file keeps them.
+struct MessagePlacement {
+    bool hasLocation = false;
+    int32_t top = 0; // twips
+    int32_t left = 0;
+    bool hasFontSize = false;
+    int32_t fontSize = 0;
+};
+
+// The Input Message window without its widgets. It finds the messages of a lstData row by the row's time,
+// lets the user page through several, and puts a saved text where its event lives: into lstMessage for
+// today's events and the rows of lstData, into the schedule file for another day.
+class InputMessage {
+public:
+    explicit InputMessage(Context& ctx);
+
+    // Whether the window is loaded; an opening while it is loaded keeps its text and fields.
+    bool loaded() const { return m_loaded; }
+    // The load steps: the window claims the front and picks up its stored place and text size.
+    MessagePlacement Load();
+    // The opening after the window is shown: "" for the event just entered, "DoubleClick" for the
+    // current row of lstData, whose messages are looked up.
+    void GetOldMessageToTextbox(const QString& WhereYouFrom, MessageControls& c);
+    // ">": the next of several messages of the row's time, round to the first.
+    void ShowMessagesClick(MessageControls& c);
+    // Save: keeps the text size, then stores the text; the window closes after it.
+    void OKClick(const MessageControls& c, double fontSize);
+    // Another window of ours took the focus: true when this one takes the front back (and beeps).
+    bool Deactivate();
+    // Every way out: the place when the window is in its normal state, lstData back in view, the front
+    // given up. The window is unloaded after it.
+    void QueryUnload(bool normalState, double topTwips, double leftTwips);
+
+    // Brings lstData back from under the hourglass. Unset, it asks the Alarm Set window, if there is one.
+    std::function<void()> restoreDataList;
+
+    const QString& strWhereYouFrom() const { return m_strWhereYouFrom; }
+    int16_t iMessageCount() const { return m_iMessageCount; }
+    int16_t iCurrentMessage() const { return m_iCurrentMessage; }
+    const QList<int16_t>& arrMessageRows() const { return m_arrMessageRows; }
+
+private:
+    bool hasCurrentDataRow() const;
+    QString currentDataTime() const;
+    void warnNothingSaved();
+
+    Context& m_ctx;
+    bool m_loaded = false;
+    QString m_strWhereYouFrom;
+    int16_t m_iMessageCount = 0;
+    int16_t m_iCurrentMessage = -1;
+    QList<int16_t> m_arrMessageRows;
+};

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QPlainTextEdit>
+
+// The message box: a typed double quote goes in as an apostrophe, and no key or paste takes the text
+// past the length a message may have. Return starts a new line; Tab moves on to the buttons.
+class MessageTextBox : public QPlainTextEdit {
+    Q_OBJECT
+public:
+    explicit MessageTextBox(QWidget* parent = nullptr);
+
+    // The text as a message is kept, with CR LF line breaks, and back.
+    QString message() const;
+    void setMessage(const QString& message);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void insertFromMimeData(const QMimeData* source) override;
+
+private:
+    QString fitting(const QString& inserted) const;
+};
