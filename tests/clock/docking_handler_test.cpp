@@ -1,5 +1,7 @@
 #include "fake_screen.h"
 
+#include <QPointF>
+#include <QSize>
 #include <gtest/gtest.h>
 
 namespace {
@@ -28,21 +30,6 @@ struct DragRig {
     }
 };
 
-TEST(DockingHandler, SnapDistanceIsTenPixelsOfTheScreen) {
-    FakeScreen at120(120), at96(96);
-    EXPECT_EQ(clsDockingHandler(at120).SnapDistance(), 120);
-    EXPECT_EQ(clsDockingHandler(at96).SnapDistance(), 150);
-}
-
-TEST(DockingHandler, StepThatRoundsToNothingMakesNoCall) {
-    DragRig rig;
-    rig.press();
-    rig.pull(0.4f, -0.4f);
-    EXPECT_TRUE(rig.win.calls.empty());
-    rig.pull(0.2f, 0.2f); // 0.6 from the grip now rounds to one twip
-    ASSERT_EQ(rig.win.calls.size(), 1u);
-}
-
 TEST(DockingHandler, TopEdgeSnapsWithinTheDistanceOnEitherSide) {
     struct Case {
         float startTop, pull, expectTop;
@@ -52,14 +39,16 @@ TEST(DockingHandler, TopEdgeSnapsWithinTheDistanceOnEitherSide) {
     for (const Case c : {Case{1200, -1080, 0, true}, Case{1200, -1068, 132, false}, Case{600, -720, 0, true}}) {
         DragRig rig(120, 4000, c.startTop);
         rig.press();
-        rig.pull(0, c.pull);
+        rig.pull(0.4f, -0.4f); // rounds to no step: the window is not touched
+        EXPECT_TRUE(rig.win.calls.empty());
+        rig.pull(-0.4f, c.pull + 0.4f);
         ASSERT_EQ(rig.win.calls.size(), 1u);
         EXPECT_EQ(rig.win.top, c.expectTop) << c.pull;
         EXPECT_EQ(rig.dock.dockedTop(), c.held);
-        EXPECT_EQ(rig.win.calls[0].x, 4000 / 12);
-        EXPECT_EQ(rig.win.calls[0].cx, 250);
-        EXPECT_EQ(rig.win.calls[0].cy, 85);
-        EXPECT_EQ(rig.win.calls[0].insertAfter, clsDockingHandler::kHwndNoTopmost);
+        const FakeDockWindow::Call call = rig.win.calls[0];
+        EXPECT_EQ(call.x, 4000 / 12);
+        EXPECT_EQ(QSize(call.cx, call.cy), QSize(250, 85));
+        EXPECT_EQ(call.insertAfter, clsDockingHandler::kHwndNoTopmost);
     }
 }
 
@@ -102,32 +91,25 @@ TEST(DockingHandler, BottomEdgeRestsShortOfFlushByTheStepThatReachedIt) {
     EXPECT_EQ(rig.win.calls.back().y, 609); // 7116 + 196 twips
 }
 
-TEST(DockingHandler, RightEdgeMeasuresTheWholeWindowAndLeftLandsFlush) {
+TEST(DockingHandler, SideEdgesAndAnOffsetWorkAreaAtBothDensities) {
     for (int dpi : {120, 96}) {
         const float tpp = 1440.0f / dpi;
-        DragRig rig(dpi, 6000, 3000);
-        const float workRight = 1024 * tpp;
-        rig.press();
-        rig.pull(workRight - 3000 - 6000 - 100, 0); // proposed gap of 100: within reach at both densities
-        EXPECT_TRUE(rig.dock.dockedRight()) << dpi;
-        EXPECT_EQ(rig.win.calls.back().x, roundHalfEven((workRight - 3000) / tpp)) << dpi;
+        // The whole window counts at the right edge: flush means its right side on the work area's.
+        DragRig right(dpi, 6000, 3000);
+        right.press();
+        right.pull(1024 * tpp - 3000 - 6000 - 100, 0);
+        EXPECT_TRUE(right.dock.dockedRight()) << dpi;
+        EXPECT_EQ(right.win.calls.back().x, 1024 - roundHalfEven(3000 / tpp)) << dpi;
 
-        DragRig left(dpi, 600, 3000);
+        DragRig left(dpi, 2000, 3000);
+        left.screen.workArea = {40, 30, 1024, 720}; // task bars along the left and the top
         left.press();
-        left.pull(-500, 0);
+        left.pull(40 * tpp + 60 - 2000, 30 * tpp - 60 - 3000); // 60 twips inside and outside
+        EXPECT_TRUE(left.dock.dockedTop());
         EXPECT_TRUE(left.dock.dockedLeft());
-        EXPECT_EQ(left.win.left, 0);
+        EXPECT_EQ(left.win.calls.back().x, 40) << dpi;
+        EXPECT_EQ(left.win.calls.back().y, 30) << dpi;
     }
-}
-
-TEST(DockingHandler, WorkAreaOffsetIsConvertedAtFifteenTwipsAPixel) {
-    DragRig rig(96, 4000, 1200);
-    rig.screen.workArea = {0, 30, 1024, 720}; // a task bar of 30 pixels along the top
-    rig.press();
-    rig.pull(0, -600); // proposed 600: 150 from the work area's top 450
-    EXPECT_TRUE(rig.dock.dockedTop());
-    EXPECT_EQ(rig.win.calls.back().y, 30);
-    EXPECT_EQ(rig.win.top, 450);
 }
 
 TEST(DockingHandler, BothEdgesOfAnAxisNearGivesTopAndLeft) {
@@ -135,12 +117,8 @@ TEST(DockingHandler, BothEdgesOfAnAxisNearGivesTopAndLeft) {
     rig.screen.workArea = {0, 0, 260, 90}; // 3120 x 1080 twips, barely more than the window
     rig.press();
     rig.pull(-350, -350);
-    EXPECT_TRUE(rig.dock.dockedTop());
-    EXPECT_TRUE(rig.dock.dockedBottom());
-    EXPECT_TRUE(rig.dock.dockedLeft());
-    EXPECT_TRUE(rig.dock.dockedRight());
-    EXPECT_EQ(rig.win.top, 0);
-    EXPECT_EQ(rig.win.left, 0);
+    EXPECT_TRUE(rig.dock.dockedTop() && rig.dock.dockedBottom() && rig.dock.dockedLeft() && rig.dock.dockedRight());
+    EXPECT_EQ(QPointF(rig.win.left, rig.win.top), QPointF(0, 0));
 }
 
 TEST(DockingHandler, StaleFlagFallsOnTheFirstStepAfterAMoveByOtherMeans) {
@@ -155,10 +133,12 @@ TEST(DockingHandler, StaleFlagFallsOnTheFirstStepAfterAMoveByOtherMeans) {
     EXPECT_EQ(rig.win.top, 3036);
 }
 
-TEST(DockingHandler, AlwaysOnTopRestacksInPlaceOnlyWithAWindow) {
-    FakeScreen screen(120);
+TEST(DockingHandler, SnapsWithinTenPixelsAndRestacksInPlaceOnlyWithAWindow) {
+    FakeScreen screen(120), at96(96);
     FakeDockWindow win(screen);
     clsDockingHandler dock(screen);
+    EXPECT_EQ(dock.SnapDistance(), 120);
+    EXPECT_EQ(clsDockingHandler(at96).SnapDistance(), 150);
     dock.setAlwaysOnTop(true);
     EXPECT_TRUE(win.calls.empty());
     dock.StartDockDrag(0, 0);

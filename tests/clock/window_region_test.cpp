@@ -65,14 +65,4 @@ TEST(WindowRegion, TwipsRoundHalfToEvenAtTheDesignDensityPlusOffsets) {
     EXPECT_EQ(regionOf({0, 120, 240, 600, 360}, 5, -1), QRegion(15, 19, 50, 30));
 }
 
-TEST(WindowRegion, PrimitivesExcludeRightAndBottomEdges) {
-    EXPECT_TRUE(CreateRectRgn(0, 0, 0, 0).isEmpty());
-    EXPECT_EQ(CreateRectRgn(10, 5, 2, 1), QRegion(2, 1, 8, 4));
-    const QRegion e = CreateEllipticRgn(1, 1, 22, 22);
-    EXPECT_EQ(e.boundingRect(), QRect(1, 1, 21, 21));
-    // Symmetric about its centre: the top row mirrors the bottom row.
-    for (int x = 1; x < 22; ++x)
-        EXPECT_EQ(e.contains(QPoint(x, 1)), e.contains(QPoint(x, 21))) << x;
-}
-
 } // namespace

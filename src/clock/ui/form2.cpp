@@ -17,7 +17,9 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QMoveEvent>
 #include <QPainter>
+#include <QShowEvent>
 #include <QTimer>
 
 #include <cmath>
@@ -25,6 +27,7 @@
 namespace {
 
 constexpr int kTimerInterval = 400;
+constexpr int kSettleTime = 1000; // ms after showing in which the window manager's idea of our place is doubted
 
 QtScreenServices& qtScreen() {
     static QtScreenServices screen;
@@ -319,7 +322,7 @@ void Form2::SetWindowPos(int32_t insertAfter, int32_t x, int32_t y, int32_t cx, 
     const QSize size(static_cast<int>(roundHalfEven(cx / ratio)), static_cast<int>(roundHalfEven(cy / ratio)));
     if (size != this->size())
         setFixedSize(size);
-    move(static_cast<int>(roundHalfEven(x / ratio)), static_cast<int>(roundHalfEven(y / ratio)));
+    place(QPoint(static_cast<int>(roundHalfEven(x / ratio)), static_cast<int>(roundHalfEven(y / ratio))));
     setTopmost(insertAfter == clsDockingHandler::kHwndTopmost);
 }
 
@@ -336,11 +339,36 @@ void Form2::setTopmost(bool on) {
 }
 
 void Form2::setLeft(float twipValue) {
-    move(toLogicalX(twipValue), pos().y());
+    place(QPoint(toLogicalX(twipValue), m_place.y()));
 }
 
 void Form2::setTop(float twipValue) {
-    move(pos().x(), toLogicalY(twipValue));
+    place(QPoint(m_place.x(), toLogicalY(twipValue)));
+}
+
+void Form2::place(const QPoint& logical) {
+    m_place = logical;
+    move(logical);
+}
+
+void Form2::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    m_settling = true;
+    QTimer::singleShot(kSettleTime, this, [this] { m_settling = false; });
+}
+
+void Form2::moveEvent(QMoveEvent* event) {
+    QWidget::moveEvent(event);
+    if (!event->spontaneous())
+        return;
+    if (!m_settling) {
+        m_place = pos(); // moved by the window manager: believe it
+        return;
+    }
+    // While the window is being framed, the manager may report the frame's first place (0, 0) though the
+    // window stands where we put it. Every drag step reads our place, so set it again.
+    if (pos() != m_place)
+        QTimer::singleShot(0, this, [this] { move(m_place); });
 }
 
 int Form2::toLogicalX(double twipValue) const {

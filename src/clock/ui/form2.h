@@ -69,6 +69,8 @@ public:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -84,6 +86,7 @@ private:
     void imgClose_ShowTime_MouseDown(Qt::MouseButton button);
     void imgSetting_ShowTime_Click();
     void setTopmost(bool on);
+    void place(const QPoint& logical);
     // Twips to this window's logical pixels, through the screen's device pixels.
     int toLogicalX(double twipValue) const;
     int toLogicalY(double twipValue) const;
@@ -99,4 +102,7 @@ private:
     int32_t m_lngLogPixelsX = 96;
     int32_t m_lngDpiOffset = 0;
     bool m_settingPressed = false;
+    // Where we put the window, and whether it is just being mapped (see moveEvent).
+    QPoint m_place;
+    bool m_settling = false;
 };
