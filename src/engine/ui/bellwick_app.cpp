@@ -1,6 +1,7 @@
 #include "engine/ui/bellwick_app.h"
 
 #include "alarmset/ui/form4_host.h"
+#include "clock/ui/form2.h"
 #include "engine/context.h"
 #include "engine/startup.h"
 #include "engine/ui/form1.h"
@@ -47,7 +48,20 @@ int BellwickApp::run() {
     ctx.form4Ui = &alarmSet;
 
     QPointer<Form7> settingsWindow;
+    QPointer<Form2> desktopClock;
+    auto clockWindow = [&ctx, &desktopClock, &alarmSet] {
+        if (!desktopClock) {
+            desktopClock = new Form2(ctx);
+            desktopClock->showForm4 = [&alarmSet] { alarmSet.showAlarmSet(); };
+        }
+        return desktopClock.data();
+    };
     Form1Hooks hooks;
+    hooks.showClock = [&clockWindow] { clockWindow()->ShowFromTray(); };
+    hooks.unloadClock = [&desktopClock] {
+        if (desktopClock)
+            desktopClock->close();
+    };
     hooks.mStop = [&program] { program.sound.mStop(); };
     hooks.showAlarmSet = [&alarmSet] { alarmSet.showAlarmSet(); };
     hooks.showSettings = [&ctx, &settingsWindow] {
@@ -63,7 +77,13 @@ int BellwickApp::run() {
     };
     alarmSet.hooks.showSettings = hooks.showSettings;
     Form1 form1(ctx, hooks);
-    fForm1Load(ctx, StartupHooks{});
+    StartupHooks startup;
+    startup.showSmallClock = [&clockWindow] {
+        Form2* clock = clockWindow();
+        clock->show();
+        clock->mOn->setChecked(true);
+    };
+    fForm1Load(ctx, startup);
     form1.Form_Load();
     return QApplication::exec();
 }
