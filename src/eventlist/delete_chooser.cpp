@@ -23,7 +23,6 @@ bool DeleteChooser::GetAllMessages(const Context& ctx, int indexOfDimension, con
     if (!hasCurrentRow(ctx))
         return false;
     txtMessageIs = messageOf(ctx, 0);
-    m_iNextMessage = 1;
     return true;
 }
 

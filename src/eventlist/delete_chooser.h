@@ -10,7 +10,8 @@ class Context;
 class DeleteChooser {
 public:
     // Keeps the count and a copy of the rows. With a current row in lstData the first message is put into
-    // txtMessageIs and true says the window shows; false says it closes.
+    // txtMessageIs and true says the window shows; false says it closes. The browsing place is that of a
+    // new chooser, 1, and an open window that is asked again keeps its place.
     bool GetAllMessages(const Context& ctx, int indexOfDimension, const QList<int>& BeKilled, QString& txtMessageIs);
 
     // ">": the next message, round to the first. When the current row of lstData is gone, the information

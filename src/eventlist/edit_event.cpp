@@ -11,8 +11,12 @@
 
 namespace {
 
+bool isAsciiDigit(QChar c) {
+    return c >= QLatin1Char('0') && c <= QLatin1Char('9');
+}
+
 bool twoDigits(QStringView text, int& value) {
-    if (text.size() != 2 || !text[0].isDigit() || !text[1].isDigit())
+    if (text.size() != 2 || !isAsciiDigit(text[0]) || !isAsciiDigit(text[1]))
         return false;
     value = (text[0].unicode() - '0') * 10 + (text[1].unicode() - '0');
     return true;
@@ -72,6 +76,14 @@ bool EditDateIsValid(const QString& txtDate) {
     if (!twoDigits(QStringView(txtDate).mid(5, 2), month) || !twoDigits(QStringView(txtDate).right(2), day))
         return false;
     return month > 0 && month < 13 && day > 0 && day < 32;
+}
+
+bool EditDateKeyPasses(QChar key) {
+    return isAsciiDigit(key) || key == QLatin1Char('/') || key.unicode() == 8;
+}
+
+QChar EditMessageKey(QChar key) {
+    return key == QLatin1Char('"') ? QLatin1Char('\'') : key;
 }
 
 bool ConfirmEditEvent(Context& ctx, EditControls& c) {

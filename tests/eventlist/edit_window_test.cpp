@@ -1,0 +1,129 @@
+#include "eventlist/ui/form12.h"
+#include "eventlist/ui/form15.h"
+#include "eventlist/ui/form16.h"
+#include "fakes.h"
+#include "settings/settings_records.h"
+
+#include "alarmset/ui/drop_down_combo.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QWidget>
+#include <gtest/gtest.h>
+
+namespace {
+
+struct EditWindowTest : ::testing::Test, EngineFixture {
+    QWidget eventList;
+    EditWindowTest() {
+        clock.set(2002, 5, 1, 12, 0, 0);
+        ctx.touchForm4();
+        eventList.resize(350, 114);
+        ctx.Bwklistbox1.ShowData("=", "2002/05/03-13:05:09", "Two\r\nlines", false);
+        ctx.Bwklistbox1.lstMain.setListIndex(0);
+    }
+    ~EditWindowTest() override {
+        for (QWidget* w : {static_cast<QWidget*>(Form16::instance()), static_cast<QWidget*>(Form12::instance())})
+            delete w;
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    static void type(QWidget* target, const QString& text) {
+        for (QChar c : text) {
+            QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+            QApplication::sendEvent(target, &press);
+        }
+    }
+};
+
+} // namespace
+
+TEST_F(EditWindowTest, PopupEditOpensTheRowAndCancelStoresThePlaceAndGivesTheListItsHeight) {
+    Form15::popupAt(ctx, QPoint(10, 10), &eventList);
+    Form15* popup = Form15::instance();
+    ASSERT_NE(popup, nullptr);
+    EXPECT_EQ(popup->mMyMenu->title(), " MyMenu");
+    EXPECT_EQ(popup->mEdit->text(), " Edit");
+    EXPECT_EQ(popup->mDelete->text(), " Delete");
+    popup->mMyMenu->hide();
+    popup->mEdit->trigger();
+
+    Form16* form = Form16::instance();
+    ASSERT_NE(form, nullptr);
+    EXPECT_EQ(form->windowTitle(), " Edit");
+    EXPECT_EQ(form->txtDate->text(), "2002/05/03");
+    EXPECT_EQ(form->cbHour->currentText(), "1");
+    EXPECT_EQ(form->txtAm->text(), "PM");
+    EXPECT_EQ(form->cbPlayTimes->currentText(), "twice");
+    EXPECT_EQ(form->txtInput->toPlainText(), "Two\nlines");
+    EXPECT_LT(eventList.height(), 114);
+
+    // The calendar widens the window and a second press on the label narrows it again.
+    const int first = form->width();
+    form->lblDate_Click();
+    EXPECT_TRUE(form->MonthView1->isVisibleTo(form));
+    EXPECT_GE(form->width(), form->MonthView1->width());
+    form->MonthView1_DateClick(QDate(2002, 5, 9));
+    EXPECT_EQ(form->txtDate->text(), "2002/05/09");
+    form->lblDate_Click();
+    EXPECT_EQ(form->width(), first);
+
+    form->move(300, 200);
+    form->cmdCancel_Click();
+    EXPECT_EQ(Form16::instance(), nullptr);
+    EXPECT_EQ(eventList.height(), 114);
+    SettingRecord rec;
+    ASSERT_TRUE(settings_records::readRecord(ctx.m.strAppPath, settings_records::kLocationForm16, rec));
+    EXPECT_GT(rec.lngValue1, 0);
+    EXPECT_GT(rec.lngValue2, rec.lngValue1);
+    EXPECT_EQ(ctx.Bwklistbox1.lstMain.item(0), "      =    2002/05/03-13:05:09        Two\r\nlines");
+}
+
+TEST_F(EditWindowTest, KeysAndOkWorkOnTheControlsAsTyped) {
+    Form16* form = Form16::ShowEditEvent(ctx, "=", "2002/05/03", "13:05:09", "Two\r\nlines", &eventList);
+    form->txtDate->clear();
+    type(form->txtDate, "2002/a05/04");
+    EXPECT_EQ(form->txtDate->text(), "2002/05/04");
+    EXPECT_EQ(notices.beeps, 1);
+    form->txtInput->moveCursor(QTextCursor::End);
+    type(form->txtInput, " \"ok\"");
+    EXPECT_EQ(form->txtInput->toPlainText(), "Two\nlines 'ok'");
+
+    form->cbMin->setEditText("7");
+    form->cmdOK_Click();
+    EXPECT_EQ(Form16::instance(), nullptr);
+    EXPECT_EQ(ctx.Bwklistbox1.lstMain.item(0), "      =    2002/05/04-13:07:09        Two\r\nlines 'ok'");
+    EXPECT_EQ(readFile("future.dat"), QByteArray("\"Two\r\nlines 'ok'2002/05/04twic13:07:09\"\r\n"));
+
+    // A refusal keeps the window with the padded boxes.
+    form = Form16::ShowEditEvent(ctx, "-", "2002/04/30", "09:00:00", "", &eventList);
+    form->cbSec->setEditText("5");
+    form->cmdOK_Click();
+    EXPECT_EQ(Form16::instance(), form);
+    EXPECT_EQ(form->cbSec->currentText(), "05");
+    EXPECT_EQ(notices.warnings.last(), "Day was passed");
+}
+
+TEST_F(EditWindowTest, DeleteChooserShowsItsMessagesAndClosesWithItsChoice) {
+    ctx.lstData.addItem("once 13:00:00");
+    ctx.lstData.setListIndex(0);
+    ctx.lstMessage.addItem("First at 13:00:00");
+    ctx.lstMessage.addItem("Second at 13:00:00");
+    Form12::GetAllMessages(ctx, 2, {0, 1});
+    Form12* form = Form12::instance();
+    ASSERT_NE(form, nullptr);
+    EXPECT_EQ(form->windowTitle(), "Delete Alarm Event");
+    EXPECT_EQ(form->txtMessageIs->toPlainText(), "First");
+    form->cmdShowMessages_Click();
+    EXPECT_EQ(form->txtMessageIs->toPlainText(), "Second");
+    form->cmdDelete_Click();
+    EXPECT_EQ(Form12::instance(), nullptr);
+    EXPECT_EQ(ctx.lstMessage.items(), QStringList({"First at 13:00:00"}));
+    EXPECT_TRUE(ctx.lstData.isEmpty());
+}
