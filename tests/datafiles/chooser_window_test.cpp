@@ -1,0 +1,89 @@
+#include "datafiles/ui/form13.h"
+#include "datafiles/ui/form14.h"
+#include "fakes.h"
+
+#include "alarmset/ui/picture_box.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <gtest/gtest.h>
+
+namespace {
+
+struct ChooserWindowTest : ::testing::Test, EngineFixture {
+    ChooserWindowTest() {
+        clock.set(2002, 5, 1, 7, 0, 0);
+        ctx.touchForm4();
+        writeFile("my.dat", "\"once 09:00:00\"\r\n");
+        writeFile("WPAPER.DAT", "");
+        writeFile("notes.txt", "");
+        ctx.lstData.addItem("twice 10:00:00");
+    }
+    ~ChooserWindowTest() override {
+        delete Form14::instance();
+        delete Form13::instance();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+};
+
+} // namespace
+
+TEST_F(ChooserWindowTest, SaveModeListsDataFilesAndAsksBeforeOverwriting) {
+    ctx.m.lngTopWho = 0;
+    Form14* form = Form14::openSave(ctx);
+    EXPECT_EQ(form->windowTitle(), " Load Data From Files");
+    EXPECT_EQ(form->Label1->text(), "Save file as :");
+    EXPECT_EQ(form->cmdConfirm->text(), "Save");
+    EXPECT_TRUE(form->imgSave->isVisibleTo(form) && !form->imgLoad->isVisibleTo(form));
+    EXPECT_EQ(ctx.m.lngTopWho, 13);
+    QStringList names;
+    for (int i = 0; i < form->File1->count(); ++i)
+        names.append(form->File1->item(i)->text());
+    EXPECT_EQ(names, QStringList({"my.dat", "WPAPER.DAT"}));
+
+    // Only name characters can be typed.
+    for (QChar c : QStringLiteral("WP A/PER")) {
+        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+        QApplication::sendEvent(form->txtInput, &press);
+    }
+    EXPECT_EQ(form->txtInput->text(), "WPAPER");
+    form->cmdConfirm_Click();
+    EXPECT_EQ(form->txtInput->text(), "WPAPER.dat");
+    EXPECT_EQ(notices.warnings, QStringList({"Wpaper.dat has data of wallpaper"}));
+    EXPECT_EQ(Form14::instance(), form);
+
+    form->txtInput->setText("my");
+    form->cmdConfirm_Click();
+    EXPECT_EQ(Form14::instance(), nullptr);
+    Form13* question = Form13::instance();
+    ASSERT_NE(question, nullptr);
+    EXPECT_EQ(question->Label1->text(), "File already exists, overwrite ?");
+    EXPECT_EQ(readFile("my.dat"), QByteArray("\"once 09:00:00\"\r\n"));
+
+    // The lists as they stand when the user answers are written.
+    ctx.lstData.addItem("thrice 11:00:00");
+    question->cmdYes_Click();
+    EXPECT_EQ(Form13::instance(), nullptr);
+    EXPECT_EQ(readFile("my.dat"), QByteArray("\"twice 10:00:00\"\r\n\"thrice 11:00:00\"\r\n"));
+    EXPECT_EQ(ctx.m.lngTopWho, 0);
+}
+
+TEST_F(ChooserWindowTest, LoadModeTakesSelectedFilesAndAFileClickEmptiesTheBoxInSaveMode) {
+    Form14* form = Form14::openLoad(ctx);
+    EXPECT_EQ(form->Label1->text(), "Load data from files :");
+    form->File1->item(0)->setSelected(true);
+    form->cmdConfirm_Click();
+    EXPECT_EQ(Form14::instance(), nullptr);
+    EXPECT_EQ(ctx.lstData.items(), QStringList({"once 09:00:00", "twice 10:00:00"}));
+
+    form = Form14::openEditor(ctx);
+    EXPECT_EQ(form->Label1->text(), "Open a file to edit data :");
+    form = Form14::openSave(ctx);
+    form->txtInput->setText("typed");
+    form->File1->setCurrentRow(0);
+    EXPECT_TRUE(form->txtInput->text().isEmpty());
+}
