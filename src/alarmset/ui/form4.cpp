@@ -14,6 +14,7 @@
 #include "engine/alarm_tick.h"
 #include "engine/context.h"
 #include "engine/schedule_file.h"
+#include "eventlist/ui/bwklistbox_view.h"
 #include "platform/clock.h"
 #include "platform/twips.h"
 #include "platform/ui/window_twips.h"
@@ -228,13 +229,12 @@ void Form4::buildControls(QWidget* client) {
     MonthView1->setGridVisible(false);
     MonthView1->hide();
 
-    Bwklistbox1 = new QListView(client);
+    Bwklistbox1 = new BwklistboxView(ctx, client);
     place(Bwklistbox1, 120, 2568, 5292, 1716, "Bwklistbox1");
-    Bwklistbox1->setModel(&ctx.Bwklistbox1.lstMain);
-    Bwklistbox1->setSelectionModel(ctx.Bwklistbox1.lstMain.selection());
-    Bwklistbox1->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    Bwklistbox1->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    Bwklistbox1->setUniformItemSizes(true);
+    Bwklistbox1->showPopupMenu = [this](QPoint globalPos) {
+        if (this->hooks.showEventPopup)
+            this->hooks.showEventPopup(globalPos);
+    };
     Bwklistbox1->hide();
 
     // The layout is measured for an 8-point face of Arial's widths; the wider desktop faces would cut captions.

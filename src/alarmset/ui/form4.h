@@ -6,6 +6,7 @@
 #include <QColor>
 #include <QMainWindow>
 
+class BwklistboxView;
 class Context;
 class DropDownCombo;
 class PictureBox;
@@ -72,7 +73,7 @@ public:
     PictureBox* Image1;
     QPlainTextEdit* txtViewM;
     QCalendarWidget* MonthView1;
-    QListView* Bwklistbox1;
+    BwklistboxView* Bwklistbox1;
     QTimer* Timer1;
     QAction* mSettings;
     QAction* mComing;

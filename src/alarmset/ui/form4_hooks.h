@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QList>
+#include <QPoint>
 #include <QString>
 
 #include <functional>
@@ -17,4 +18,6 @@ struct Form4Hooks {
     std::function<void()> cmdLoad;
     std::function<void()> cmdSaveFile;
     std::function<void()> cmdEditor;
+    // A right press on a row of the event list: Form15's menu at the pointer.
+    std::function<void(QPoint)> showEventPopup;
 };

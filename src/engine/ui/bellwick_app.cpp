@@ -5,10 +5,12 @@
 #include "engine/context.h"
 #include "engine/startup.h"
 #include "engine/ui/form1.h"
+#include "message/ui/form5.h"
 #include "platform/clock.h"
 #include "platform/data_folder.h"
 #include "platform/linux/linux_sound_devices.h"
 #include "platform/single_instance.h"
+#include "platform/ui/window_twips.h"
 #include "settings/ui/form7.h"
 #include "sound/form9.h"
 #include "sound/ui/widget_notices.h"
@@ -39,6 +41,7 @@ int BellwickApp::run() {
         return 0;
     }
 
+    QApplication::setFont(window_twips::designFont(QApplication::font()));
     Program program;
     Context& ctx = program.ctx;
     ctx.m.strAppPath = data_folder::programFolder();
@@ -76,6 +79,12 @@ int BellwickApp::run() {
         settingsWindow->activateWindow();
     };
     alarmSet.hooks.showSettings = hooks.showSettings;
+    QPointer<Form5> messageInput;
+    alarmSet.hooks.GetOldMessageToTextbox = [&ctx, &messageInput](const QString& how) {
+        if (!messageInput)
+            messageInput = new Form5(ctx);
+        messageInput->GetOldMessageToTextbox(how);
+    };
     Form1 form1(ctx, hooks);
     StartupHooks startup;
     startup.showSmallClock = [&clockWindow] {

@@ -20,6 +20,7 @@ using window_twips::place;
 
 Form6::Form6(Context& ctx, const QString& text) : m_ctx(ctx) {
     setAttribute(Qt::WA_DeleteOnClose);
+    setFont(window_twips::designFont(font()));
     window_twips::sizeAndCentre(this, 4476, 2892);
     setWindowTitle(RemindMe::title(ctx.clock.now()));
 

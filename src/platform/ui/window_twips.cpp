@@ -3,6 +3,7 @@
 #include "platform/numeric.h"
 #include "platform/twips.h"
 
+#include <QFont>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
@@ -42,6 +43,13 @@ void sizeAndCentre(QWidget* window, double width, double height) {
         const QRect area = screen->availableGeometry();
         window->move(area.center() - QPoint(size.width() / 2, size.height() / 2));
     }
+}
+
+QFont designFont(const QFont& base) {
+    QFont design = base;
+    design.setFamilies({QStringLiteral("MS Sans Serif"), QStringLiteral("Liberation Sans"), QStringLiteral("Arial")});
+    design.setPointSize(8);
+    return design;
 }
 
 void makeTopmost(QWidget* window) {

@@ -1,5 +1,6 @@
 #pragma once
 
+class QFont;
 class QWidget;
 
 // Window geometry in twips, for widgets laid out from twips figures.
@@ -13,6 +14,8 @@ int px(const QWidget* widget, double twipValue);
 void place(QWidget* child, double left, double top, double width, double height);
 // Gives a window a client area of these twips and centres it on its screen.
 void sizeAndCentre(QWidget* window, double width, double height);
+// The face our layouts are measured for: 8 points with Arial's widths. Wider desktop faces cut captions.
+QFont designFont(const QFont& base);
 // Makes a window stay in front of the others and brings it forward.
 void makeTopmost(QWidget* window);
 

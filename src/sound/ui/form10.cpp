@@ -11,6 +11,7 @@ using window_twips::place;
 
 Form10::Form10() {
     setAttribute(Qt::WA_DeleteOnClose);
+    setFont(window_twips::designFont(font()));
     setWindowTitle(QStringLiteral("Error found"));
     window_twips::sizeAndCentre(this, 4296, 1980);
 

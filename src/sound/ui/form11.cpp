@@ -15,6 +15,7 @@ using window_twips::place;
 
 Form11::Form11(Context& ctx, const QString& ErrorMsgStr) : m_ctx(ctx) {
     setAttribute(Qt::WA_DeleteOnClose);
+    setFont(window_twips::designFont(font()));
     setWindowTitle(QStringLiteral("Warning Message"));
     window_twips::sizeAndCentre(this, 3432, 1716);
     if (lngPrevTop == 0)
