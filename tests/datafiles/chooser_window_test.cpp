@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPointer>
 #include <QPushButton>
 #include <gtest/gtest.h>
 
@@ -57,8 +58,10 @@ TEST_F(ChooserWindowTest, SaveModeListsDataFilesAndAsksBeforeOverwriting) {
     EXPECT_EQ(Form14::instance(), form);
 
     form->txtInput->setText("my");
+    const QPointer<Form14> closing = form;
     form->cmdConfirm_Click();
     EXPECT_EQ(Form14::instance(), nullptr);
+    EXPECT_TRUE(!closing || !closing->isVisible());
     Form13* question = Form13::instance();
     ASSERT_NE(question, nullptr);
     EXPECT_EQ(question->Label1->text(), "File already exists, overwrite ?");
@@ -66,8 +69,10 @@ TEST_F(ChooserWindowTest, SaveModeListsDataFilesAndAsksBeforeOverwriting) {
 
     // The lists as they stand when the user answers are written.
     ctx.lstData.addItem("thrice 11:00:00");
+    const QPointer<Form13> answered = question;
     question->cmdYes_Click();
     EXPECT_EQ(Form13::instance(), nullptr);
+    EXPECT_TRUE(!answered || !answered->isVisible());
     EXPECT_EQ(readFile("my.dat"), QByteArray("\"twice 10:00:00\"\r\n\"thrice 11:00:00\"\r\n"));
     EXPECT_EQ(ctx.m.lngTopWho, 0);
 }

@@ -230,5 +230,6 @@ void Form14::closeEvent(QCloseEvent* event) {
     if (current() == this)
         current() = nullptr;
     Front::WhoWillForeground(m_front.close(m_ctx.m.lngTopWho));
-    QDialog::closeEvent(event);
+    // Not the dialog's own closing, which would reject and keep the window up.
+    event->accept();
 }
