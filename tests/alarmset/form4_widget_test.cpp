@@ -2,6 +2,7 @@
 #include "alarmset/ui/form4.h"
 #include "alarmset/ui/form4_host.h"
 #include "alarmset/ui/picture_box.h"
+#include "eventlist/ui/bwklistbox_view.h"
 #include "fakes.h"
 
 #include <QApplication>
