@@ -1,10 +1,15 @@
 #include "engine/ui/bellwick_app.h"
 
+#include "alarmset/ui/form4.h"
 #include "alarmset/ui/form4_host.h"
 #include "clock/ui/form2.h"
+#include "datafiles/ui/form14.h"
 #include "engine/context.h"
 #include "engine/startup.h"
 #include "engine/ui/form1.h"
+#include "eventlist/ui/bwklistbox_view.h"
+#include "eventlist/ui/form12.h"
+#include "eventlist/ui/form15.h"
 #include "message/ui/form5.h"
 #include "platform/clock.h"
 #include "platform/data_folder.h"
@@ -79,6 +84,15 @@ int BellwickApp::run() {
         settingsWindow->activateWindow();
     };
     alarmSet.hooks.showSettings = hooks.showSettings;
+    alarmSet.hooks.GetAllMessages = [&ctx](int count, const QList<int>& rows) {
+        Form12::GetAllMessages(ctx, count, rows);
+    };
+    alarmSet.hooks.showEventPopup = [&ctx, &alarmSet](QPoint globalPos) {
+        Form15::popupAt(ctx, globalPos, alarmSet.form() ? alarmSet.form()->Bwklistbox1 : nullptr);
+    };
+    alarmSet.hooks.cmdLoad = [&ctx] { Form14::openLoad(ctx); };
+    alarmSet.hooks.cmdSaveFile = [&ctx] { Form14::openSave(ctx); };
+    alarmSet.hooks.cmdEditor = [&ctx] { Form14::openEditor(ctx); };
     QPointer<Form5> messageInput;
     alarmSet.hooks.GetOldMessageToTextbox = [&ctx, &messageInput](const QString& how) {
         if (!messageInput)
