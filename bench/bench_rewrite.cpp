@@ -3,8 +3,7 @@
 #include "engine/context.h"
 #include "eventlist/save_all_events.h"
 #include "platform/clock.h"
-#include "sound/alarm_sound.h"
-#include "sound/notices.h"
+#include "sound/null_services.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -17,29 +16,6 @@
 #include <vector>
 
 namespace {
-
-struct QuietList : ErrorList {
-    void AddItem(const QString&) override {}
-    void Show() override {}
-};
-struct CountingNotices : Notices {
-    QuietList list;
-    int warnings = 0;
-    void AnswerOk(const QString& text) override {
-        ++warnings;
-        std::fprintf(stderr, "warning: %s\n", qPrintable(text));
-    }
-    void ShowAlarmWindow(const QString&) override {}
-    ErrorList& NewErrorList() override { return list; }
-    ErrorList& SharedErrorList() override { return list; }
-    void Beep() override {}
-    void SystemModalBox(const QString&) override {}
-};
-struct QuietSound : AlarmSound {
-    void PlaySound(const QString&, const QString&) override {}
-    void sndPlaySoundA(const QString&, int) override {}
-    void InternalSpeaker() override {}
-};
 
 void fill(Bwklistbox& list, int rows) {
     static const char* marks[] = {"-", "=", "#", "~", "x"};
@@ -67,8 +43,8 @@ int main(int argc, char** argv) {
 
     QTemporaryDir dir;
     FakeClock clock(QDateTime(QDate(2026, 11, 23), QTime(12, 0, 0)));
-    CountingNotices notices;
-    QuietSound sound;
+    NullNotices notices;
+    NullSound sound;
     Context ctx(clock, notices, sound);
     ctx.m.setStartValues(dir.path());
     fill(ctx.Bwklistbox1, rows);

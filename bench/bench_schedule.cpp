@@ -4,8 +4,7 @@
 #include "engine/schedule_file.h"
 #include "platform/clock.h"
 #include "platform/record_file.h"
-#include "sound/alarm_sound.h"
-#include "sound/notices.h"
+#include "sound/null_services.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -15,25 +14,6 @@
 #include <cstdio>
 
 namespace {
-
-struct QuietList : ErrorList {
-    void AddItem(const QString&) override {}
-    void Show() override {}
-};
-struct QuietNotices : Notices {
-    QuietList list;
-    void AnswerOk(const QString& text) override { std::fprintf(stderr, "warning: %s\n", qPrintable(text)); }
-    void ShowAlarmWindow(const QString&) override {}
-    ErrorList& NewErrorList() override { return list; }
-    ErrorList& SharedErrorList() override { return list; }
-    void Beep() override {}
-    void SystemModalBox(const QString&) override {}
-};
-struct QuietSound : AlarmSound {
-    void PlaySound(const QString&, const QString&) override {}
-    void sndPlaySoundA(const QString&, int) override {}
-    void InternalSpeaker() override {}
-};
 
 QStringList randomSchedule(int events) {
     static const char* words[] = {"once", "twic", "thri", "repe"};
@@ -60,8 +40,8 @@ struct Result {
 Result measure(int events) {
     QTemporaryDir dir;
     FakeClock clock(QDateTime(QDate(2026, 11, 23), QTime(12, 0, 0)));
-    QuietNotices notices;
-    QuietSound sound;
+    NullNotices notices;
+    NullSound sound;
     Context ctx(clock, notices, sound);
     ctx.m.setStartValues(dir.path());
     FileError error;

@@ -32,6 +32,9 @@ openbox >"$work/openbox.log" 2>&1 &
 pids+=($!)
 trayer --edge top --align right --widthtype request --height 26 --transparent false >"$work/trayer.log" 2>&1 &
 pids+=($!)
+# The tray must stand before the program asks for it.
+for _ in $(seq 50); do xdotool search --class trayer >/dev/null 2>&1 && break; sleep 0.1; done
+sleep 0.5
 
 # A sound server whose only output is a null sink we can record from.
 pulseaudio --daemonize=yes -n --exit-idle-time=-1 --disallow-exit --use-pid-file=yes \
@@ -91,12 +94,20 @@ kill -0 "$second_pid" 2>/dev/null && fail "second copy still runs"
 kill -0 "$main_pid" 2>/dev/null || fail "first copy ended"
 
 # 3. A left click on the tray icon stops the repeating alarm.
+find_icon() {
+    for w in $(xdotool search --onlyvisible --class bellwick 2>/dev/null); do
+        read -r width height < <(xdotool getwindowgeometry "$w" 2>/dev/null |
+            awk '/Geometry/ {split($2, g, "x"); print g[1], g[2]}')
+        if [ "${width:-0}" -gt 8 ] && [ "${width:-0}" -le 64 ] && [ "${height:-0}" -le 64 ]; then
+            echo "$w"
+            return 0
+        fi
+    done
+    return 1
+}
 icon=""
-for w in $(xdotool search --class bellwick 2>/dev/null); do
-    read -r width height < <(xdotool getwindowgeometry "$w" | awk '/Geometry/ {split($2, g, "x"); print g[1], g[2]}')
-    if [ "${width:-0}" -gt 8 ] && [ "${width:-0}" -le 64 ] && [ "${height:-0}" -le 64 ]; then icon=$w; fi
-done
-[ -n "$icon" ] || fail "no tray icon"
+for _ in $(seq 50); do icon=$(find_icon) && break; sleep 0.1; done
+[ -n "$icon" ] || { xwininfo -root -tree | grep -i -E 'bellwick|trayer'; fail "no tray icon"; }
 xdotool mousemove --window "$icon" 10 10 click 1
 sleep 1
 rms=$(record_rms 2)

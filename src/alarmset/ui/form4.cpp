@@ -239,9 +239,7 @@ void Form4::buildControls(QWidget* client) {
 
     // The layout is measured for an 8-point face of Arial's widths; the wider desktop faces would cut captions.
     // It is set on every control, so that a font given to the frame later stays on the frame.
-    QFont design = font();
-    design.setFamilies({QStringLiteral("MS Sans Serif"), QStringLiteral("Liberation Sans"), QStringLiteral("Arial")});
-    design.setPointSize(8);
+    QFont design = window_twips::designFont(font());
     setFont(design);
     for (QWidget* w : client->findChildren<QWidget*>())
         w->setFont(design);

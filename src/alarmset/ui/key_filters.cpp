@@ -1,28 +1,10 @@
 #include "alarmset/ui/key_filters.h"
 
 #include "alarmset/time_input.h"
+#include "platform/ui/typed_key.h"
 
 #include <QComboBox>
 #include <QKeyEvent>
-
-namespace {
-
-// The keys that produce a character. Enter belongs to the default button, Tab moves the focus, and Delete
-// edits like the arrows: none of them counts as typed.
-bool typesCharacter(const QKeyEvent* key) {
-    switch (key->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-    case Qt::Key_Delete:
-        return false;
-    default:
-        return !key->text().isEmpty();
-    }
-}
-
-} // namespace
 
 bool TimeBoxKeys::eventFilter(QObject* watched, QEvent* event) {
     auto* box = qobject_cast<QComboBox*>(watched);

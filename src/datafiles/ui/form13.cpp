@@ -58,9 +58,7 @@ Form13::Form13(Context& ctx) : m_ctx(ctx) {
     cmdCancel = new QPushButton(QStringLiteral("Cancel"), this);
     place(cmdCancel, 2280, 720, 732, 252);
 
-    QFont design = font();
-    design.setFamilies({QStringLiteral("MS Sans Serif"), QStringLiteral("Liberation Sans"), QStringLiteral("Arial")});
-    design.setPointSize(8);
+    QFont design = window_twips::designFont(font());
     setFont(design);
     for (QWidget* w : findChildren<QWidget*>())
         w->setFont(design);

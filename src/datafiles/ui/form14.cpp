@@ -6,6 +6,7 @@
 #include "datafiles/ui/form13.h"
 #include "engine/context.h"
 #include "platform/ui/front.h"
+#include "platform/ui/typed_key.h"
 #include "platform/ui/window_twips.h"
 #include "sound/notices.h"
 
@@ -26,21 +27,6 @@ namespace {
 QPointer<Form14>& current() {
     static QPointer<Form14> form;
     return form;
-}
-
-// Keys that edit or move rather than type; the name filter lets them through.
-bool typesCharacter(const QKeyEvent* key) {
-    switch (key->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-    case Qt::Key_Delete:
-    case Qt::Key_Escape:
-        return false;
-    default:
-        return !key->text().isEmpty();
-    }
 }
 
 // The key codes the list's rule looks for: 16 Shift, 17 Ctrl.
@@ -118,9 +104,7 @@ Form14::Form14(Context& ctx) : m_ctx(ctx) {
     imgEdit = new PictureBox(button_faces::sheetAndPencil, this);
     place(imgEdit, 5040, 240, 312, 300);
 
-    QFont design = font();
-    design.setFamilies({QStringLiteral("MS Sans Serif"), QStringLiteral("Liberation Sans"), QStringLiteral("Arial")});
-    design.setPointSize(8);
+    QFont design = window_twips::designFont(font());
     setFont(design);
     for (QWidget* w : findChildren<QWidget*>())
         w->setFont(design);

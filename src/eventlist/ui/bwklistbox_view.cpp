@@ -18,9 +18,7 @@ QFont rowFont() {
 
 BwklistboxView::BwklistboxView(Context& ctx, QWidget* parent) : QWidget(parent), m_ctx(ctx) {
     // The heads are measured for an 8-point face of Arial's widths.
-    QFont design = font();
-    design.setFamilies({QStringLiteral("MS Sans Serif"), QStringLiteral("Liberation Sans"), QStringLiteral("Arial")});
-    design.setPointSize(8);
+    QFont design = window_twips::designFont(font());
     setFont(design);
 
     // The heads only name the columns: nothing is connected to them.

@@ -67,9 +67,7 @@ Form12::Form12(Context& ctx) : QWidget(nullptr, Qt::Dialog), m_ctx(ctx) {
     cmdCancel = new QPushButton(QStringLiteral("Cancel"), this);
     place(cmdCancel, 2640, 1920, 852, 372);
 
-    QFont design = font();
-    design.setFamilies({QStringLiteral("MS Sans Serif"), QStringLiteral("Liberation Sans"), QStringLiteral("Arial")});
-    design.setPointSize(8);
+    QFont design = window_twips::designFont(font());
     setFont(design);
     for (QWidget* w : findChildren<QWidget*>())
         w->setFont(design);

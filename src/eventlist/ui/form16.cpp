@@ -10,6 +10,7 @@
 #include "platform/clock.h"
 #include "platform/numeric.h"
 #include "platform/twips.h"
+#include "platform/ui/typed_key.h"
 #include "platform/ui/window_twips.h"
 #include "settings/settings_records.h"
 #include "sound/notices.h"
@@ -36,21 +37,6 @@ constexpr double kCutListHeight = 264;
 QPointer<Form16>& current() {
     static QPointer<Form16> form;
     return form;
-}
-
-// Keys that edit or move rather than type: they pass every key rule.
-bool typesCharacter(const QKeyEvent* key) {
-    switch (key->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-    case Qt::Key_Delete:
-    case Qt::Key_Escape:
-        return false;
-    default:
-        return !key->text().isEmpty();
-    }
 }
 
 // The text box shows line breaks as "\n"; the schedule keeps them as CR LF.
@@ -186,9 +172,7 @@ void Form16::buildControls() {
     MonthView1->hide();
 
     // The layout is measured for an 8-point face of Arial's widths, as on the Alarm Set window.
-    QFont design = font();
-    design.setFamilies({QStringLiteral("MS Sans Serif"), QStringLiteral("Liberation Sans"), QStringLiteral("Arial")});
-    design.setPointSize(8);
+    QFont design = window_twips::designFont(font());
     setFont(design);
     for (QWidget* w : findChildren<QWidget*>())
         w->setFont(design);

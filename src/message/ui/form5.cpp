@@ -33,9 +33,7 @@ Form5::Form5(Context& ctx, QWidget* parent)
     setWindowTitle(QStringLiteral("Input Message"));
     setFixedSize(px(this, kWidth), px(this, kHeight));
     // The layout is measured for an 8-point face of Arial's widths; wider desktop faces would cut captions.
-    QFont design = font();
-    design.setFamilies({QStringLiteral("MS Sans Serif"), QStringLiteral("Liberation Sans"), QStringLiteral("Arial")});
-    design.setPointSize(8);
+    QFont design = window_twips::designFont(font());
     setFont(design);
 
     txtInput = new MessageTextBox(this);

@@ -75,10 +75,7 @@ Form7::Form7(Context& ctx, QWidget* parent) : QWidget(parent, Qt::Window), m_ctx
     window_twips::sizeAndCentre(this, 6216, 5124);
     // The layout is measured for an 8-point face of Arial's widths; wider or larger desktop faces would push
     // captions out of their frames.
-    QFont designFont = font();
-    designFont.setFamilies(
-        {QStringLiteral("MS Sans Serif"), QStringLiteral("Liberation Sans"), QStringLiteral("Arial")});
-    designFont.setPointSize(8);
+    QFont designFont = window_twips::designFont(font());
     setFont(designFont);
 
     Frame2 = frame(this, QStringLiteral("Frame2"), QString(), 0, 1812);

@@ -1,0 +1,17 @@
+#include "platform/ui/typed_key.h"
+
+#include <QKeyEvent>
+
+bool typesCharacter(const QKeyEvent* key) {
+    switch (key->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+    case Qt::Key_Delete:
+    case Qt::Key_Escape:
+        return false;
+    default:
+        return !key->text().isEmpty();
+    }
+}
