@@ -245,7 +245,8 @@ bool Form2::eventFilter(QObject* watched, QEvent* event) {
             imgClose_ShowTime_MouseDown(static_cast<QMouseEvent*>(event)->button());
             return true;
         }
-    } else if (watched == imgSetting_ShowTime) {
+    } else if (watched == imgSetting_ShowTime && (press || type == QEvent::MouseButtonRelease)) {
+        // Only mouse events may be taken for mouse events.
         auto* mouse = static_cast<QMouseEvent*>(event);
         if (press && mouse->button() == Qt::LeftButton) {
             m_settingPressed = true;
