@@ -1,0 +1,56 @@
+#include "engine/ui/form6.h"
+#include "fakes.h"
+#include "sound/ui/form11.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPointer>
+#include <gtest/gtest.h>
+
+namespace {
+struct MessageWindows : ::testing::Test, EngineFixture {};
+} // namespace
+
+TEST_F(MessageWindows, WarningsTakeSerialsThatWrapAndOkGivesTheFrontBack) {
+    ctx.m.lngTopWho = 13;
+    QPointer<Form11> first = new Form11(ctx, "Error # 76\rPath not found");
+    EXPECT_EQ(first->serial(), 1000000);
+    EXPECT_EQ(first->text(), "Error # 76\nPath not found");
+    ctx.m.lngWarnSerial = 1998999;
+    QPointer<Form11> last = new Form11(ctx, "b");
+    EXPECT_EQ(last->serial(), 1998999);
+    EXPECT_EQ(ctx.m.lngWarnSerial, 1000000);
+    last->cmdOK_Click();
+    EXPECT_EQ(ctx.m.lngTopWho, 0);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(last.isNull());
+    first->close();
+}
+
+TEST_F(MessageWindows, AReminderHidesTheWindowAndRingsAgainAfterItsMinutes) {
+    clock.set(2002, 5, 1, 8, 30, 59);
+    QPointer<Form6> form = new Form6(ctx, "Dentist at 08:30:00");
+    EXPECT_EQ(form->windowTitle(), "Message  01 May 2002 / 08:30 AM");
+    form->txtMinutes->setText("1");
+    form->cbTimesOfPlay->setCurrentIndex(1);
+    form->cmdOK_Click();
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_TRUE(form->txtMinutes->text().isEmpty());
+    form->Timer1_Timer();
+    EXPECT_TRUE(sound.played.isEmpty());
+
+    // The song as it stands when the reminder rings.
+    ctx.m.strSongName = ctx.m.strAppPath + "other.wav";
+    clock.set(2002, 5, 1, 8, 31, 0);
+    form->Timer1_Timer();
+    EXPECT_EQ(sound.played, QStringList({"twice|" + ctx.m.strAppPath + "other.wav"}));
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_EQ(form->txtMsg(), "Dentist at 08:31:00");
+
+    // Zero minutes is refused in words and ends the message.
+    form->txtMinutes->setText("0");
+    form->cmdOK_Click();
+    EXPECT_EQ(notices.warnings, QStringList({"0 minute is invalid, the message will be ignored"}));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(form.isNull());
+}
