@@ -27,13 +27,23 @@ display=:$((70 + RANDOM % 200))
 Xvfb "$display" -screen 0 1024x768x24 -nolisten tcp >"$work/xvfb.log" 2>&1 &
 pids+=($!)
 export DISPLAY=$display
-for _ in $(seq 50); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done
+display_up() {
+    for _ in $(seq 100); do xdpyinfo >/dev/null 2>&1 && return 0; sleep 0.1; done
+    return 1
+}
+display_up || { cat "$work/xvfb.log"; fail "Xvfb did not start on $display"; }
 openbox >"$work/openbox.log" 2>&1 &
 pids+=($!)
-trayer --edge top --align right --widthtype request --height 26 --transparent false >"$work/trayer.log" 2>&1 &
-pids+=($!)
-# The tray must stand before the program asks for it.
-for _ in $(seq 50); do xdotool search --class trayer >/dev/null 2>&1 && break; sleep 0.1; done
+# The tray must stand before the program asks for it; trayer now and then misses a display that just came up.
+tray_up=""
+for _ in 1 2 3; do
+    trayer --edge top --align right --widthtype request --height 26 --transparent false >>"$work/trayer.log" 2>&1 &
+    pids+=($!)
+    for _ in $(seq 50); do xdotool search --class trayer >/dev/null 2>&1 && tray_up=1 && break; sleep 0.1; done
+    [ -n "$tray_up" ] && break
+    echo "trayer did not come up, starting it again"
+done
+[ -n "$tray_up" ] || { cat "$work/trayer.log"; fail "trayer did not start"; }
 sleep 0.5
 
 # A sound server whose only output is a null sink we can record from.
@@ -107,7 +117,7 @@ find_icon() {
 }
 icon=""
 for _ in $(seq 50); do icon=$(find_icon) && break; sleep 0.1; done
-[ -n "$icon" ] || { xwininfo -root -tree | grep -i -E 'bellwick|trayer'; fail "no tray icon"; }
+[ -n "$icon" ] || { xwininfo -root -tree | grep -i -E 'bellwick|trayer'; cat "$work/trayer.log"; fail "no tray icon"; }
 xdotool mousemove --window "$icon" 10 10 click 1
 sleep 1
 rms=$(record_rms 2)

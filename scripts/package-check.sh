@@ -1,0 +1,21 @@
+#!/usr/bin/env bash
+# Builds the .deb from the test build, installs it with its dependencies, checks the installed files and runs
+# the installed program through the desktop run, then removes it again. Run after scripts/test.sh.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+sudo=""
+[ "$(id -u)" -ne 0 ] && sudo="sudo"
+[ -d build-test ] || { echo "build-test is missing: run scripts/test.sh first"; exit 1; }
+(cd build-test && rm -f bellwick_*.deb && cpack -G DEB >/dev/null)
+deb=$(ls "$PWD"/build-test/bellwick_*.deb)
+echo "== $deb"
+$sudo env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq "$deb" >/dev/null
+trap '$sudo dpkg -r bellwick >/dev/null' EXIT
+for f in /usr/bin/bellwick /usr/share/bellwick/ding.wav /usr/share/bellwick/didi.snd /usr/share/bellwick/air.mid \
+    /usr/share/bellwick/help/tolmhelp.html /usr/share/icons/hicolor/scalable/apps/bellwick.svg \
+    /usr/share/applications/bellwick.desktop; do
+    [ -s "$f" ] || { echo "FAIL: $f was not installed"; exit 1; }
+done
+desktop-file-validate /usr/share/applications/bellwick.desktop
+tests/e2e/desktop_run.sh /usr/bin/bellwick
+echo "package: installs, validates and runs"
