@@ -11,7 +11,7 @@ public:
     // The window's title for this moment.
     static QString title(const QDateTime& now);
     // Only digits and backspace can be typed into the minutes box.
-    static bool keyAllowed(QChar key) { return key.isDigit() && key.unicode() < 128 || key == QChar(8); }
+    static bool keyAllowed(QChar key) { return (key.isDigit() && key.unicode() < 128) || key == QChar(8); }
     // A minutes text of three characters or more is emptied: 99 minutes at most.
     static bool tooLong(const QString& text) { return text.size() >= 3; }
 

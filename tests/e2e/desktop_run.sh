@@ -5,46 +5,9 @@
 # Usage: desktop_run.sh <path to bellwick>
 set -uo pipefail
 program="$1"
-work=$(mktemp -d)
-pids=()
-cleanup() {
-    for p in "${pids[@]}"; do kill "$p" 2>/dev/null; done
-    pulseaudio_pid=$(cat "$work/run/pulse/pid" 2>/dev/null) && kill "$pulseaudio_pid" 2>/dev/null
-    sleep 0.3
-    rm -rf "$work"
-}
-trap cleanup EXIT
-fail() { echo "FAIL: $*"; exit 1; }
-for tool in Xvfb openbox trayer xdotool pulseaudio parec sox; do
-    command -v "$tool" >/dev/null || fail "$tool is not installed"
-done
-
-export XDG_DATA_HOME="$work/data" XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work/run" HOME="$work/home"
-mkdir -p "$XDG_DATA_HOME/bellwick" "$XDG_CONFIG_HOME" "$HOME" && mkdir -m 700 "$XDG_RUNTIME_DIR"
-
-# A display with a window manager and a tray.
-display=:$((70 + RANDOM % 200))
-Xvfb "$display" -screen 0 1024x768x24 -nolisten tcp >"$work/xvfb.log" 2>&1 &
-pids+=($!)
-export DISPLAY=$display
-display_up() {
-    for _ in $(seq 100); do xdpyinfo >/dev/null 2>&1 && return 0; sleep 0.1; done
-    return 1
-}
-display_up || { cat "$work/xvfb.log"; fail "Xvfb did not start on $display"; }
-openbox >"$work/openbox.log" 2>&1 &
-pids+=($!)
-# The tray must stand before the program asks for it; trayer now and then misses a display that just came up.
-tray_up=""
-for _ in 1 2 3; do
-    trayer --edge top --align right --widthtype request --height 26 --transparent false >>"$work/trayer.log" 2>&1 &
-    pids+=($!)
-    for _ in $(seq 50); do xdotool search --class trayer >/dev/null 2>&1 && tray_up=1 && break; sleep 0.1; done
-    [ -n "$tray_up" ] && break
-    echo "trayer did not come up, starting it again"
-done
-[ -n "$tray_up" ] || { cat "$work/trayer.log"; fail "trayer did not start"; }
-sleep 0.5
+. "$(dirname "$0")/desktop_env.sh"
+need_tools pulseaudio parec sox
+start_desktop
 
 # A sound server whose only output is a null sink we can record from.
 pulseaudio --daemonize=yes -n --exit-idle-time=-1 --disallow-exit --use-pid-file=yes \
@@ -52,7 +15,6 @@ pulseaudio --daemonize=yes -n --exit-idle-time=-1 --disallow-exit --use-pid-file
     --log-target=file:"$work/pulse.log" || fail "pulseaudio did not start"
 export PULSE_SINK=e2e
 unset SDL_AUDIODRIVER
-export QT_QPA_PLATFORM=xcb
 
 # Not too close to midnight: the event must be today's.
 while [ "$(date +%H%M%S)" -gt 235930 ]; do sleep 5; done
@@ -61,24 +23,12 @@ today=$(date +%Y/%m/%d)
 printf '"E2E check%srepe%s"\r\n' "$today" "$due" >"$XDG_DATA_HOME/bellwick/future.dat"
 # Settings that load my.dat at start, which loads the Alarm Set window and with it the schedule.
 : >"$XDG_DATA_HOME/bellwick/my.dat"
-{
-    head -c 165 /dev/zero
-    printf '%-17s' '[Setting]'
-    printf '\x01\x00\x00\x00\x01\x00\x00\x00'
-    printf '%-30s' 'ALAEOnDCWSOfUISPOfISOMOf'
-} >"$XDG_DATA_HOME/bellwick/tolm.ini"
+write_settings ALAEOnDCWSOfUISPOfISOMOf
 
 "$program" >"$work/bellwick.log" 2>&1 &
 main_pid=$!
 pids+=($main_pid)
 
-wait_for_window() { # name pattern, seconds
-    for _ in $(seq $(($2 * 10))); do
-        xdotool search --onlyvisible --name "$1" 2>/dev/null | head -1 | grep . && return 0
-        sleep 0.1
-    done
-    return 1
-}
 # RMS of what the sink plays over some seconds.
 record_rms() {
     timeout "$1" parec -d e2e.monitor --raw --format=s16le --rate=22050 --channels=1 >"$work/rec.raw" 2>/dev/null

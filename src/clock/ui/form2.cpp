@@ -10,6 +10,7 @@
 #include "engine/context.h"
 #include "platform/clock.h"
 #include "platform/numeric.h"
+#include "platform/ui/window_shape.h"
 #include "settings/settings_records.h"
 
 #include <QCloseEvent>
@@ -32,21 +33,6 @@ constexpr int kSettleTime = 1000; // ms after showing in which the window manage
 QtScreenServices& qtScreen() {
     static QtScreenServices screen;
     return screen;
-}
-
-// A region in device pixels as the logical pixels Qt takes for a mask.
-QRegion toLogicalRegion(const QRegion& device, double ratio) {
-    if (ratio == 1.0)
-        return device;
-    QRegion logical;
-    for (const QRect& r : device) {
-        const QPoint topLeft(static_cast<int>(std::floor(r.left() / ratio)),
-                             static_cast<int>(std::floor(r.top() / ratio)));
-        const QPoint end(static_cast<int>(std::ceil((r.right() + 1) / ratio)),
-                         static_cast<int>(std::ceil((r.bottom() + 1) / ratio)));
-        logical += QRect(topLeft, end - QPoint(1, 1));
-    }
-    return logical;
 }
 
 } // namespace
@@ -151,7 +137,8 @@ void Form2::Form_Load() {
     applyFace();
 
     std::vector<ShapeControl> shpBorder = ClockBorderShapes();
-    setMask(toLogicalRegion(MakeWindowRegion(shpBorder, 0, 0), devicePixelRatioF()));
+    m_lngClockRgn = MakeWindowRegion(shpBorder, 0, 0);
+    window_shape::SetWindowRgn(*this, m_lngClockRgn);
 }
 
 void Form2::applyFace() {
@@ -354,6 +341,8 @@ void Form2::place(const QPoint& logical) {
 
 void Form2::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
+    // Now that the window exists the outline can go to it pixel for pixel.
+    window_shape::SetWindowRgn(*this, m_lngClockRgn);
     m_settling = true;
     QTimer::singleShot(kSettleTime, this, [this] { m_settling = false; });
 }

@@ -4,6 +4,7 @@
 #include "clock/docking_handler.h"
 
 #include <QImage>
+#include <QRegion>
 #include <QWidget>
 
 #include <cstdint>
@@ -97,6 +98,7 @@ private:
     clsDockingHandler& clsDock;
     ClockFace m_face;
     QImage m_picture;
+    QRegion m_lngClockRgn; // device pixels
     bool m_bln24Hour = false;
     bool m_blnRolledUp = false;
     int32_t m_lngLogPixelsX = 96;

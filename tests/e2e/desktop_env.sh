@@ -1,0 +1,76 @@
+# Sourced by the desktop runs: a fresh per-user folder and a real X display with a window manager and a tray.
+# Gives: $work, pids, fail, start_desktop [dots per inch], write_settings <record 4 value> [clock at start].
+
+work=$(mktemp -d)
+pids=()
+cleanup() {
+    for p in "${pids[@]}"; do kill "$p" 2>/dev/null; done
+    pulseaudio_pid=$(cat "$work/run/pulse/pid" 2>/dev/null) && kill "$pulseaudio_pid" 2>/dev/null
+    sleep 0.3
+    rm -rf "$work"
+}
+trap cleanup EXIT
+fail() {
+    echo "FAIL: $*"
+    exit 1
+}
+need_tools() {
+    for tool in "$@"; do
+        command -v "$tool" >/dev/null || fail "$tool is not installed"
+    done
+}
+
+export XDG_DATA_HOME="$work/data" XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work/run" HOME="$work/home"
+mkdir -p "$XDG_DATA_HOME/bellwick" "$XDG_CONFIG_HOME" "$HOME" && mkdir -m 700 "$XDG_RUNTIME_DIR"
+export QT_QPA_PLATFORM=xcb
+
+start_desktop() { # [dots per inch]
+    local dpi="${1:-96}"
+    need_tools Xvfb openbox trayer xdotool xdpyinfo
+    display=:$((70 + RANDOM % 400))
+    Xvfb "$display" -screen 0 1024x768x24 -dpi "$dpi" -nolisten tcp >"$work/xvfb.log" 2>&1 &
+    pids+=($!)
+    export DISPLAY=$display
+    # Qt takes its scale factor from the font density, as a desktop set to this density would give it.
+    if [ "$dpi" != 96 ]; then export QT_FONT_DPI=$dpi; else unset QT_FONT_DPI; fi
+    local up=""
+    for _ in $(seq 100); do xdpyinfo >/dev/null 2>&1 && up=1 && break; sleep 0.1; done
+    [ -n "$up" ] || { cat "$work/xvfb.log"; fail "Xvfb did not start on $display"; }
+    openbox >"$work/openbox.log" 2>&1 &
+    pids+=($!)
+    # The tray must stand before the program asks for it; trayer now and then misses a display that just came up.
+    local tray_up=""
+    for _ in 1 2 3; do
+        trayer --edge top --align right --widthtype request --height 26 --transparent false >>"$work/trayer.log" 2>&1 &
+        pids+=($!)
+        for _ in $(seq 50); do xdotool search --class trayer >/dev/null 2>&1 && tray_up=1 && break; sleep 0.1; done
+        [ -n "$tray_up" ] && break
+        echo "trayer did not come up, starting it again"
+    done
+    [ -n "$tray_up" ] || { cat "$work/trayer.log"; fail "trayer did not start"; }
+    sleep 0.5
+}
+
+# The settings file: the [Setting] record 4 with the given value, and record 13 when the clock shows at start.
+write_settings() { # <record 4 value> [clock]
+    {
+        head -c 165 /dev/zero
+        printf '%-17s' '[Setting]'
+        printf '\x01\x00\x00\x00\x01\x00\x00\x00'
+        printf '%-30s' "$1"
+        if [ "${2:-}" = clock ]; then
+            head -c 440 /dev/zero
+            printf '%-17s' '[ShowSmallClock]'
+            printf '\x01\x00\x00\x00\x00\x00\x00\x00'
+            printf '%-30s' ''
+        fi
+    } >"$XDG_DATA_HOME/bellwick/tolm.ini"
+}
+
+wait_for_window() { # name pattern, seconds
+    for _ in $(seq $(($2 * 10))); do
+        xdotool search --onlyvisible --name "$1" 2>/dev/null | head -1 | grep . && return 0
+        sleep 0.1
+    done
+    return 1
+}
