@@ -27,9 +27,14 @@ struct RecordingNotices : Notices {
     std::vector<std::unique_ptr<RecordedErrorList>> errorLists;
     RecordedErrorList shared;
     int beeps = 0;
+    QStringList* order = nullptr; // when set, shared with the sound to see what came first
 
     void AnswerOk(const QString& text) override { warnings.append(text); }
-    void ShowAlarmWindow(const QString& text) override { alarmWindows.append(text); }
+    void ShowAlarmWindow(const QString& text) override {
+        alarmWindows.append(text);
+        if (order)
+            order->append(QStringLiteral("window"));
+    }
     ErrorList& NewErrorList() override {
         errorLists.push_back(std::make_unique<RecordedErrorList>());
         return *errorLists.back();
@@ -45,8 +50,11 @@ struct RecordingSound : AlarmSound {
     QStringList played; // "word|file"
     QStringList waves;  // sndPlaySoundA names
     int sweeps = 0;
+    QStringList* order = nullptr;
     void PlaySound(const QString& strTimes, const QString& sSoundName) override {
         played.append(strTimes + QLatin1Char('|') + sSoundName);
+        if (order)
+            order->append(QStringLiteral("sound"));
     }
     void sndPlaySoundA(const QString& name, int) override { waves.append(name); }
     void InternalSpeaker() override { ++sweeps; }

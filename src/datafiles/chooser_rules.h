@@ -51,4 +51,6 @@ bool ModifierKeyUnselectsFile(ChooserMode mode, const FileListState& file1, int 
 
 // txtInput_KeyPress: letters, digits, backspace, "_", "-" and "." only, so a name holds no blank and no path.
 bool ChooserNameKeyPasses(QChar key);
+// The same rule for a whole name, as a pattern for pasted and composed text.
+inline constexpr char kChooserNamePattern[] = "[A-Za-z0-9_.-]*";
 constexpr int kChooserNameMaxLength = 50;

@@ -8,17 +8,23 @@
 
 namespace {
 
-bool start(const EditorLauncher& launcher, const QString& program, const QString& path) {
-    const QString found = launcher.findExecutable(program);
-    return !found.isEmpty() && launcher.startDetached(found, {path});
-}
-
 QString firstEditorOnPath(const EditorLauncher& launcher) {
     for (const QString& editor : plainTextEditors()) {
-        if (!launcher.findExecutable(editor).isEmpty())
-            return editor;
+        const QString found = launcher.findExecutable(editor);
+        if (!found.isEmpty())
+            return found;
     }
     return {};
+}
+
+void openInTextEditor(Context& ctx, const EditorLauncher& launcher, const QString& path) {
+    const QString editor = firstEditorOnPath(launcher);
+    if (editor.isEmpty()) {
+        // The words of the program's first home, where the two choices were Notepad and Wordpad.
+        ctx.notices.AnswerOk(QStringLiteral("Notepad and Wordpad not found"));
+        return;
+    }
+    launcher.startDetached(editor, {path});
 }
 
 } // namespace
@@ -27,6 +33,26 @@ EditorLauncher EditorLauncher::system() {
     return {[](const QString& program) { return QStandardPaths::findExecutable(program); },
             [](const QString& program, const QStringList& arguments) {
                 return QProcess::startDetached(program, arguments);
+            },
+            [](const QString& program, const QStringList& arguments, std::function<void()> failed) {
+                // No parent: an opener still running when the program ends is left to run, with its editor.
+                auto* process = new QProcess();
+                process->setStandardOutputFile(QProcess::nullDevice());
+                process->setStandardErrorFile(QProcess::nullDevice());
+                QObject::connect(process, &QProcess::finished, process,
+                                 [process, failed](int code, QProcess::ExitStatus status) {
+                                     process->deleteLater();
+                                     if (status != QProcess::NormalExit || code != 0)
+                                         failed();
+                                 });
+                QObject::connect(process, &QProcess::errorOccurred, process,
+                                 [process, failed](QProcess::ProcessError error) {
+                                     if (error != QProcess::FailedToStart)
+                                         return;
+                                     process->deleteLater();
+                                     failed();
+                                 });
+                process->start(program, arguments);
             }};
 }
 
@@ -41,11 +67,11 @@ const QStringList& plainTextEditors() {
 
 void EditorClick(Context& ctx, const QString& fFileName, const EditorLauncher& launcher) {
     const QString path = ctx.appFile(fFileName);
-    if (start(launcher, QStringLiteral("xdg-open"), path))
+    const QString opener = launcher.findExecutable(QStringLiteral("xdg-open"));
+    if (opener.isEmpty()) {
+        openInTextEditor(ctx, launcher, path);
         return;
-    const QString editor = firstEditorOnPath(launcher);
-    if (!editor.isEmpty() && start(launcher, editor, path))
-        return;
-    // The words of the program's first home, where the two choices were Notepad and Wordpad.
-    ctx.notices.AnswerOk(QStringLiteral("Notepad and Wordpad not found"));
+    }
+    Context* context = &ctx; // lives as long as the program
+    launcher.startWatched(opener, {path}, [context, launcher, path] { openInTextEditor(*context, launcher, path); });
 }

@@ -13,6 +13,10 @@ struct EditorLauncher {
     std::function<QString(const QString& program)> findExecutable;
     // Starts a program on its own; false when it could not be started.
     std::function<bool(const QString& program, const QStringList& arguments)> startDetached;
+    // Starts the desktop's opener without waiting for it; calls `failed` later when it cannot start or ends
+    // in failure (no application for the file, no such file).
+    std::function<void(const QString& program, const QStringList& arguments, std::function<void()> failed)>
+        startWatched;
 
     static EditorLauncher system();
 };
@@ -21,5 +25,6 @@ struct EditorLauncher {
 const QStringList& plainTextEditors();
 
 // Opens a data file of the program folder in a text editor, without waiting for it: first through the desktop's
-// opener, then in the first plain text editor on PATH. When neither starts the user is told.
+// opener, then, when it is missing or fails, in the first plain text editor on PATH. When there is neither the user
+// is told; an editor that is there but does not start passes in silence.
 void EditorClick(Context& ctx, const QString& fFileName, const EditorLauncher& launcher = EditorLauncher::system());

@@ -86,9 +86,9 @@ QString eventListRow(const QString& mark, const QString& dateTime, const QString
 
 CrackedRow crackRow(const QString& row) {
     CrackedRow out;
-    out.mark = row.mid(6, 1).leftJustified(1, QLatin1Char(' '));
-    out.date = row.mid(11, 10).leftJustified(10, QLatin1Char(' '));
-    out.time = row.mid(22, 8).leftJustified(8, QLatin1Char(' '));
+    out.mark = row.mid(6, 1);
+    out.date = row.mid(11, 10);
+    out.time = row.mid(22, 8);
     if (row.size() > kRowFixedLength)
         out.message = row.right(row.size() - kRowFixedLength);
     return out;

@@ -82,10 +82,6 @@ bool EditDateKeyPasses(QChar key) {
     return isAsciiDigit(key) || key == QLatin1Char('/') || key.unicode() == 8;
 }
 
-QChar EditMessageKey(QChar key) {
-    return key == QLatin1Char('"') ? QLatin1Char('\'') : key;
-}
-
 bool ConfirmEditEvent(Context& ctx, EditControls& c) {
     if (!EditDateIsValid(c.txtDate))
         return refuse(ctx, QStringLiteral("Invalid input of date"));

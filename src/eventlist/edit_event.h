@@ -29,9 +29,6 @@ bool EditDateIsValid(const QString& txtDate);
 
 // txtDate key press: digits, "/" and backspace pass; anything else is dropped with the beep.
 bool EditDateKeyPasses(QChar key);
-// txtInput key press: a double quote would end the record in the schedule file, so it becomes a single quote.
-QChar EditMessageKey(QChar key);
-constexpr int kEditMessageMaxLength = 626;
 
 // Checks the controls and puts the event back by its new date: a later day goes into the event list,
 // highlighted, in place of the one highlighted row; today goes into today's lists. Rewrites the schedule.

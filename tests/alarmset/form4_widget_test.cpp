@@ -14,6 +14,8 @@
 #include <QListView>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QTest>
 #include <gtest/gtest.h>
 
 namespace {
@@ -105,6 +107,18 @@ TEST_F(Form4WidgetTest, MessageViewAndComingListToggle) {
     EXPECT_EQ(f->cmdViewM->text(), "Hide Messages");
     f->cmdViewM->click();
     EXPECT_FALSE(f->txtViewM->isVisible());
+    // A long message wraps inside the view rather than running off its right edge.
+    ctx.lstMessage.clear();
+    ctx.lstMessage.addItem(QString(30, 'w').append(" ").repeated(5) + "at 21:00:00");
+    f->cmdViewM->click();
+    QApplication::processEvents();
+    EXPECT_EQ(f->txtViewM->horizontalScrollBar()->maximum(), 0);
+    QTextCursor end = f->txtViewM->textCursor();
+    end.movePosition(QTextCursor::End);
+    const QRect last = f->txtViewM->cursorRect(end);
+    EXPECT_GT(last.top(), 3 * last.height()); // two blocks, laid out on more than three lines
+    EXPECT_LT(last.right(), f->txtViewM->viewport()->width());
+    f->cmdViewM->click();
 
     f->mComing->trigger();
     EXPECT_TRUE(f->Bwklistbox1->isVisible());
@@ -148,4 +162,17 @@ TEST_F(Form4WidgetTest, ChoosingAnIntervalEnablesEveryAndTickingItLocksTheInterv
     f->chkEMPlay->click();
     EXPECT_FALSE(ctx.m.blnEveryMinutesOn);
     EXPECT_TRUE(f->cbEMPlay->isEnabled());
+}
+
+TEST_F(Form4WidgetTest, CtrlClickOnThePickedRowKeepsItPicked) {
+    f->show();
+    ctx.lstData.addItem("once 21:00:00");
+    ctx.lstData.addItem("once 22:00:00");
+    const QRect second = f->lstData->visualRect(ctx.lstData.index(1));
+    QTest::mouseClick(f->lstData->viewport(), Qt::LeftButton, Qt::NoModifier, second.center());
+    ASSERT_EQ(ctx.lstData.listIndex(), 1);
+    QTest::mouseClick(f->lstData->viewport(), Qt::LeftButton, Qt::ControlModifier, second.center());
+    EXPECT_EQ(ctx.lstData.listIndex(), 1);
+    EXPECT_TRUE(ctx.lstData.isSelected(1));
+    EXPECT_EQ(ctx.lstData.selCount(), 1);
 }

@@ -1,6 +1,8 @@
 #include "datafiles/chooser_actions.h"
 #include "fakes.h"
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <gtest/gtest.h>
 
 namespace {
@@ -22,6 +24,7 @@ struct ChooserRoundTripTest : ::testing::Test, EngineFixture {
 struct FakeLauncher {
     QStringList onPath;
     QStringList refuse; // found, but cannot start
+    bool openerFails = false;
     QStringList started;
     EditorLauncher launcher() {
         return {[this](const QString& p) { return onPath.contains(p) ? "/usr/bin/" + p : QString(); },
@@ -30,6 +33,11 @@ struct FakeLauncher {
                         return false;
                     started.append(p + " " + args.join(' '));
                     return true;
+                },
+                [this](const QString& p, const QStringList& args, const std::function<void()>& failed) {
+                    started.append(p + " " + args.join(' '));
+                    if (openerFails)
+                        failed();
                 }};
     }
 };
@@ -75,19 +83,46 @@ TEST_F(ChooserRoundTripTest, EditorIsTheDesktopOpenerThenTheFirstTextEditorOnPat
     EditorClick(ctx, "my.dat", fake.launcher());
     EXPECT_EQ(fake.started, QStringList({"/usr/bin/xdg-open " + path("my.dat")}));
 
+    // The opener finds no application for the file: the first editor on PATH takes it.
+    fake.started.clear();
+    fake.openerFails = true;
+    EditorClick(ctx, "my.dat", fake.launcher());
+    EXPECT_EQ(fake.started, QStringList({"/usr/bin/xdg-open " + path("my.dat"), "/usr/bin/gedit " + path("my.dat")}));
+
     fake.started.clear();
     fake.onPath = {"kate", "gedit"};
     EditorClick(ctx, "my.dat", fake.launcher());
     EXPECT_EQ(fake.started, QStringList({"/usr/bin/gedit " + path("my.dat")}));
+    EXPECT_TRUE(notices.warnings.isEmpty());
 
+    // An editor that is there but does not start passes in silence.
     fake.started.clear();
-    fake.onPath = {"xdg-open", "gedit"};
-    fake.refuse = {"xdg-open", "gedit"};
+    fake.refuse = {"gedit"};
     EditorClick(ctx, "my.dat", fake.launcher());
     EXPECT_TRUE(fake.started.isEmpty());
-    EXPECT_EQ(notices.warnings, QStringList({"Notepad and Wordpad not found"}));
+    EXPECT_TRUE(notices.warnings.isEmpty());
 
+    // Neither the opener nor an editor: the user is told, also after a failing opener.
     fake.onPath.clear();
     EditorClick(ctx, "my.dat", fake.launcher());
-    EXPECT_EQ(notices.warnings.size(), 2);
+    fake.onPath = {"xdg-open"};
+    EditorClick(ctx, "my.dat", fake.launcher());
+    EXPECT_EQ(notices.warnings, QStringList({"Notepad and Wordpad not found", "Notepad and Wordpad not found"}));
+}
+
+TEST(EditorLauncherTest, SystemOpenerReportsAFailingEndOrStart) {
+    const EditorLauncher system = EditorLauncher::system();
+    int failures = 0;
+    bool succeeded = false;
+    system.startWatched("/bin/false", {}, [&] { ++failures; });
+    system.startWatched("/nonexistent/opener", {}, [&] { ++failures; });
+    system.startWatched("/bin/sh", {"-c", "exit 0"}, [&] { succeeded = true; });
+    QDeadlineTimer deadline(5000);
+    while (failures < 2 && !deadline.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    QDeadlineTimer settle(300);
+    while (!settle.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    EXPECT_EQ(failures, 2);
+    EXPECT_FALSE(succeeded);
 }

@@ -48,6 +48,9 @@ TEST_F(ChooserWindowTest, SaveModeListsDataFilesAndAsksBeforeOverwriting) {
         QApplication::sendEvent(form->txtInput, &press);
     }
     EXPECT_EQ(form->txtInput->text(), "WPAPER");
+    // Nor can a pasted path lead out of the folder.
+    form->txtInput->insert("../../escaped");
+    EXPECT_EQ(form->txtInput->text(), "WPAPER");
     form->cmdConfirm_Click();
     EXPECT_EQ(form->txtInput->text(), "WPAPER.dat");
     EXPECT_EQ(notices.warnings, QStringList({"Wpaper.dat has data of wallpaper"}));

@@ -40,8 +40,9 @@ TEST(AlarmEvent, RowFormsAndCracking) {
     EXPECT_EQ(crackRow(eventListRow("-", "2002/05/01-08:30:00", "a\r\nb")).message, "a\r\nb");
     // A message holding " at " and a time reads back whole when cut 12 characters from the end.
     EXPECT_EQ(messageOfMessageRow(messageRow("meet at 09:00:00", "10:00:00")), "meet at 09:00:00");
-    // Short rows give padded fields.
-    EXPECT_EQ(crackRow("      -").date, "          ");
+    // Short rows give shorter fields.
+    EXPECT_EQ(crackRow("      -    2002/0").date, "2002/0");
+    EXPECT_EQ(crackRow("      -").date, "");
 }
 
 TEST(AlarmEvent, TimeWasPassedIncludesTheEqualSecond) {

@@ -31,12 +31,15 @@ TEST_F(AlarmTickTest, FiresTodaysAlarmFromTheScheduleAtItsDueSecond) {
     writeFile("future.dat", record("Take the cake out2002/05/01twic08:00:05") + record("2002/05/01once08:00:09"));
     ctx.touchForm4();
     ASSERT_EQ(ctx.lstData.count(), 2);
+    QStringList order;
+    sound.order = notices.order = &order;
 
     runUntil(8, 0, 4);
     EXPECT_TRUE(sound.played.isEmpty());
     runUntil(8, 0, 6);
     EXPECT_EQ(sound.played, QStringList({played("twice")}));
     EXPECT_EQ(notices.alarmWindows, QStringList({"Take the cake out at 08:00:05"}));
+    EXPECT_EQ(order, QStringList({"sound", "window"})); // the sound starts before the window stands
     EXPECT_TRUE(ctx.lstMessage.isEmpty());
 
     runUntil(8, 0, 10);

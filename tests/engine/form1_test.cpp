@@ -47,6 +47,10 @@ TEST_F(Form1Test, DisableStopsTheTickAndKeepsTheRepeatFlag) {
     EXPECT_TRUE(form1.disabled());
     EXPECT_FALSE(form1.Timer1().isActive());
     EXPECT_TRUE(ctx.m.blnRepeatPlay);
+    // An error box closing while disabled leaves the tick stopped.
+    ctx.setTimer1Enabled(false);
+    ctx.setTimer1Enabled(true);
+    EXPECT_FALSE(form1.Timer1().isActive());
     disable->trigger();
     EXPECT_TRUE(form1.Timer1().isActive());
     // The timer hook of the sound's error boxes drives the same timer.

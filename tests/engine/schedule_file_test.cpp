@@ -1,6 +1,7 @@
 #include "engine/schedule_file.h"
 #include "fakes.h"
 
+#include <QDir>
 #include <gtest/gtest.h>
 
 namespace {
@@ -74,6 +75,11 @@ TEST_F(ScheduleFile, EightBadRecordsStopTheLoadButSevenDoNot) {
 
 TEST_F(ScheduleFile, MissingOrUnreadableFileChangesNothing) {
     ctx.Bwklistbox1.ShowData("-", "2002/05/01-09:00:00", "", false);
+    LoadFutureFile(ctx, "future.dat");
+    EXPECT_EQ(rows().size(), 1);
+    EXPECT_FALSE(ctx.m.blnTickOn);
+    // A schedule that cannot be read (here a folder) leaves the list as it was.
+    ASSERT_TRUE(QDir(ctx.m.strAppPath).mkdir("future.dat"));
     LoadFutureFile(ctx, "future.dat");
     EXPECT_EQ(rows().size(), 1);
     EXPECT_FALSE(ctx.m.blnTickOn);

@@ -1,6 +1,7 @@
 #include "eventlist/ui/form15.h"
 #include "eventlist/ui/form16.h"
 #include "fakes.h"
+#include "message/ui/message_text_box.h"
 #include "settings/settings_records.h"
 
 #include "alarmset/ui/drop_down_combo.h"
@@ -9,6 +10,7 @@
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QComboBox>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
@@ -87,7 +89,16 @@ TEST_F(EditWindowTest, KeysAndOkWorkOnTheControlsAsTyped) {
     EXPECT_EQ(form->txtDate->text(), "2002/05/04");
     EXPECT_EQ(notices.beeps, 1);
     form->txtInput->moveCursor(QTextCursor::End);
-    type(form->txtInput, " \"ok\"");
+    type(form->txtInput, " \"ok");
+    // A quote composed with a dead key goes in as an apostrophe too; a composed letter has no place in the date.
+    QInputMethodEvent composed;
+    composed.setCommitString("\"");
+    QApplication::sendEvent(form->txtInput, &composed);
+    QInputMethodEvent accent;
+    accent.setCommitString(QString(QChar(0xE9)));
+    QApplication::sendEvent(form->txtDate, &accent);
+    EXPECT_EQ(form->txtDate->text(), "2002/05/04");
+    EXPECT_EQ(notices.beeps, 2);
     EXPECT_EQ(form->txtInput->toPlainText(), "Two\nlines 'ok'");
 
     form->cbMin->setEditText("7");
@@ -95,6 +106,12 @@ TEST_F(EditWindowTest, KeysAndOkWorkOnTheControlsAsTyped) {
     EXPECT_EQ(Form16::instance(), nullptr);
     EXPECT_EQ(ctx.Bwklistbox1.lstMain.item(0), "      =    2002/05/04-13:07:09        Two\r\nlines 'ok'");
     EXPECT_EQ(readFile("future.dat"), QByteArray("\"Two\r\nlines 'ok'2002/05/04twic13:07:09\"\r\n"));
+
+    // A message longer than can be typed, written by hand into the file, comes back whole.
+    const QString longMessage = QString(700, 'x') + "TAILEND";
+    form = Form16::ShowEditEvent(ctx, "=", "2002/05/04", "13:07:09", longMessage, &eventList);
+    EXPECT_EQ(form->txtInput->message(), longMessage);
+    form->cmdCancel_Click();
 
     // A refusal keeps the window with the padded boxes.
     form = Form16::ShowEditEvent(ctx, "-", "2002/04/30", "09:00:00", "", &eventList);

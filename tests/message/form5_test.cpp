@@ -4,6 +4,7 @@
 #include "message/ui/message_text_box.h"
 
 #include <QApplication>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
@@ -28,6 +29,12 @@ struct Form5Test : ::testing::Test, EngineFixture {
             QApplication::sendEvent(form.txtInput, &press);
         }
     }
+    // Text an input method commits, as a dead key or a compose sequence gives it.
+    void compose(const QString& text) {
+        QInputMethodEvent event;
+        event.setCommitString(text);
+        QApplication::sendEvent(form.txtInput, &event);
+    }
     void click(QLabel* label) {
         const QPointF at(2, 2);
         QMouseEvent up(QEvent::MouseButtonRelease, at, label->mapToGlobal(at), Qt::LeftButton, Qt::NoButton, {});
@@ -41,13 +48,16 @@ TEST_F(Form5Test, TypingSavingAndTheTextSize) {
     form.GetOldMessageToTextbox("");
     EXPECT_EQ(ctx.m.lngTopWho, 1);
     type("Say \"hi\"\nnow");
+    compose("\"");
     EXPECT_TRUE(form.isVisible()); // Return pressed no button
-    EXPECT_EQ(form.txtInput->message(), "Say 'hi'\r\nnow");
+    EXPECT_EQ(form.txtInput->message(), "Say 'hi'\r\nnow'");
 
-    form.txtInput->setMessage(QString(625, 'a'));
+    form.txtInput->setMessage(QString(624, 'a'));
     form.txtInput->moveCursor(QTextCursor::End);
+    compose("\"");
     type("bc"); // the 627th character goes nowhere
-    EXPECT_EQ(form.txtInput->message(), QString(625, 'a') + "b");
+    compose("d");
+    EXPECT_EQ(form.txtInput->message(), QString(624, 'a') + "'b");
 
     for (int i = 0; i < 4; ++i)
         click(form.lblMinus);
@@ -56,7 +66,7 @@ TEST_F(Form5Test, TypingSavingAndTheTextSize) {
     click(form.lblPlus);
     form.cmdOK->click();
     EXPECT_FALSE(form.isVisible());
-    EXPECT_EQ(ctx.lstMessage.items(), QStringList{QString(625, 'a') + "b at 08:30:00"});
+    EXPECT_EQ(ctx.lstMessage.items(), QStringList{QString(624, 'a') + "'b at 08:30:00"});
     EXPECT_EQ(ctx.m.lngTopWho, 0);
     EXPECT_EQ(restored, 1);
 

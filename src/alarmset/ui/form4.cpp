@@ -11,6 +11,7 @@
 #include "alarmset/ui/key_filters.h"
 #include "alarmset/ui/picture_box.h"
 #include "alarmset/ui/picture_button.h"
+#include "alarmset/ui/single_pick_list.h"
 #include "engine/alarm_tick.h"
 #include "engine/context.h"
 #include "engine/schedule_file.h"
@@ -97,11 +98,10 @@ void Form4::buildControls(QWidget* client) {
     Frame2 = new QGroupBox(QStringLiteral("Play list :"), client);
     place(Frame2, 120, 360, 6132, 2052, "Frame2");
 
-    lstData = new QListView(Frame2);
+    lstData = new SinglePickList(Frame2);
     place(lstData, 120, 360, 1812, 1488, "lstData");
     lstData->setModel(&ctx.lstData);
     lstData->setSelectionModel(ctx.lstData.selection());
-    lstData->setSelectionMode(QAbstractItemView::SingleSelection);
     lstData->setEditTriggers(QAbstractItemView::NoEditTriggers);
     lstData->setUniformItemSizes(true);
 
@@ -220,7 +220,7 @@ void Form4::buildControls(QWidget* client) {
     place(txtViewM, 2160, 0, 372, 264, "txtViewM");
     txtViewM->setReadOnly(true);
     txtViewM->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    txtViewM->setLineWrapMode(QPlainTextEdit::NoWrap);
+    txtViewM->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     txtViewM->hide();
 
     MonthView1 = new QCalendarWidget(client);

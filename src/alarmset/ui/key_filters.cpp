@@ -14,6 +14,8 @@ bool TimeBoxKeys::eventFilter(QObject* watched, QEvent* event) {
         const auto* key = static_cast<QKeyEvent*>(event);
         if (typesCharacter(key) && !TimeBoxKeyPress(m_ctx, key->text().at(0)))
             return true;
+    } else if (!committedText(event).isEmpty()) {
+        return true; // digits come as keys; composed characters are never digits
     } else if (event->type() == QEvent::KeyRelease) {
         QString text = box->currentText();
         TimeBoxKeyUp(m_ctx, text);
@@ -24,6 +26,8 @@ bool TimeBoxKeys::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool NoTypedKeys::eventFilter(QObject*, QEvent* event) {
+    if (!committedText(event).isEmpty())
+        return true;
     if (event->type() != QEvent::KeyPress)
         return false;
     return typesCharacter(static_cast<QKeyEvent*>(event));

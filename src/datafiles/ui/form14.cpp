@@ -18,6 +18,7 @@
 #include <QListWidget>
 #include <QPointer>
 #include <QPushButton>
+#include <QRegularExpressionValidator>
 #include <QTimer>
 
 using window_twips::place;
@@ -91,6 +92,9 @@ Form14::Form14(Context& ctx) : m_ctx(ctx) {
     place(txtInput, 240, 3240, 3132, 264);
     txtInput->setMaxLength(kChooserNameMaxLength);
     txtInput->installEventFilter(this);
+    // Pasted or composed text keeps to the typed keys' rule: no blank, no path out of the folder.
+    txtInput->setValidator(
+        new QRegularExpressionValidator(QRegularExpression(QLatin1String(kChooserNamePattern)), txtInput));
     cmdConfirm = new QPushButton(this);
     place(cmdConfirm, 4920, 2160, 732, 372);
     cmdConfirm->setDefault(true);

@@ -28,7 +28,8 @@ Form1::Form1(Context& ctx, Form1Hooks hooks) : m_ctx(ctx), m_hooks(std::move(hoo
     connect(&m_timer, &QTimer::timeout, this, [this] { m_tick.Timer1_Timer(); });
     m_timer.start();
     m_ctx.setTimer1Enabled = [this](bool on) {
-        if (on)
+        // An error box closing must not wake a clock the user has disabled.
+        if (on && !disabled())
             m_timer.start();
         else
             m_timer.stop();

@@ -1,4 +1,5 @@
 #include "engine/ui/form6.h"
+#include "platform/ui/typed_key.h"
 
 #include "engine/context.h"
 #include "platform/clock.h"
@@ -101,6 +102,9 @@ bool Form6::eventFilter(QObject* watched, QEvent* event) {
     if (watched == txtMinutes) {
         if (event->type() == QEvent::MouseButtonPress) {
             cbTimesOfPlay->show();
+        } else if (!committedText(event).isEmpty()) {
+            QApplication::beep(); // composed characters are never digits
+            return true;
         } else if (event->type() == QEvent::KeyPress) {
             auto* key = static_cast<QKeyEvent*>(event);
             const QChar c =

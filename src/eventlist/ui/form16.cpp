@@ -1,4 +1,5 @@
 #include "eventlist/ui/form16.h"
+#include "message/ui/message_text_box.h"
 
 #include "alarmset/time_input.h"
 #include "alarmset/ui/button_faces.h"
@@ -22,7 +23,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 
 using window_twips::place;
@@ -37,14 +37,6 @@ constexpr double kCutListHeight = 264;
 QPointer<Form16>& current() {
     static QPointer<Form16> form;
     return form;
-}
-
-// The text box shows line breaks as "\n"; the schedule keeps them as CR LF.
-QString shownText(const QString& stored) {
-    return QString(stored).replace(QLatin1String("\r\n"), QLatin1String("\n"));
-}
-QString storedText(const QString& shown) {
-    return QString(shown).replace(QLatin1Char('\n'), QLatin1String("\r\n"));
 }
 
 QStringList itemsOf(const QComboBox* box) {
@@ -155,11 +147,9 @@ void Form16::buildControls() {
     cbPlayTimes->setPlaceholderText(QStringLiteral("Play Times"));
     cbPlayTimes->installEventFilter(new NoTypedKeys(this));
 
-    txtInput = new QPlainTextEdit(this);
+    // The message box of the Input Message window: the same quote rule and length.
+    txtInput = new MessageTextBox(this);
     place(txtInput, 120, 2640, 3492, 1572);
-    txtInput->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    txtInput->setTabChangesFocus(true);
-    txtInput->installEventFilter(this);
 
     cmdOK = new QPushButton(QStringLiteral("OK"), this);
     place(cmdOK, 1800, 4440, 732, 372);
@@ -204,12 +194,6 @@ void Form16::connectHandlers() {
     cbSec->dropDown = [this] { completeList(cbSec, SecDropDown); };
     connect(MonthView1, &QCalendarWidget::clicked, this, &Form16::MonthView1_DateClick);
     connect(MonthView1, &QCalendarWidget::activated, this, &Form16::MonthView1_DateDblClick);
-    // A pasted text is cut to the box's length as well.
-    connect(txtInput, &QPlainTextEdit::textChanged, this, [this] {
-        const QString stored = storedText(txtInput->toPlainText());
-        if (stored.size() > kEditMessageMaxLength)
-            txtInput->setPlainText(shownText(stored.left(kEditMessageMaxLength)));
-    });
 }
 
 void Form16::Form_Load() {
@@ -227,7 +211,7 @@ void Form16::showControls(const EditControls& c) {
     txtAm->setText(c.txtAm);
     setTextKeepingList(cbMin, c.cbMin);
     setTextKeepingList(cbSec, c.cbSec);
-    txtInput->setPlainText(shownText(c.txtInput));
+    txtInput->setMessage(c.txtInput);
 }
 
 EditControls Form16::controls() const {
@@ -238,7 +222,7 @@ EditControls Form16::controls() const {
     c.cbSec = cbSec->currentText();
     c.txtAm = txtAm->text();
     c.cbPlayTimesIndex = cbPlayTimes->currentIndex();
-    c.txtInput = storedText(txtInput->toPlainText());
+    c.txtInput = txtInput->message();
     return c;
 }
 
@@ -304,6 +288,10 @@ bool Form16::eventFilter(QObject* watched, QEvent* event) {
         lblDate_Click();
         return true;
     }
+    if (watched == txtDate && !committedText(event).isEmpty()) {
+        m_ctx.notices.Beep(); // composed characters are never digits or "/"
+        return true;
+    }
     if (event->type() != QEvent::KeyPress)
         return QWidget::eventFilter(watched, event);
     auto* key = static_cast<QKeyEvent*>(event);
@@ -313,17 +301,6 @@ bool Form16::eventFilter(QObject* watched, QEvent* event) {
     if (watched == txtDate && !EditDateKeyPasses(typed)) {
         m_ctx.notices.Beep();
         return true;
-    }
-    if (watched == txtInput) {
-        const bool erases = key->key() == Qt::Key_Backspace;
-        const bool full = storedText(txtInput->toPlainText()).size() >= kEditMessageMaxLength &&
-                          !txtInput->textCursor().hasSelection();
-        if (!erases && full)
-            return true;
-        if (EditMessageKey(typed) != typed) {
-            txtInput->insertPlainText(QString(EditMessageKey(typed)));
-            return true;
-        }
     }
     return QWidget::eventFilter(watched, event);
 }

@@ -5,13 +5,13 @@
 
 class Context;
 class DropDownCombo;
+class MessageTextBox;
 class PictureButton;
 class QCalendarWidget;
 class QComboBox;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
-class QPlainTextEdit;
 class QPushButton;
 struct EditControls;
 
@@ -42,7 +42,7 @@ public:
     PictureButton* cmdUp;
     PictureButton* cmdDown;
     QComboBox* cbPlayTimes;
-    QPlainTextEdit* txtInput;
+    MessageTextBox* txtInput;
     QPushButton* cmdOK;
     QPushButton* cmdCancel;
     QCalendarWidget* MonthView1;

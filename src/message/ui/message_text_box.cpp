@@ -2,6 +2,7 @@
 
 #include "message/message_text.h"
 
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <algorithm>
@@ -57,4 +58,17 @@ void MessageTextBox::insertFromMimeData(const QMimeData* source) {
     const QString fits = fitting(message_text::shown(source->text()));
     if (!fits.isEmpty())
         insertPlainText(fits);
+}
+
+void MessageTextBox::inputMethodEvent(QInputMethodEvent* event) {
+    const QString commit = event->commitString();
+    const QString fits = commit.isEmpty() ? commit : fitting(commit);
+    if (fits == commit) {
+        QPlainTextEdit::inputMethodEvent(event);
+        return;
+    }
+    QInputMethodEvent turned(event->preeditString(), event->attributes());
+    turned.setCommitString(fits, event->replacementStart(), event->replacementLength());
+    QPlainTextEdit::inputMethodEvent(&turned);
+    event->setAccepted(turned.isAccepted());
 }

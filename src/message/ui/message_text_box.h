@@ -2,8 +2,8 @@
 
 #include <QPlainTextEdit>
 
-// The message box: a typed double quote goes in as an apostrophe, and no key or paste takes the text
-// past the length a message may have. Return starts a new line; Tab moves on to the buttons.
+// The message box: a typed, pasted or composed double quote goes in as an apostrophe, and nothing takes the
+// text past the length a message may have. Return starts a new line; Tab moves on to the buttons.
 class MessageTextBox : public QPlainTextEdit {
     Q_OBJECT
 public:
@@ -16,6 +16,7 @@ public:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void insertFromMimeData(const QMimeData* source) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
 
 private:
     QString fitting(const QString& inserted) const;

@@ -1,5 +1,6 @@
 #include "platform/ui/typed_key.h"
 
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 
 bool typesCharacter(const QKeyEvent* key) {
@@ -14,4 +15,10 @@ bool typesCharacter(const QKeyEvent* key) {
     default:
         return !key->text().isEmpty();
     }
+}
+
+QString committedText(const QEvent* event) {
+    if (event->type() != QEvent::InputMethod)
+        return {};
+    return static_cast<const QInputMethodEvent*>(event)->commitString();
 }
