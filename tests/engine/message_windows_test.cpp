@@ -2,7 +2,9 @@
 #include "fakes.h"
 #include "sound/ui/form11.h"
 
+#include <QApplication>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPointer>
 #include <gtest/gtest.h>
@@ -24,7 +26,16 @@ TEST_F(MessageWindows, WarningsTakeSerialsThatWrapAndOkGivesTheFrontBack) {
     EXPECT_EQ(ctx.m.lngTopWho, 0);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(last.isNull());
+
+    // Its close box and Escape give the front back as well.
+    ctx.m.lngTopWho = first->serial();
     first->close();
+    EXPECT_EQ(ctx.m.lngTopWho, 0);
+    QPointer<Form11> third = new Form11(ctx, "c");
+    ctx.m.lngTopWho = third->serial();
+    third->reject();
+    EXPECT_EQ(ctx.m.lngTopWho, 0);
+    third->close();
 }
 
 TEST_F(MessageWindows, AReminderHidesTheWindowAndRingsAgainAfterItsMinutes) {
@@ -53,4 +64,23 @@ TEST_F(MessageWindows, AReminderHidesTheWindowAndRingsAgainAfterItsMinutes) {
     EXPECT_EQ(notices.warnings, QStringList({"0 minute is invalid, the message will be ignored"}));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(form.isNull());
+}
+
+TEST_F(MessageWindows, MinutesBoxTakesDigitsAndEditingKeysOnly) {
+    QPointer<Form6> form = new Form6(ctx, "Tea at 08:30:00");
+    const auto press = [&](int key, const QString& text) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, text);
+        QApplication::sendEvent(form->txtMinutes, &event);
+    };
+    press(Qt::Key_1, "1");
+    press(Qt::Key_Left, "");
+    press(Qt::Key_2, "2");
+    press(Qt::Key_A, "a");
+    press(Qt::Key_Return, "\r");
+    press(Qt::Key_Escape, QString(QChar(27)));
+    EXPECT_EQ(form->txtMinutes->text(), "21"); // the arrow moved the cursor; letters and Return went nowhere
+    EXPECT_TRUE(form->isVisible());            // Return pressed no button and Escape closed nothing
+    press(Qt::Key_Backspace, "\b");
+    EXPECT_EQ(form->txtMinutes->text(), "1");
+    form->close();
 }

@@ -51,6 +51,7 @@ Form6::Form6(Context& ctx, const QString& text) : m_ctx(ctx) {
     cbTimesOfPlay->hide();
     cmdOK = new QPushButton(QStringLiteral("OK"), this);
     place(cmdOK, 3600, 2520, 612, 252);
+    cmdOK->setAutoDefault(false);
     connect(cmdOK, &QPushButton::clicked, this, &Form6::cmdOK_Click);
 
     setTxtMsg(text);
@@ -107,10 +108,12 @@ bool Form6::eventFilter(QObject* watched, QEvent* event) {
             return true;
         } else if (event->type() == QEvent::KeyPress) {
             auto* key = static_cast<QKeyEvent*>(event);
-            const QChar c =
-                key->key() == Qt::Key_Backspace ? QChar(8) : (key->text().isEmpty() ? QChar() : key->text().at(0));
-            if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter || key->key() == Qt::Key_Tab)
-                return false;
+            // Return, Enter and Escape type characters here too: there is no default or cancel button.
+            const bool control =
+                key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter || key->key() == Qt::Key_Escape;
+            if (!control && !typesCharacter(key))
+                return false; // arrows, Home, End, Delete and Tab edit and move as usual
+            const QChar c = key->key() == Qt::Key_Backspace ? QChar(8) : (control ? QChar(13) : key->text().at(0));
             if (!RemindMe::keyAllowed(c)) {
                 QApplication::beep();
                 return true;

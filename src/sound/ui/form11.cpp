@@ -6,6 +6,7 @@
 #include "platform/ui/window_twips.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -63,9 +64,27 @@ QString Form11::text() const {
 }
 
 void Form11::cmdOK_Click() {
+    giveFrontBack();
+    close();
+}
+
+// However the warning goes (OK, its close box, Escape), the window before it gets the front back once.
+void Form11::giveFrontBack() {
+    if (m_frontGivenBack)
+        return;
+    m_frontGivenBack = true;
     Front::WhoWillForeground(lngPrevTop);
     m_ctx.m.lngTopWho = 0;
-    close();
+}
+
+void Form11::reject() {
+    giveFrontBack();
+    QDialog::reject();
+}
+
+void Form11::closeEvent(QCloseEvent* event) {
+    giveFrontBack();
+    QDialog::closeEvent(event);
 }
 
 void Form11::changeEvent(QEvent* event) {

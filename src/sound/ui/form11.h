@@ -17,8 +17,11 @@ public:
 
     void cmdOK_Click();
 
+    void reject() override;
+
 protected:
     void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     void Form_LostFocus();
@@ -26,6 +29,9 @@ private:
     Context& m_ctx;
     int32_t m_serial = 0;
     int32_t lngPrevTop = 0;
+    bool m_frontGivenBack = false;
+
+    void giveFrontBack();
     QLabel* Label1;
     QLabel* lblMyVisibility;
     QPushButton* cmdOK;
