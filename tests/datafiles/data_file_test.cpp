@@ -50,6 +50,24 @@ TEST_F(DataFileTest, BadRecordsAreNumberedByPositionAndTheEighthStops) {
     EXPECT_EQ(notices.beeps, 1);
 }
 
+TEST_F(DataFileTest, SevenBadRecordsDoNotStopALoadAndEachFileGetsItsNameAndBeep) {
+    QByteArray bytes;
+    for (int i = 0; i < 7; ++i)
+        bytes += record("nonsense");
+    writeFile("seven.dat", bytes + record("once 13:00:00"));
+    writeFile("one.dat", record("nonsense") + record("twice 14:00:00"));
+    LoadClick(ctx, "seven.dat");
+    LoadClick(ctx, "one.dat");
+    EXPECT_EQ(ctx.lstData.items(), QStringList({"once 13:00:00", "twice 14:00:00"}));
+    // Each file starts its count afresh: one.dat's single bad record is not the eighth.
+    ASSERT_EQ(notices.shared.lines.size(), 10);
+    EXPECT_EQ(notices.shared.lines.at(0), "seven.dat");
+    EXPECT_EQ(notices.shared.lines.at(7), "Invalid data in file, Data  7");
+    EXPECT_EQ(notices.shared.lines.at(8), "one.dat");
+    EXPECT_EQ(notices.shared.lines.at(9), "Invalid data in file, Data  1");
+    EXPECT_EQ(notices.beeps, 2);
+}
+
 TEST_F(DataFileTest, MissingFileIsReportedAndChangesNothing) {
     LoadClick(ctx, "my");
     EXPECT_EQ(notices.warnings, QStringList({"my, file not found"}));

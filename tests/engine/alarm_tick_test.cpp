@@ -1,3 +1,4 @@
+#include "alarmset/day_list_delete.h"
 #include "engine/alarm_tick.h"
 #include "engine/schedule_file.h"
 #include "fakes.h"
@@ -190,16 +191,22 @@ TEST_F(AlarmTickTest, ChimeRingsAtItsMarksAndResyncsAnOvertakenMark) {
     EXPECT_EQ(ctx.m.iEveryNext, 21);
 }
 
-TEST_F(AlarmTickTest, DeleteAllLeavesNothingToTake) {
+TEST_F(AlarmTickTest, DeleteAllEmptiesTheDayButNotTheScheduleAndNothingRings) {
+    writeFile("future.dat", record("Tea2002/05/01once08:00:03") + record("2002/05/09once09:00:00"));
     ctx.touchForm4();
-    Sorting(ctx, "09:00:00", "once", true);
-    ctx.m.blnHaveAlarms = ctx.m.blnTickOn = true;
-    tick.Timer1_Timer();
-    ctx.lstData.clear();
-    ctx.m.blnNeedNextAlarm = true;
-    ctx.m.blnHaveAlarms = false;
-    ctx.m.strNextAlarm.clear();
-    tick.TakeNextAlarm();
-    EXPECT_FALSE(ctx.m.blnNeedNextAlarm);
+    ASSERT_EQ(ctx.lstData.count(), 1);
+    const QByteArray before = readFile("future.dat");
+    runUntil(8, 0, 1);
+    ASSERT_FALSE(ctx.m.strNextAlarm.isEmpty());
+
+    DeleteAllClick(ctx);
+    EXPECT_EQ(ctx.lstData.count(), 0);
+    EXPECT_TRUE(ctx.lstMessage.isEmpty());
+    runUntil(8, 0, 6);
+    EXPECT_TRUE(sound.played.isEmpty());
+    EXPECT_TRUE(notices.alarmWindows.isEmpty());
     EXPECT_TRUE(ctx.m.strNextAlarm.isEmpty());
+    // The schedule and the event list stay as they were.
+    EXPECT_EQ(readFile("future.dat"), before);
+    EXPECT_EQ(ctx.Bwklistbox1.lstMain.count(), 2);
 }
