@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Runs the real program on a real X display with a tray and a sound server, as a user would:
 # an alarm from the schedule fires with its message and sound, a second start is refused, and a left
-# click on the tray icon stops a repeating alarm.
+# click on the tray icon stops a repeating alarm, and a reminder of one minute rings again.
 # Usage: desktop_run.sh <path to bellwick>
 set -uo pipefail
 program="$1"
@@ -74,4 +74,19 @@ rms=$(record_rms 2)
 echo "sound after the click: RMS $rms"
 awk -v r="$rms" 'BEGIN { exit !(r < 0.001) }' || fail "the alarm goes on after the tray click"
 kill -0 "$main_pid" 2>/dev/null || fail "the program ended"
+
+# 4. A reminder of one minute hides the message window, which comes back with its sound at the next minute.
+xdotool windowactivate --sync "$message_window" 2>/dev/null
+xdotool mousemove --window "$message_window" 90 176 click 1
+sleep 0.2
+xdotool type 1
+xdotool mousemove --window "$message_window" 260 176 click 1
+sleep 0.5
+xdotool search --onlyvisible --name '^Message  ' 2>/dev/null | grep -qx "$message_window" &&
+    fail "the message window stayed after OK with a reminder"
+echo "reminder set at $(date +%T)"
+wait_for_window '^Message  ' 65 >/dev/null || fail "the reminder did not come back"
+rms=$(record_rms 2)
+echo "reminder at $(date +%T): RMS $rms"
+awk -v r="$rms" 'BEGIN { exit !(r > 0.01) }' || fail "the reminder rang without sound"
 echo "1 passed, 0 failed"
