@@ -6,12 +6,46 @@
 #include "sound/alarm_sound.h"
 #include "sound/notices.h"
 
+#include <QApplication>
 #include <QFile>
+#include <QKeyEvent>
 #include <QStringList>
 #include <QTemporaryDir>
 
 #include <memory>
 #include <vector>
+
+inline void writeBytes(const QString& path, const QByteArray& bytes) {
+    QFile f(path);
+    f.open(QIODevice::WriteOnly);
+    f.write(bytes);
+}
+inline QByteArray readBytes(const QString& path) {
+    QFile f(path);
+    f.open(QIODevice::ReadOnly);
+    return f.readAll();
+}
+// One record of a schedule or data file: the line in quotes, then CR LF.
+inline QByteArray quotedRecord(const QByteArray& line) {
+    return '"' + line + "\"\r\n";
+}
+// One 55-byte settings record: the key padded with blanks to 17, two little-endian longs, the value padded to 30.
+inline QByteArray settingBytes(const QByteArray& key, int32_t v1, int32_t v2, const QByteArray& value, char pad = ' ') {
+    QByteArray out = key.leftJustified(17, ' ');
+    for (const int32_t v : {v1, v2})
+        for (int shift = 0; shift < 32; shift += 8)
+            out.append(char((uint32_t(v) >> shift) & 0xFF));
+    return out + value.leftJustified(30, pad);
+}
+// Types each character as a key press and release carrying that text.
+inline void typeText(QWidget* target, const QString& text) {
+    for (const QChar c : text) {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, QString(c));
+        QKeyEvent release(QEvent::KeyRelease, Qt::Key_unknown, Qt::NoModifier, QString(c));
+        QApplication::sendEvent(target, &press);
+        QApplication::sendEvent(target, &release);
+    }
+}
 
 struct RecordedErrorList : ErrorList {
     QStringList lines;
@@ -71,14 +105,6 @@ struct EngineFixture {
     EngineFixture() { ctx.m.setStartValues(dir.path()); }
 
     QString path(const QString& name) const { return ctx.m.strAppPath + name; }
-    void writeFile(const QString& name, const QByteArray& bytes) const {
-        QFile f(path(name));
-        f.open(QIODevice::WriteOnly);
-        f.write(bytes);
-    }
-    QByteArray readFile(const QString& name) const {
-        QFile f(path(name));
-        f.open(QIODevice::ReadOnly);
-        return f.readAll();
-    }
+    void writeFile(const QString& name, const QByteArray& bytes) const { writeBytes(path(name), bytes); }
+    QByteArray readFile(const QString& name) const { return readBytes(path(name)); }
 };

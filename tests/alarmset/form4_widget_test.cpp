@@ -31,15 +31,6 @@ struct Form4WidgetTest : ::testing::Test, EngineFixture {
         f = host.form();
     }
     ~Form4WidgetTest() override { ctx.form4Ui = nullptr; }
-
-    void type(QWidget* w, const QString& text) {
-        for (QChar c : text) {
-            QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, QString(c));
-            QKeyEvent release(QEvent::KeyRelease, Qt::Key_unknown, Qt::NoModifier, QString(c));
-            QApplication::sendEvent(w, &press);
-            QApplication::sendEvent(w, &release);
-        }
-    }
 };
 
 } // namespace
@@ -57,9 +48,9 @@ TEST_F(Form4WidgetTest, LoadShowsTheDayAndTheHalfOfTheDay) {
 }
 
 TEST_F(Form4WidgetTest, TypedEntryAndTheAddButtonPutTheRowInTheList) {
-    type(f->cbHour, "8");
-    type(f->cbMin, "3a0");
-    type(f->cbSec, "5");
+    typeText(f->cbHour, "8");
+    typeText(f->cbMin, "3a0");
+    typeText(f->cbSec, "5");
     EXPECT_EQ(notices.beeps, 1); // the letter
     f->cmdAdd->click();
     EXPECT_EQ(ctx.lstData.items(), QStringList({"once 20:30:05"}));
@@ -74,7 +65,7 @@ TEST_F(Form4WidgetTest, TypedEntryAndTheAddButtonPutTheRowInTheList) {
     EXPECT_EQ(ctx.lstData.count(), 2);
 
     // A third digit wipes the box.
-    type(f->cbMin, "5");
+    typeText(f->cbMin, "5");
     EXPECT_EQ(f->cbMin->currentText(), "");
     EXPECT_EQ(notices.beeps, 2);
 }
@@ -161,6 +152,7 @@ TEST_F(Form4WidgetTest, ChoosingAnIntervalEnablesEveryAndTickingItLocksTheInterv
     EXPECT_FALSE(f->cbEMPlay->isEnabled());
     f->chkEMPlay->click();
     EXPECT_FALSE(ctx.m.blnEveryMinutesOn);
+    EXPECT_TRUE(ctx.m.blnTickOn); // unchecking leaves the tick as it was
     EXPECT_TRUE(f->cbEMPlay->isEnabled());
 }
 

@@ -43,10 +43,7 @@ TEST_F(ChooserWindowTest, SaveModeListsDataFilesAndAsksBeforeOverwriting) {
     EXPECT_EQ(names, QStringList({"my.dat", "WPAPER.DAT"}));
 
     // Only name characters can be typed.
-    for (QChar c : QStringLiteral("WP A/PER")) {
-        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
-        QApplication::sendEvent(form->txtInput, &press);
-    }
+    typeText(form->txtInput, "WP A/PER");
     EXPECT_EQ(form->txtInput->text(), "WPAPER");
     // Nor can a pasted path lead out of the folder.
     form->txtInput->insert("../../escaped");

@@ -7,10 +7,6 @@
 
 namespace {
 
-QByteArray record(const QByteArray& line) {
-    return '"' + line + "\"\r\n";
-}
-
 struct AlarmTickTest : ::testing::Test, EngineFixture {
     AlarmTick tick{ctx};
     AlarmTickTest() { clock.set(2002, 5, 1, 8, 0, 0); }
@@ -29,7 +25,8 @@ struct AlarmTickTest : ::testing::Test, EngineFixture {
 } // namespace
 
 TEST_F(AlarmTickTest, FiresTodaysAlarmFromTheScheduleAtItsDueSecond) {
-    writeFile("future.dat", record("Take the cake out2002/05/01twic08:00:05") + record("2002/05/01once08:00:09"));
+    writeFile("future.dat",
+              quotedRecord("Take the cake out2002/05/01twic08:00:05") + quotedRecord("2002/05/01once08:00:09"));
     ctx.touchForm4();
     ASSERT_EQ(ctx.lstData.count(), 2);
     QStringList order;
@@ -124,8 +121,8 @@ TEST_F(AlarmTickTest, AnAlarmAt235959HeldPastMidnightWaitsForTheNextDay) {
 }
 
 TEST_F(AlarmTickTest, MidnightReloadArmsTheNewDayOnceAndFirstTouchReadsOnlyOnce) {
-    writeFile("future.dat",
-              record("2002/05/02once00:00:00") + record("2002/05/02twic00:00:30") + record("2002/05/02once07:00:00"));
+    writeFile("future.dat", quotedRecord("2002/05/02once00:00:00") + quotedRecord("2002/05/02twic00:00:30") +
+                                quotedRecord("2002/05/02once07:00:00"));
     clock.set(2002, 5, 1, 23, 59, 59);
     tick.Timer1_Timer();
     EXPECT_FALSE(ctx.form4Loaded());
@@ -142,7 +139,7 @@ TEST_F(AlarmTickTest, MidnightReloadArmsTheNewDayOnceAndFirstTouchReadsOnlyOnce)
     EXPECT_EQ(tick.iReloadMinute(), -1);
 
     // A second midnight with the window already loaded reads the file again.
-    writeFile("future.dat", record("2002/05/03once00:30:00"));
+    writeFile("future.dat", quotedRecord("2002/05/03once00:30:00"));
     clock.set(2002, 5, 3, 0, 0, 1);
     tick.Timer1_Timer();
     tick.Timer1_Timer();
@@ -192,7 +189,7 @@ TEST_F(AlarmTickTest, ChimeRingsAtItsMarksAndResyncsAnOvertakenMark) {
 }
 
 TEST_F(AlarmTickTest, DeleteAllEmptiesTheDayButNotTheScheduleAndNothingRings) {
-    writeFile("future.dat", record("Tea2002/05/01once08:00:03") + record("2002/05/09once09:00:00"));
+    writeFile("future.dat", quotedRecord("Tea2002/05/01once08:00:03") + quotedRecord("2002/05/09once09:00:00"));
     ctx.touchForm4();
     ASSERT_EQ(ctx.lstData.count(), 1);
     const QByteArray before = readFile("future.dat");

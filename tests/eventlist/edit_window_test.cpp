@@ -34,12 +34,6 @@ struct EditWindowTest : ::testing::Test, EngineFixture {
         delete Form16::instance();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
-    static void type(QWidget* target, const QString& text) {
-        for (QChar c : text) {
-            QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
-            QApplication::sendEvent(target, &press);
-        }
-    }
 };
 
 } // namespace
@@ -85,11 +79,11 @@ TEST_F(EditWindowTest, PopupEditOpensTheRowAndCancelStoresThePlaceAndGivesTheLis
 TEST_F(EditWindowTest, KeysAndOkWorkOnTheControlsAsTyped) {
     Form16* form = Form16::ShowEditEvent(ctx, "=", "2002/05/03", "13:05:09", "Two\r\nlines", &eventList);
     form->txtDate->clear();
-    type(form->txtDate, "2002/a05/04");
+    typeText(form->txtDate, "2002/a05/04");
     EXPECT_EQ(form->txtDate->text(), "2002/05/04");
     EXPECT_EQ(notices.beeps, 1);
     form->txtInput->moveCursor(QTextCursor::End);
-    type(form->txtInput, " \"ok");
+    typeText(form->txtInput, " \"ok");
     // A quote composed with a dead key goes in as an apostrophe too; a composed letter has no place in the date.
     QInputMethodEvent composed;
     composed.setCommitString("\"");

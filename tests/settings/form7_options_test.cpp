@@ -7,12 +7,10 @@
 
 namespace {
 // Records 4 and 8 as they stand on disk, after three empty records each.
-QByteArray iniWith(const QByteArray& numbers, const QByteArray& words, const QByteArray& font = QByteArray()) {
-    QByteArray file =
-        QByteArray(3 * 55, '\0') + "[Setting]        " + QByteArray::fromHex(numbers) + words.leftJustified(30, ' ');
-    if (!font.isEmpty())
-        file += QByteArray(3 * 55, '\0') + "[AllFont]        " + QByteArray(8, '\0') + font.leftJustified(30, ' ');
-    return file;
+QByteArray iniWith(int32_t v1, int32_t v2, const QByteArray& words, const QByteArray& font = QByteArray()) {
+    const QByteArray gap(3 * 55, '\0');
+    return gap + settingBytes("[Setting]", v1, v2, words) +
+           (font.isEmpty() ? "" : gap + settingBytes("[AllFont]", 0, 0, font));
 }
 
 struct RecordingForm4 : Form4Ui {
@@ -40,7 +38,7 @@ TEST_F(Form7OptionsTest, LoadTurnsTheFileIntoVariables) {
     EXPECT_EQ(form4.loads, 0);
 
     ctx.m.iFontChoice = 2;
-    writeFile("tolm.ini", iniWith("0100000000000000", "ALAEOnDCWSOnUISPOnISOMOf", "Arial"));
+    writeFile("tolm.ini", iniWith(1, 0, "ALAEOnDCWSOnUISPOnISOMOf", "Arial"));
     f7.Load(ctx);
     EXPECT_EQ(s.optFont, 2); // from the variable; record 8 only sets the look
     EXPECT_EQ(s.appliedFont, 1);
@@ -55,7 +53,7 @@ TEST_F(Form7OptionsTest, LoadTurnsTheFileIntoVariables) {
     EXPECT_EQ(form4.noSecondModes, QList<bool>{true});
 
     // A key that doesn't match leaves the boxes as the variables set them.
-    writeFile("tolm.ini", iniWith("0100000001000000", "ALAEOn").replace(3 * 55 + 1, 1, "s"));
+    writeFile("tolm.ini", iniWith(1, 1, "ALAEOn").replace(3 * 55 + 1, 1, "s"));
     f7.Load(ctx);
     EXPECT_FALSE(s.chkAutoLoad);
     EXPECT_EQ(s.appliedFont, 3);
@@ -63,7 +61,7 @@ TEST_F(Form7OptionsTest, LoadTurnsTheFileIntoVariables) {
 
 TEST_F(Form7OptionsTest, ClickLogicRunsOnlyWhenAValueChanges) {
     ctx.m.blnSoundOn = false;
-    writeFile("tolm.ini", iniWith("0000000001000000", "ALAEOfDCWSOfUISPOnISOMOn"));
+    writeFile("tolm.ini", iniWith(0, 1, "ALAEOfDCWSOfUISPOnISOMOn"));
     // A box touched from elsewhere loads the window first.
     f7.SetErrMsgPop(ctx, false);
     EXPECT_TRUE(f7.loaded());

@@ -67,8 +67,7 @@ TEST_F(Form7Widget, NextFlipsThePages) {
 }
 
 TEST_F(Form7Widget, FontOfTheFileAppliesToTheListedControls) {
-    writeFile("tolm.ini", QByteArray(7 * 55, '\0') + "[AllFont]        " + QByteArray(8, '\0') +
-                              QByteArray("TimesNewRoman").leftJustified(30, ' '));
+    writeFile("tolm.ini", QByteArray(7 * 55, '\0') + settingBytes("[AllFont]", 0, 0, "TimesNewRoman"));
     open();
     EXPECT_EQ(child<QLabel>("lblSoundOn")->font().family(), "Times New Roman");
     EXPECT_EQ(child<QLabel>("lblTest")->font().pointSize(), 10);
@@ -91,9 +90,8 @@ TEST_F(Form7Widget, ClosingWritesRecordsFourAndEight) {
 
     const QByteArray file = readFile("tolm.ini");
     ASSERT_EQ(file.size(), 8 * 55);
-    const QByteArray numbers = QByteArray::fromHex("0100000000000000");
-    EXPECT_EQ(file.mid(3 * 55, 55), "[Setting]        " + numbers + "ALAEOfDCWSOnUISPOfISOMOf      ");
-    EXPECT_EQ(file.mid(7 * 55, 55), "[AllFont]        " + numbers + QByteArray("Arial").leftJustified(30, ' '));
+    EXPECT_EQ(file.mid(3 * 55, 55), settingBytes("[Setting]", 1, 0, "ALAEOfDCWSOnUISPOfISOMOf"));
+    EXPECT_EQ(file.mid(7 * 55, 55), settingBytes("[AllFont]", 1, 0, "Arial"));
     EXPECT_EQ(file.left(3 * 55), QByteArray(3 * 55, '\0'));
 }
 

@@ -9,22 +9,6 @@
 using namespace settings_records;
 
 namespace {
-// One record as it stands on disk, built by hand: key, two little-endian longs, value.
-QByteArray recordBytes(const QByteArray& key, int32_t v1, int32_t v2, const QByteArray& value) {
-    QByteArray out = key;
-    auto le = [&](int32_t v) {
-        const uint32_t u = static_cast<uint32_t>(v);
-        for (int shift = 0; shift < 32; shift += 8)
-            out.append(char((u >> shift) & 0xFF));
-    };
-    le(v1);
-    le(v2);
-    out.append(value);
-    return out;
-}
-QByteArray spaces(int n) {
-    return QByteArray(n, ' ');
-}
 QByteArray zeros(int n) {
     return QByteArray(n, '\0');
 }
@@ -36,7 +20,7 @@ struct SettingsFileTest : ::testing::Test, EngineFixture {
     QByteArray ini() const { return readFile("tolm.ini"); }
     // Fills the shared buffer the way a previous read would have left it.
     void dirtyBuffer() {
-        writeFile("tolm.ini", recordBytes("[Junk]" + spaces(11), 77, 88, "leftover" + spaces(22)));
+        writeFile("tolm.ini", settingBytes("[Junk]", 77, 88, "leftover"));
         readRecord(ctx.m.strAppPath, 1, ctx.m.recSetting);
         QFile::remove(path("tolm.ini"));
     }
@@ -50,7 +34,7 @@ TEST_F(SettingsFileTest, OwnRecordWritersFillEverythingFresh) {
     QByteArray file = ini();
     ASSERT_EQ(file.size(), 715);
     EXPECT_EQ(file.left(660), zeros(660));
-    EXPECT_EQ(recordAt(file, 13), recordBytes("[ShowSmallClock] ", 1, 0, zeros(30)));
+    EXPECT_EQ(recordAt(file, 13), settingBytes("[ShowSmallClock]", 1, 0, "", 0));
 
     EXPECT_TRUE(writeForm2Location(ctx.m.strAppPath, -120, 9000));
     EXPECT_TRUE(write24Hour(ctx.m.strAppPath, false));
@@ -59,14 +43,14 @@ TEST_F(SettingsFileTest, OwnRecordWritersFillEverythingFresh) {
     EXPECT_TRUE(writeLocationForm16(ctx.m.strAppPath, 2400, 65536));
     file = ini();
     ASSERT_EQ(file.size(), 715);
-    EXPECT_EQ(recordAt(file, 5), recordBytes("[Form2Location]  ", -120, 9000, zeros(30)));
+    EXPECT_EQ(recordAt(file, 5), settingBytes("[Form2Location]", -120, 9000, "", 0));
     EXPECT_EQ(recordAt(file, 5).mid(17, 4), QByteArray("\x88\xFF\xFF\xFF", 4));
     EXPECT_EQ(recordAt(file, 6), zeros(55));
-    EXPECT_EQ(recordAt(file, 9), recordBytes("[24Hour]" + spaces(9), 0, 0, zeros(30)));
-    EXPECT_EQ(recordAt(file, 10), recordBytes("[EnabledSecond]  ", 1, 0, zeros(30)));
-    EXPECT_EQ(recordAt(file, 11), recordBytes("[FontSizeOfClock]", 11, 0, zeros(30)));
-    EXPECT_EQ(recordAt(file, 12), recordBytes("[LocationForm16] ", 2400, 65536, zeros(30)));
-    EXPECT_EQ(recordAt(file, 13), recordBytes("[ShowSmallClock] ", 1, 0, zeros(30)));
+    EXPECT_EQ(recordAt(file, 9), settingBytes("[24Hour]", 0, 0, "", 0));
+    EXPECT_EQ(recordAt(file, 10), settingBytes("[EnabledSecond]", 1, 0, "", 0));
+    EXPECT_EQ(recordAt(file, 11), settingBytes("[FontSizeOfClock]", 11, 0, "", 0));
+    EXPECT_EQ(recordAt(file, 12), settingBytes("[LocationForm16]", 2400, 65536, "", 0));
+    EXPECT_EQ(recordAt(file, 13), settingBytes("[ShowSmallClock]", 1, 0, "", 0));
     // Own writers leave the shared buffer alone.
     EXPECT_EQ(ctx.m.recSetting.lngValue1, 77);
 }
@@ -74,18 +58,18 @@ TEST_F(SettingsFileTest, OwnRecordWritersFillEverythingFresh) {
 TEST_F(SettingsFileTest, SharedBufferWritersKeepWhatTheyDoNotSet) {
     dirtyBuffer();
     ASSERT_TRUE(writeTimeInputLoc(ctx, 1500, -30));
-    EXPECT_EQ(ini(), recordBytes("[TimeInputLoc]   ", 1500, -30, "leftover" + spaces(22)));
+    EXPECT_EQ(ini(), settingBytes("[TimeInputLoc]", 1500, -30, "leftover"));
 
     ASSERT_TRUE(writeFontSize(ctx, 14));
-    EXPECT_EQ(recordAt(ini(), 7), recordBytes("[FontSize]" + spaces(7), 14, -30, "leftover" + spaces(22)));
+    EXPECT_EQ(recordAt(ini(), 7), settingBytes("[FontSize]", 14, -30, "leftover"));
 
     ASSERT_TRUE(writeMessageInputLoc(ctx, 600, 700));
-    EXPECT_EQ(recordAt(ini(), 2), recordBytes("[MessageInputLoc]", 600, 700, "leftover" + spaces(22)));
+    EXPECT_EQ(recordAt(ini(), 2), settingBytes("[MessageInputLoc]", 600, 700, "leftover"));
 
     ASSERT_TRUE(writeSongName(ctx, "wake up"));
-    EXPECT_EQ(recordAt(ini(), 3), recordBytes("[SongName]" + spaces(7), 0, 0, "wake up" + spaces(23)));
+    EXPECT_EQ(recordAt(ini(), 3), settingBytes("[SongName]", 0, 0, "wake up"));
     // Records written earlier stay as they were.
-    EXPECT_EQ(recordAt(ini(), 1), recordBytes("[TimeInputLoc]   ", 1500, -30, "leftover" + spaces(22)));
+    EXPECT_EQ(recordAt(ini(), 1), settingBytes("[TimeInputLoc]", 1500, -30, "leftover"));
     EXPECT_EQ(ini().size(), 7 * 55);
 
     // A 31-character name is cut to 30, and the next start reads the cut name.
@@ -106,12 +90,11 @@ TEST_F(SettingsFileTest, ClosingSettingsWritesRecordsFourThenEight) {
         ctx.m.iFontChoice = f.choice;
         ASSERT_TRUE(writeSettingAndFont(ctx, 1, 0, {true, false, true, false}));
         const QByteArray file = ini();
-        EXPECT_EQ(recordAt(file, 4),
-                  recordBytes("[Setting]" + spaces(8), 1, 0, "ALAEOnDCWSOfUISPOnISOMOf" + spaces(6)));
-        EXPECT_EQ(recordAt(file, 8), recordBytes("[AllFont]" + spaces(8), 1, 0, f.word + spaces(30 - f.word.size())));
+        EXPECT_EQ(recordAt(file, 4), settingBytes("[Setting]", 1, 0, "ALAEOnDCWSOfUISPOnISOMOf"));
+        EXPECT_EQ(recordAt(file, 8), settingBytes("[AllFont]", 1, 0, f.word));
     }
     ASSERT_TRUE(writeSettingAndFont(ctx, 0, 1, {false, true, false, true}));
-    EXPECT_EQ(recordAt(ini(), 4).mid(17), recordBytes("", 0, 1, "ALAEOfDCWSOnUISPOfISOMOn" + spaces(6)));
+    EXPECT_EQ(recordAt(ini(), 4), settingBytes("[Setting]", 0, 1, "ALAEOfDCWSOnUISPOfISOMOn"));
     EXPECT_EQ(ini().size(), 8 * 55);
 }
 
@@ -133,9 +116,9 @@ TEST_F(SettingsFileTest, ReadsCheckTheTrimmedKey) {
     EXPECT_FALSE(readRecord(ctx.m.strAppPath, kForm2Location, rec));
     EXPECT_EQ(rec.lngValue1, 42);
 
-    writeFile("tolm.ini", zeros(3 * 55) + recordBytes("[Setting]" + zeros(8), 1, 1, "ALAEOn" + spaces(24)) +
-                              recordBytes(" [Form2Location] ", 10, 20, zeros(30)) + zeros(55) +
-                              recordBytes("[FontSize]" + spaces(7), 12, 0, zeros(30)).left(19));
+    writeFile("tolm.ini", zeros(3 * 55) + settingBytes("[Setting]" + zeros(8), 1, 1, "ALAEOn") +
+                              settingBytes(" [Form2Location] ", 10, 20, "", 0) + zeros(55) +
+                              settingBytes("[FontSize]", 12, 0, "", 0).left(19));
     EXPECT_TRUE(readRecord(ctx.m.strAppPath, kForm2Location, rec)); // blanks on both sides trim away
     EXPECT_EQ(rec.lngValue1, 10);
     EXPECT_EQ(rec.lngValue2, 20);
@@ -152,13 +135,13 @@ TEST_F(SettingsFileTest, ReadsCheckTheTrimmedKey) {
     // Past the end: an emptied record, and no error.
     SettingsFile file;
     ASSERT_TRUE(file.openForReading(ctx.m.strAppPath));
-    rec = SettingsFile::decode(recordBytes("[AllFont]" + spaces(8), 3, 4, "Arial" + spaces(25)));
+    rec = SettingsFile::decode(settingBytes("[AllFont]", 3, 4, "Arial"));
     file.read(kAllFont, rec);
     EXPECT_EQ(SettingsFile::encode(rec), zeros(55));
     EXPECT_FALSE(file.error().isSet());
 
     // The key of another record does not pass.
-    writeFile("tolm.ini", recordBytes("[MessageInputLoc]", 1, 2, zeros(30)));
+    writeFile("tolm.ini", settingBytes("[MessageInputLoc]", 1, 2, "", 0));
     EXPECT_FALSE(readRecord(ctx.m.strAppPath, kTimeInputLoc, rec));
     EXPECT_EQ(rec.lngValue1, 1);
 }
@@ -170,7 +153,7 @@ TEST_F(SettingsFileTest, FileErrorsAreKeptNotThrown) {
     EXPECT_EQ(file.error().number, 76);
     file.read(4, rec);
     EXPECT_EQ(file.error().number, 52);
-    writeFile("tolm.ini", recordBytes("[Setting]" + spaces(8), 1, 1, zeros(30)));
+    writeFile("tolm.ini", settingBytes("[Setting]", 1, 1, "", 0));
     ASSERT_TRUE(file.openForReading(ctx.m.strAppPath));
     file.write(4, rec); // read-only
     EXPECT_TRUE(file.error().isSet());
@@ -196,7 +179,7 @@ TEST(SettingsRecordValues, OptionWordsCountOnlyTheExactOnWord) {
         return fontChoiceOf(rec);
     };
     EXPECT_EQ(font("  ArialBlack"), 1);
-    EXPECT_EQ(font("TimesNewRoman" + spaces(17)), 2);
+    EXPECT_EQ(font(QByteArray("TimesNewRoman").leftJustified(30)), 2);
     EXPECT_EQ(font("TimesNewRo"), 3);
     EXPECT_EQ(font(""), 3);
 }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
+
 namespace {
 
 const QString kSpeakerWarning =
@@ -9,13 +11,9 @@ const QString kSpeakerWarning =
 
 struct Chain {
     const char* name;
-    bool soundOn;
-    bool internalSpeaker;
-    bool isInsteadMidi;
-    bool library;
-    bool waveExists;
-    bool wavePlays;
-    bool errMsgPop;
+    // S sound on, I internal speaker, M speaker instead of midi, L library there, X wave exists, P wave plays,
+    // E error boxes pop up
+    const char* on;
     uint32_t midiPlayResult;
     QStringList expected; // "SONG" stands for the song's path without its first 7 characters
     int sweeps;
@@ -38,65 +36,42 @@ QStringList operator+(const QString& a, const QStringList& b) {
 }
 
 TEST(Form9Test, EveryChainOfPlaySound) {
-    // name, sound on, speaker, speaker instead of midi, library, wave exists, wave plays, error pop, midi play
     const std::vector<Chain> chains = {
-        {"sound off", false, true, true, true, true, true, true, 0, {}, 0},
-        {"wave plays", true, false, false, true, true, true, true, 0, {kStop, kWave1}, 0},
-        {"speaker chosen", true, true, false, true, true, true, true, 0, {}, 1},
-        {"speaker chosen, library missing",
-         true,
-         true,
-         false,
-         false,
-         true,
-         true,
-         true,
-         0,
-         {kSpeakerWarning, kStop, kWave1},
-         0},
+        {"sound off", "IMLXPE", 0, {}, 0},
+        {"wave plays", "SLXPE", 0, {kStop, kWave1}, 0},
+        {"speaker chosen", "SILXPE", 0, {}, 1},
+        {"speaker chosen, library missing", "SIXPE", 0, {kSpeakerWarning, kStop, kWave1}, 0},
         // When the wave player refuses:
-        {"instead of midi, library, wave missing", true, false, true, true, false, false, false, 0, {kStop, kWave1}, 1},
-        {"instead of midi, library, wave there", true, false, true, true, true, false, true, 0, {kStop, kWave1}, 1},
-        {"instead of midi, no library, wave missing", true, false, true, false, false, false, true, 0,
+        {"instead of midi, library, wave missing", "SML", 0, {kStop, kWave1}, 1},
+        {"instead of midi, library, wave there", "SMLXE", 0, {kStop, kWave1}, 1},
+        {"instead of midi, no library, wave missing", "SME", 0,
          QStringList{kStop, kWave1} + kNotFound + QStringList{kSpeakerWarning}, 0},
-        {"instead of midi, no library, error pop", true, false, true, false, true, false, true, 0,
+        {"instead of midi, no library, error pop", "SMXE", 0,
          QStringList{kStop, kWave1} + kMidi + QStringList{kSpeakerWarning}, 0},
-        {"instead of midi, no library, no error pop",
-         true,
-         false,
-         true,
-         false,
-         true,
-         false,
-         false,
-         0,
-         {kStop, kWave1, kSpeakerWarning},
-         0},
-        {"midi, wave missing", true, false, false, false, false, false, true, 0, QStringList{kStop, kWave1} + kNotFound,
-         0},
-        {"midi, wave missing, library there", true, false, false, true, false, false, false, 0,
-         QStringList{kStop, kWave1} + kNotFound, 0},
-        {"midi", true, false, false, false, true, false, true, 0, QStringList{kStop, kWave1} + kMidi, 0},
-        {"midi, library there", true, false, false, true, true, false, true, 0, QStringList{kStop, kWave1} + kMidi, 0},
-        {"silence", true, false, false, true, true, false, false, 0, {kStop, kWave1}, 0},
-        {"midi cannot play", true, false, false, false, true, false, true, 263,
-         QStringList{kStop, kWave1} + kMidi + kMidiFailed, 0},
-        {"speaker chosen, library missing, nothing plays", true, true, true, false, false, false, true, 0,
+        {"instead of midi, no library, no error pop", "SMX", 0, {kStop, kWave1, kSpeakerWarning}, 0},
+        {"midi, wave missing", "SE", 0, QStringList{kStop, kWave1} + kNotFound, 0},
+        {"midi, wave missing, library there", "SL", 0, QStringList{kStop, kWave1} + kNotFound, 0},
+        {"midi", "SXE", 0, QStringList{kStop, kWave1} + kMidi, 0},
+        {"midi, library there", "SLXE", 0, QStringList{kStop, kWave1} + kMidi, 0},
+        {"silence", "SLX", 0, {kStop, kWave1}, 0},
+        {"midi cannot play", "SXE", 263, QStringList{kStop, kWave1} + kMidi + kMidiFailed, 0},
+        {"speaker chosen, library missing, nothing plays", "SIME", 0,
          kSpeakerWarning + QStringList{kStop, kWave1} + kNotFound + QStringList{kSpeakerWarning}, 0},
     };
     for (const Chain& c : chains) {
         SCOPED_TRACE(c.name);
         SoundFixture f;
         Module1& m = f.ctx.m;
-        m.blnSoundOn = c.soundOn;
-        m.blnInternalSpeaker = c.internalSpeaker;
-        m.blnISInsteadMidi = c.isInsteadMidi;
-        m.blnErrMsgPop = c.errMsgPop;
-        f.ports.present = c.library;
-        f.wave.playable = c.wavePlays;
+        const auto on = [&](char flag) { return std::strchr(c.on, flag) != nullptr; };
+        m.blnSoundOn = on('S');
+        m.blnInternalSpeaker = on('I');
+        m.blnISInsteadMidi = on('M');
+        m.blnErrMsgPop = on('E');
+        f.ports.present = on('L');
+        f.wave.playable = on('P');
         f.mci.playResult = c.midiPlayResult;
-        if (c.waveExists)
-            f.writeFile(m.strSongName, "RIFF");
+        if (on('X'))
+            writeBytes(m.strSongName, "RIFF");
 
         f.ctx.sound.PlaySound(QStringLiteral("once"), m.strSongName);
 
@@ -183,9 +158,9 @@ TEST(Form9Test, SndPlaySoundPlaysOnceOrStops) {
 TEST(Form9Test, MidiCopiesAirOverTheFixedCopy) {
     SoundFixture f;
     const QString copy = f.dir.path() + QStringLiteral("/run/air.mid");
-    f.writeFile(f.ctx.appFile(QStringLiteral("air.mid")), "new air");
+    writeBytes(f.ctx.appFile(QStringLiteral("air.mid")), "new air");
     f.form9.MidiSound();
-    EXPECT_EQ(f.readFile(copy), QByteArray("new air"));
+    EXPECT_EQ(readBytes(copy), QByteArray("new air"));
     EXPECT_EQ(f.log, kMidi);
     // The folder of the copy is the user's own.
     EXPECT_EQ(QFileInfo(QFileInfo(copy).path()).permissions() & (QFileDevice::ReadOther | QFileDevice::WriteOther),
@@ -194,7 +169,7 @@ TEST(Form9Test, MidiCopiesAirOverTheFixedCopy) {
     // Without air.mid the older copy stands and is played.
     QFile::remove(f.ctx.appFile(QStringLiteral("air.mid")));
     f.form9.MidiSound();
-    EXPECT_EQ(f.readFile(copy), QByteArray("new air"));
+    EXPECT_EQ(readBytes(copy), QByteArray("new air"));
     EXPECT_EQ(f.log, kMidi + kMidi);
 
     f.ctx.m.blnSoundOn = false;
@@ -212,7 +187,7 @@ struct MidiFixture : SoundFixture {
 TEST(Form9Test, MidiRestartsFromTheBeginningAndQuotesBlanks) {
     MidiFixture f;
     const QString copy = f.dir.path() + QStringLiteral("/my run/air.mid");
-    f.writeFile(f.ctx.appFile(QStringLiteral("air.mid")), "air");
+    writeBytes(f.ctx.appFile(QStringLiteral("air.mid")), "air");
     f.midiForm.MidiSound();
     f.midiForm.MidiSound();
     EXPECT_EQ(f.sequencer.log,

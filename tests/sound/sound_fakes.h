@@ -122,15 +122,5 @@ struct SoundFixture {
             log.append(on ? QStringLiteral("timer on") : QStringLiteral("timer off"));
         };
     }
-    void writeFile(const QString& path, const QByteArray& bytes) const {
-        QFile f(path);
-        f.open(QIODevice::WriteOnly);
-        f.write(bytes);
-    }
-    QByteArray readFile(const QString& path) const {
-        QFile f(path);
-        f.open(QIODevice::ReadOnly);
-        return f.readAll();
-    }
     int sweeps() const { return ports.holds() / 30; }
 };
