@@ -1,21 +1,10 @@
 #include "alarmset/form4_settings.h"
 #include "alarmset/song_choice.h"
-#include "engine/alarm_tick.h"
 #include "fakes.h"
 
 #include <gtest/gtest.h>
 
 namespace {
-
-QByteArray le32(int32_t v) {
-    QByteArray out;
-    for (int shift = 0; shift < 32; shift += 8)
-        out.append(char((uint32_t(v) >> shift) & 0xFF));
-    return out;
-}
-QByteArray settingRecord(const QByteArray& key, int32_t v1, int32_t v2, const QByteArray& value) {
-    return key.leftJustified(17, ' ') + le32(v1) + le32(v2) + value.leftJustified(30, ' ');
-}
 
 struct Form4SettingsTest : ::testing::Test, EngineFixture {
     Form4SettingsTest() { clock.set(2002, 5, 1, 12, 0, 0); }
@@ -39,10 +28,10 @@ TEST_F(Form4SettingsTest, LoadWithoutFileKeepsEveryDefault) {
 }
 
 TEST_F(Form4SettingsTest, LoadTakesPlaceSongAndSoundBoxesFromTheirRecords) {
-    writeFile("tolm.ini", settingRecord("[TimeInputLoc]", 1200, 3000, "") + QByteArray(55, '\0') +
-                              settingRecord("[SongName]", 0, 0, "rooster") +
-                              settingRecord("[Setting]", 0, 1, "ALAEOfDCWSOfUISPOfISOMOf") + QByteArray(3 * 55, '\0') +
-                              settingRecord("[AllFont]", 0, 0, "TimesNewRoman"));
+    writeFile("tolm.ini", settingBytes("[TimeInputLoc]", 1200, 3000, "") + QByteArray(55, '\0') +
+                              settingBytes("[SongName]", 0, 0, "rooster") +
+                              settingBytes("[Setting]", 0, 1, "ALAEOfDCWSOfUISPOfISOMOf") + QByteArray(3 * 55, '\0') +
+                              settingBytes("[AllFont]", 0, 0, "TimesNewRoman"));
     Form4LoadResult loaded;
     fForm4Load(ctx, loaded);
     EXPECT_TRUE(loaded.havePosition);
@@ -60,8 +49,8 @@ TEST_F(Form4SettingsTest, LoadTakesPlaceSongAndSoundBoxesFromTheirRecords) {
 }
 
 TEST_F(Form4SettingsTest, UnwrittenPositionRecordClearsTheBufferNumbers) {
-    writeFile("tolm.ini", QByteArray(2 * 55, '\0') + settingRecord("[SongName]", 0, 0, "x") + QByteArray(4 * 55, '\0') +
-                              settingRecord("[AllFont]", 0, 0, "Arial"));
+    writeFile("tolm.ini", QByteArray(2 * 55, '\0') + settingBytes("[SongName]", 0, 0, "x") + QByteArray(4 * 55, '\0') +
+                              settingBytes("[AllFont]", 0, 0, "Arial"));
     ctx.m.recSetting.lngValue1 = 77;
     Form4LoadResult loaded;
     fForm4Load(ctx, loaded);
@@ -75,8 +64,7 @@ TEST_F(Form4SettingsTest, UnwrittenPositionRecordClearsTheBufferNumbers) {
 
 TEST_F(Form4SettingsTest, ExitStoresThePlaceAndWantsTheWindowOnlyWithRowsLeft) {
     fForm4ExitClick(ctx, 1440.4, 2879.5, ctx.lstData);
-    EXPECT_EQ(record(1).left(17), QByteArray("[TimeInputLoc]   "));
-    EXPECT_EQ(record(1).mid(17, 8), le32(1440) + le32(2880));
+    EXPECT_EQ(record(1).left(25), settingBytes("[TimeInputLoc]", 1440, 2880, "").left(25));
     EXPECT_FALSE(ctx.m.blnForm4Wanted);
 
     ctx.lstData.addItem("once 13:00:00");
@@ -105,31 +93,7 @@ TEST_F(Form4SettingsTest, SongsAreTheWaveFilesAndAClickStoresTheChoice) {
 
     SongClick(ctx, songs, 1);
     EXPECT_EQ(ctx.m.strSongName, path("rooster.wav"));
-    EXPECT_EQ(record(3), settingRecord("[SongName]", 0, 0, "rooster"));
+    EXPECT_EQ(record(3), settingBytes("[SongName]", 0, 0, "rooster"));
     PlayBClick(ctx, songs, 0);
     EXPECT_EQ(sound.waves, QStringList({path("chime.wav")}));
-}
-
-TEST_F(Form4SettingsTest, ChimeMarksFollowTheEveryBox) {
-    clock.set(2002, 5, 1, 10, 7, 0);
-    ctx.everyControls.checked = true;
-    ctx.everyControls.interval = "15";
-    chkEMPlay_Click(ctx);
-    EXPECT_TRUE(ctx.m.blnEveryMinutesOn);
-    EXPECT_TRUE(ctx.m.blnTickOn);
-    EXPECT_EQ(ctx.m.iEveryMinutes, 15);
-    EXPECT_EQ(ctx.m.iEveryNext, 15);
-    EXPECT_FALSE(ctx.everyControls.intervalEnabled);
-
-    ctx.everyControls.interval = "60";
-    chkEMPlay_Click(ctx);
-    EXPECT_EQ(ctx.m.iEveryMinutes, 60);
-    EXPECT_EQ(ctx.m.iEveryNext, 11);
-
-    // Unchecked: off at once, the tick keeps its state.
-    ctx.everyControls.checked = false;
-    chkEMPlay_Click(ctx);
-    EXPECT_FALSE(ctx.m.blnEveryMinutesOn);
-    EXPECT_TRUE(ctx.m.blnTickOn);
-    EXPECT_TRUE(ctx.everyControls.intervalEnabled);
 }

@@ -5,10 +5,6 @@
 
 namespace {
 
-QByteArray record(const QByteArray& line) {
-    return '"' + line + "\"\r\n";
-}
-
 struct DataFileTest : ::testing::Test, EngineFixture {
     DataFileTest() {
         clock.set(2002, 5, 1, 12, 0, 0);
@@ -19,8 +15,13 @@ struct DataFileTest : ::testing::Test, EngineFixture {
 } // namespace
 
 TEST_F(DataFileTest, LoadMergesComingRowsAndDropsPassedOnesSilently) {
-    writeFile("my.dat", record("twice 13:00:00") + record("once 12:00:00") + record("repeat 12:30:00") +
-                            record("Dentist at 13:00:00") + record("Lunch at 11:00:00"));
+    LoadClick(ctx, "my");
+    EXPECT_EQ(notices.warnings, QStringList({"my, file not found"}));
+    EXPECT_FALSE(ctx.m.blnTickOn);
+
+    writeFile("my.dat", quotedRecord("twice 13:00:00") + quotedRecord("once 12:00:00") +
+                            quotedRecord("repeat 12:30:00") + quotedRecord("Dentist at 13:00:00") +
+                            quotedRecord("Lunch at 11:00:00"));
     LoadClick(ctx, "my.dat");
     EXPECT_EQ(ctx.lstData.items(), QStringList({"repeat 12:30:00", "twice 13:00:00"}));
     // The first row into an empty list stands unselected; later ones leave the last inserted selected.
@@ -35,43 +36,28 @@ TEST_F(DataFileTest, LoadMergesComingRowsAndDropsPassedOnesSilently) {
     EXPECT_EQ(ctx.lstMessage.count(), 2);
 }
 
-TEST_F(DataFileTest, BadRecordsAreNumberedByPositionAndTheEighthStops) {
-    QByteArray bytes = record("once 13:00:00") + record("twice 13:01:00") + record("thrice 13:02:00");
-    for (int i = 0; i < 9; ++i)
-        bytes += record("nonsense");
-    writeFile("bad.dat", bytes);
-    LoadClick(ctx, "bad.dat");
-    EXPECT_EQ(ctx.lstData.count(), 3);
-    ASSERT_EQ(notices.shared.lines.size(), 10);
-    EXPECT_EQ(notices.shared.lines.first(), "bad.dat");
-    EXPECT_EQ(notices.shared.lines.at(1), "Invalid data in file, Data  4");
-    EXPECT_EQ(notices.shared.lines.at(8), "Invalid data in file, Data  11");
-    EXPECT_EQ(notices.shared.lines.last(), "bad.dat seems to be wrong format");
-    EXPECT_EQ(notices.beeps, 1);
-}
-
-TEST_F(DataFileTest, SevenBadRecordsDoNotStopALoadAndEachFileGetsItsNameAndBeep) {
-    QByteArray bytes;
+TEST_F(DataFileTest, BadRecordsAreNumberedByPositionInEachFileAndTheEighthStops) {
+    QByteArray seven;
     for (int i = 0; i < 7; ++i)
-        bytes += record("nonsense");
-    writeFile("seven.dat", bytes + record("once 13:00:00"));
-    writeFile("one.dat", record("nonsense") + record("twice 14:00:00"));
-    LoadClick(ctx, "seven.dat");
-    LoadClick(ctx, "one.dat");
-    EXPECT_EQ(ctx.lstData.items(), QStringList({"once 13:00:00", "twice 14:00:00"}));
-    // Each file starts its count afresh: one.dat's single bad record is not the eighth.
-    ASSERT_EQ(notices.shared.lines.size(), 10);
-    EXPECT_EQ(notices.shared.lines.at(0), "seven.dat");
-    EXPECT_EQ(notices.shared.lines.at(7), "Invalid data in file, Data  7");
-    EXPECT_EQ(notices.shared.lines.at(8), "one.dat");
-    EXPECT_EQ(notices.shared.lines.at(9), "Invalid data in file, Data  1");
-    EXPECT_EQ(notices.beeps, 2);
-}
-
-TEST_F(DataFileTest, MissingFileIsReportedAndChangesNothing) {
-    LoadClick(ctx, "my");
-    EXPECT_EQ(notices.warnings, QStringList({"my, file not found"}));
-    EXPECT_FALSE(ctx.m.blnTickOn);
+        seven += quotedRecord("nonsense");
+    writeFile("seven.dat", seven + quotedRecord("once 13:00:00"));
+    writeFile("one.dat", quotedRecord("nonsense") + quotedRecord("twice 14:00:00"));
+    writeFile("bad.dat", quotedRecord("once 15:00:00") + quotedRecord("twice 15:01:00") +
+                             quotedRecord("thrice 15:02:00") + seven + quotedRecord("nonsense") +
+                             quotedRecord("nonsense") + quotedRecord("once 16:00:00"));
+    for (const char* name : {"seven.dat", "one.dat", "bad.dat"})
+        LoadClick(ctx, name);
+    // Seven bad records do not stop a load, and each file starts its count afresh.
+    EXPECT_EQ(ctx.lstData.items(),
+              QStringList({"once 13:00:00", "twice 14:00:00", "once 15:00:00", "twice 15:01:00", "thrice 15:02:00"}));
+    const QStringList& lines = notices.shared.lines;
+    ASSERT_EQ(lines.size(), 20);
+    EXPECT_EQ(lines.mid(0, 2), QStringList({"seven.dat", "Invalid data in file, Data  1"}));
+    EXPECT_EQ(lines.mid(7, 3),
+              QStringList({"Invalid data in file, Data  7", "one.dat", "Invalid data in file, Data  1"}));
+    EXPECT_EQ(lines.mid(10, 2), QStringList({"bad.dat", "Invalid data in file, Data  4"}));
+    EXPECT_EQ(lines.mid(18), QStringList({"Invalid data in file, Data  11", "bad.dat seems to be wrong format"}));
+    EXPECT_EQ(notices.beeps, 3);
 }
 
 TEST_F(DataFileTest, SaveWritesBothListsAndLoadsBackOnAnotherDay) {

@@ -100,8 +100,10 @@ TEST(EventChecker, ChimeMarks) {
     checker.StartEveryMinutes(controls, minutes, flag, mark, 10, 50);
     EXPECT_EQ(mark, 0);
     controls.interval = "60";
-    checker.StartEveryMinutes(controls, minutes, flag, mark, 23, 10);
+    checker.StartEveryMinutes(controls, minutes, flag, mark, 10, 7);
     EXPECT_EQ(minutes, 60);
+    EXPECT_EQ(mark, 11); // hourly marks name the hour
+    checker.StartEveryMinutes(controls, minutes, flag, mark, 23, 10);
     EXPECT_EQ(mark, 0);
     controls.checked = false;
     flag = 0;
