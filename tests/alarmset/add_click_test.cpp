@@ -1,5 +1,6 @@
 #include "alarmset/add_click.h"
 #include "alarmset/form4_links.h"
+#include "alarmset/time_input.h"
 #include "engine/alarm_tick.h"
 #include "fakes.h"
 
@@ -32,6 +33,15 @@ struct AddClickTest : ::testing::Test, EngineFixture {
         return ctx.lstData.item(ctx.lstData.listIndex());
     }
 };
+
+struct TimeInputTest : ::testing::Test, EngineFixture {};
+
+QStringList twoDigitItems(int from, int to) {
+    QStringList items;
+    for (int n = from; n <= to; ++n)
+        items.append(QString::number(n).rightJustified(2, '0'));
+    return items;
+}
 
 } // namespace
 
@@ -184,4 +194,55 @@ TEST_F(AddClickTest, AlarmAddedForTwoSecondsAheadFiresOnTheTick) {
     EXPECT_EQ(sound.played, QStringList({"once|" + ctx.m.strSongName}));
     EXPECT_TRUE(ctx.lstData.isEmpty());
     EXPECT_FALSE(ctx.m.blnHaveAlarms);
+}
+
+TEST_F(TimeInputTest, KeysPassDigitsAndBackspaceOnlyAndReleaseWipesAThirdCharacter) {
+    for (QChar key : QString("0123456789\b"))
+        EXPECT_TRUE(TimeBoxKeyPress(ctx, key)) << int(key.unicode());
+    EXPECT_EQ(notices.beeps, 0);
+    for (QChar key : QString("a: -\x1b\x16"))
+        EXPECT_FALSE(TimeBoxKeyPress(ctx, key)) << int(key.unicode());
+    EXPECT_EQ(notices.beeps, 6);
+    const std::pair<QString, QString> released[] = {{"12", "12"}, {"123", ""}, {"pasted", ""}};
+    for (auto [text, left] : released) {
+        TimeBoxKeyUp(ctx, text);
+        EXPECT_EQ(text, left);
+    }
+    EXPECT_EQ(notices.beeps, 8);
+}
+
+TEST_F(TimeInputTest, FirstDropDownCompletesTheSixtyAndNoLaterOneAddsMore) {
+    QStringList minutes = twoDigitItems(0, 9);
+    MinDropDown(minutes);
+    ASSERT_EQ(minutes.size(), 60);
+    EXPECT_EQ(minutes.at(10), "10");
+    EXPECT_EQ(minutes.last(), "59");
+    MinDropDown(minutes);
+    EXPECT_EQ(minutes.size(), 60);
+
+    QStringList seconds = twoDigitItems(0, 9);
+    SecDropDown(seconds);
+    SecDropDown(seconds);
+    EXPECT_EQ(seconds, minutes);
+}
+
+TEST_F(TimeInputTest, AnotherDaySwapsTheDateColoursAndTodayRestoresThem) {
+    clock.set(2002, 5, 1, 23, 59, 0);
+    const QColor fore(Qt::darkBlue), back(Qt::white);
+    DateLabel label;
+    DateClick(ctx, QDate(2002, 4, 3), fore, back, label);
+    EXPECT_EQ(ctx.m.strAlarmDate, "2002/04/03");
+    EXPECT_EQ(label.caption, "2002/04/03");
+    EXPECT_EQ(label.fore, back);
+    EXPECT_EQ(label.back, fore);
+
+    DateClick(ctx, QDate(2002, 5, 1), fore, back, label);
+    EXPECT_EQ(label.caption, "2002/05/01");
+    EXPECT_EQ(label.fore, fore);
+    EXPECT_EQ(label.back, back);
+
+    // Past midnight the chosen day is no longer today.
+    clock.set(2002, 5, 2, 0, 0, 1);
+    DateClick(ctx, QDate(2002, 5, 1), fore, back, label);
+    EXPECT_EQ(label.fore, back);
 }

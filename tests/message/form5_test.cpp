@@ -1,7 +1,9 @@
 #include "engine/schedule_file.h"
 #include "fakes.h"
+#include "message/message_text.h"
 #include "message/ui/form5.h"
 #include "message/ui/message_text_box.h"
+#include "qt_printers.h"
 
 #include <QApplication>
 #include <QInputMethodEvent>
@@ -94,4 +96,30 @@ TEST_F(Form5Test, BrowsingOnTheWindowAndTheTitleBarCloseIsAbandon) {
     EXPECT_EQ(form.txtInput->message(), "");
     EXPECT_EQ(form.cmdCancel->text(), "Abandon");
     EXPECT_FALSE(form.cmdShowMessages->isVisible());
+}
+
+using namespace message_text;
+
+TEST(MessageText, LineBreaksAndTheLengthLimit) {
+    EXPECT_EQ(stored(QStringLiteral("a\nb") + QChar::ParagraphSeparator), "a\r\nb\r\n");
+    EXPECT_EQ(shown("a\r\nb"), "a\nb");
+    const QString full(kMaxLength, 'a');
+    EXPECT_EQ(fitting(full, u"", "b"), "");
+    EXPECT_EQ(fitting(full, u"aa", "\"xyz"), "'x"); // a selection makes room; quotes turn
+    const QString oneShort(kMaxLength - 1, 'a');
+    EXPECT_EQ(fitting(oneShort, u"", "\n"), ""); // a line break counts as CR LF
+    EXPECT_EQ(fitting(oneShort, u"\n", "\n\n"), "\n");
+}
+
+TEST(MessageText, TextSizeSteps) {
+    for (double refused : {6.0, 5.0}) {
+        double size = refused;
+        EXPECT_FALSE(smaller(size));
+        EXPECT_EQ(size, refused);
+    }
+    double size = 16;
+    EXPECT_TRUE(larger(size));
+    EXPECT_EQ(size, 17);
+    size = 16.8;
+    EXPECT_FALSE(larger(size));
 }

@@ -1,7 +1,7 @@
-#include "settings/form7_options.h"
-
 #include "engine/form4_ui.h"
 #include "fakes.h"
+#include "settings/autostart.h"
+#include "settings/form7_options.h"
 
 #include <gtest/gtest.h>
 
@@ -26,6 +26,18 @@ struct Form7OptionsTest : ::testing::Test, EngineFixture {
     RecordingForm4 form4;
     Form7Options& f7 = ctx.form7;
     const Form7State& s = ctx.form7.state();
+};
+// Points the user's folders at a temporary place for one test.
+struct AutostartTest : ::testing::Test, EngineFixture {
+    QTemporaryDir config;
+    QByteArray savedConfig = qgetenv("XDG_CONFIG_HOME");
+    QByteArray savedHome = qgetenv("HOME");
+    AutostartTest() { qputenv("XDG_CONFIG_HOME", config.path().toUtf8()); }
+    ~AutostartTest() override {
+        qputenv("XDG_CONFIG_HOME", savedConfig);
+        qputenv("HOME", savedHome);
+    }
+    QString entry() const { return config.path() + "/autostart/bwktolm.desktop"; }
 };
 } // namespace
 
@@ -79,17 +91,32 @@ TEST_F(Form7OptionsTest, ClickLogicRunsOnlyWhenAValueChanges) {
     EXPECT_EQ(s.optFont, 3);
 }
 
-TEST_F(Form7OptionsTest, SecondPageButtonsSayDoneWhateverHappens) {
-    QTemporaryDir config;
-    const QByteArray saved = qgetenv("XDG_CONFIG_HOME");
-    qputenv("XDG_CONFIG_HOME", config.path().toUtf8());
-    f7.Load(ctx);
-    f7.RunClick(ctx, "/opt/bellwick/bin/bellwick");
-    EXPECT_TRUE(QFile::exists(config.path() + "/autostart/bwktolm.desktop"));
-    f7.NoRunClick(ctx);
-    EXPECT_FALSE(QFile::exists(config.path() + "/autostart/bwktolm.desktop"));
-    f7.NoRunClick(ctx);
-    EXPECT_EQ(s.lblLoadBwk, "It is done!It is done!It is done!");
+TEST_F(AutostartTest, EntryLivesInTheConfigFolder) {
+    EXPECT_EQ(autostart::entryPath(), entry());
+    qputenv("HOME", config.path().toUtf8() + "/home");
+    qputenv("XDG_CONFIG_HOME", "");
+    EXPECT_EQ(autostart::entryPath(), config.path() + "/home/.config/autostart/bwktolm.desktop");
+    qputenv("XDG_CONFIG_HOME", "relative/config");
+    EXPECT_EQ(autostart::entryPath(), config.path() + "/home/.config/autostart/bwktolm.desktop");
+}
+
+TEST_F(AutostartTest, ExecQuotesOnlyWhenNeeded) {
+    EXPECT_EQ(autostart::execValue("/usr/bin/bellwick"), "/usr/bin/bellwick");
+    EXPECT_EQ(autostart::execValue("/home/ann/My Apps/bellwick"), "\"/home/ann/My Apps/bellwick\"");
+    // Inside quotes ", `, $ and \ take a backslash; then every backslash is doubled as in any string value.
+    EXPECT_EQ(autostart::execValue("/a$b/c\"d/e\\f"), "\"/a\\\\$b/c\\\\\"d/e\\\\\\\\f\"");
+    EXPECT_EQ(autostart::execValue("/opt/100%/bw"), "/opt/100%%/bw");
+}
+
+TEST_F(AutostartTest, SecondPageButtonsInstallAndRemoveTheEntryAndSayDoneWhateverHappens) {
+    EXPECT_TRUE(autostart::remove()); // nothing there yet
+    ctx.form7.Load(ctx);
+    ctx.form7.RunClick(ctx, "/opt/bell wick/bellwick");
+    EXPECT_EQ(readBytes(entry()), "[Desktop Entry]\nType=Application\nName=Bellwick\n"
+                                  "Exec=\"/opt/bell wick/bellwick\"\nX-GNOME-Autostart-enabled=true\n");
+    ctx.form7.NoRunClick(ctx);
+    EXPECT_FALSE(QFile::exists(entry()));
+    ctx.form7.NoRunClick(ctx);
+    EXPECT_EQ(ctx.form7.state().lblLoadBwk, "It is done!It is done!It is done!");
     EXPECT_EQ(notices.beeps, 3);
-    qputenv("XDG_CONFIG_HOME", saved);
 }
