@@ -5,10 +5,8 @@
 #include "eventlist/ui/bwklistbox_view.h"
 #include "fakes.h"
 
-#include <QApplication>
 #include <QCalendarWidget>
 #include <QCheckBox>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>

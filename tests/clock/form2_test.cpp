@@ -6,7 +6,6 @@
 #include "settings/settings_records.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPointer>

@@ -5,8 +5,6 @@
 #include "datafiles/ui/form14.h"
 #include "fakes.h"
 
-#include <QApplication>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPointer>

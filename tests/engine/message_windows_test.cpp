@@ -3,9 +3,7 @@
 #include "fakes.h"
 #include "sound/ui/form11.h"
 
-#include <QApplication>
 #include <QComboBox>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPointer>
 #include <gtest/gtest.h>

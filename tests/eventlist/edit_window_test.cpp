@@ -8,11 +8,9 @@
 #include "settings/settings_records.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QCalendarWidget>
 #include <QComboBox>
 #include <QInputMethodEvent>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
 #include <QMenu>

@@ -3,11 +3,8 @@
 #include "message/message_text.h"
 #include "message/ui/form5.h"
 #include "message/ui/message_text_box.h"
-#include "qt_printers.h"
 
-#include <QApplication>
 #include <QInputMethodEvent>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPushButton>

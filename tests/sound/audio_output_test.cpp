@@ -9,8 +9,6 @@
 
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QThread>
 #include <gtest/gtest.h>
 
@@ -22,21 +20,16 @@ namespace {
 const QString kData = QStringLiteral(BELLWICK_DATA_DIR);
 
 // Chooses SDL's audio driver for one test and puts the old choice back after it.
-class AudioDriver {
-public:
-    explicit AudioDriver(const QByteArray& driver, const QByteArray& file = QByteArray())
-        : m_driver(qgetenv("SDL_AUDIODRIVER")), m_file(qgetenv("SDL_DISKAUDIOFILE")) {
+struct AudioDriver {
+    const QByteArray savedDriver = qgetenv("SDL_AUDIODRIVER"), savedFile = qgetenv("SDL_DISKAUDIOFILE");
+    explicit AudioDriver(const QByteArray& driver, const QByteArray& file = QByteArray()) {
         qputenv("SDL_AUDIODRIVER", driver);
         qputenv("SDL_DISKAUDIOFILE", file);
     }
     ~AudioDriver() {
-        qputenv("SDL_AUDIODRIVER", m_driver);
-        qputenv("SDL_DISKAUDIOFILE", m_file);
+        qputenv("SDL_AUDIODRIVER", savedDriver);
+        qputenv("SDL_DISKAUDIOFILE", savedFile);
     }
-
-private:
-    QByteArray m_driver;
-    QByteArray m_file;
 };
 
 struct Recording {
@@ -68,9 +61,7 @@ Recording record(const std::function<void(SdlAudio&)>& play) {
         r.channels = audio.channels();
         play(audio);
     }
-    QFile f(file);
-    f.open(QIODevice::ReadOnly);
-    const QByteArray bytes = f.readAll();
+    const QByteArray bytes = readBytes(file);
     r.samples.resize(bytes.size() / 2);
     memcpy(r.samples.data(), bytes.constData(), r.samples.size() * 2);
     return r;
@@ -151,16 +142,8 @@ TEST(AudioOutputTest, SweepSoundsAsSquareWavesAtTheTimerFrequencies) {
     for (int f = 2000; f >= 550; f -= 50, ++i) {
         const int divisor = static_cast<int>(std::nearbyint(1193280.0f / static_cast<float>(f)));
         const double expected = 1193182.0 / divisor;
-        long first = -1, last = -1, edges = 0;
-        for (size_t k = start + i * tone + 1; k < start + (i + 1) * tone; ++k) {
-            if (r.samples[(k - 1) * r.channels] <= 0 && r.samples[k * r.channels] > 0) {
-                first = first < 0 ? long(k) : first;
-                last = long(k);
-                ++edges;
-            }
-        }
-        ASSERT_GE(edges, 2);
-        const double measured = (edges - 1) * double(r.rate) / double(last - first);
+        const double measured =
+            measuredFrequency(r.samples, r.channels, r.rate, start + i * tone, start + (i + 1) * tone);
         EXPECT_NEAR(measured, expected, expected * 0.01) << "tone " << i;
     }
     EXPECT_EQ(r.peak(start + 30 * tone), 0) << "silent after the sweep";
@@ -194,10 +177,7 @@ TEST(AudioOutputTest, FileThatIsNotAudioCannotBePlayed) {
     AudioDriver driver("dummy");
     QTemporaryDir dir;
     const QString text = dir.filePath(QStringLiteral("song.wav"));
-    QFile file(text);
-    file.open(QIODevice::WriteOnly);
-    file.write("not a sound at all");
-    file.close();
+    writeBytes(text, "not a sound at all");
     SdlAudio audio;
     SdlWaveOutput wave(audio);
     SdlMidiSequencer midi(audio);

@@ -124,3 +124,16 @@ struct SoundFixture {
     }
     int sweeps() const { return ports.holds() / 30; }
 };
+
+// The frequency the rising edges of one channel make in frames [from, to), or 0 with fewer than two edges.
+inline double measuredFrequency(const std::vector<int16_t>& s, int channels, int rate, size_t from, size_t to) {
+    long first = -1, last = -1, edges = 0;
+    for (size_t i = from + 1; i < to; ++i) {
+        if (s[(i - 1) * channels] <= 0 && s[i * channels] > 0) {
+            first = first < 0 ? long(i) : first;
+            last = long(i);
+            ++edges;
+        }
+    }
+    return edges < 2 ? 0 : (edges - 1) * double(rate) / double(last - first);
+}

@@ -5,8 +5,6 @@
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
-#include <QFile>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 #include <linux/input.h>
@@ -15,19 +13,17 @@ namespace {
 
 // The divisors of the sweep, 2000 Hz down to 550 Hz in steps of 50: 1193280 over f in single precision,
 // rounded half to even.
-std::vector<int> sweepDivisors() {
-    return {597, 612, 628,  645,  663,  682,  702,  723,  746,  770,  796,  823,  852,  884,  918,
-            955, 994, 1038, 1085, 1136, 1193, 1256, 1326, 1404, 1492, 1591, 1705, 1836, 1989, 2170};
-}
+const std::vector<int> kSweepDivisors = {597,  612,  628,  645,  663,  682,  702,  723,  746,  770,
+                                         796,  823,  852,  884,  918,  955,  994,  1038, 1085, 1136,
+                                         1193, 1256, 1326, 1404, 1492, 1591, 1705, 1836, 1989, 2170};
 
 TEST(SpeakerTest, OneSweepOnThePorts) {
     SoundFixture f;
     f.ports.portB = 0xA4; // other bits of port B must survive
     f.form9.InternalSpeaker();
 
-    const std::vector<int> divisors = sweepDivisors();
     std::vector<PortLog::Access> expected;
-    for (int d : divisors) {
+    for (int d : kSweepDivisors) {
         const std::vector<PortLog::Access> tone = {
             {'o', 0x43, 0xB6}, {'o', 0x42, d & 255},         {'o', 0x42, d / 256}, {'i', 0x61, 0xA4},
             {'o', 0x61, 0xA7}, {'h', 0, Form9::kToneHoldMs}, {'i', 0x61, 0xA7},    {'o', 0x61, 0xA4}};
@@ -48,14 +44,11 @@ TEST(SpeakerTest, ModelTurnsTheSweepIntoTones) {
     Form9 form9(f.ctx, SoundDevices{f.wave, f.mci, model, QString()});
 
     form9.InternalSpeaker();
-    const std::vector<int> divisors = sweepDivisors();
-    ASSERT_EQ(output.tones.size(), divisors.size());
-    for (size_t i = 0; i < divisors.size(); ++i) {
-        EXPECT_DOUBLE_EQ(output.tones[i].hz, 1193182.0 / divisors[i]);
+    ASSERT_EQ(output.tones.size(), kSweepDivisors.size());
+    for (size_t i = 0; i < kSweepDivisors.size(); ++i) {
+        EXPECT_DOUBLE_EQ(output.tones[i].hz, 1193182.0 / kSweepDivisors[i]);
         EXPECT_EQ(output.tones[i].ms, Form9::kToneHoldMs);
     }
-    EXPECT_NEAR(output.tones.front().hz, 1998.6, 0.1);
-    EXPECT_NEAR(output.tones.back().hz, 549.9, 0.1);
     EXPECT_EQ(model.frequency(), 0);
     EXPECT_EQ(model.portB(), 0x30);
 
@@ -94,22 +87,6 @@ TEST(SpeakerTest, ModelSoundsOnlyWithGateSpeakerAndSquareWave) {
     EXPECT_DOUBLE_EQ(output.tones[0].hz, 1193182.0 / 0x1000);
     EXPECT_EQ(output.tones[0].ms, 7);
     EXPECT_EQ(output.tones[1].hz, 0);
-}
-
-// Rising edges of one channel in [from, to): their count and the frequency they make.
-double measuredFrequency(const std::vector<int16_t>& s, int channels, int rate, size_t from, size_t to) {
-    long first = -1;
-    long last = -1;
-    int edges = 0;
-    for (size_t i = from + 1; i < to; ++i) {
-        if (s[(i - 1) * channels] <= 0 && s[i * channels] > 0) {
-            if (first < 0)
-                first = static_cast<long>(i);
-            last = static_cast<long>(i);
-            ++edges;
-        }
-    }
-    return edges < 2 ? 0 : (edges - 1) * static_cast<double>(rate) / (last - first);
 }
 
 TEST(SpeakerTest, SynthMakesSquareWavesOfTheQueuedTones) {
