@@ -18,7 +18,7 @@ struct Form1Test : ::testing::Test, EngineFixture {
 
 } // namespace
 
-TEST_F(Form1Test, MenuCaptionsInOrderAndTheTickRunsEvery800ms) {
+TEST_F(Form1Test, MenuCaptionsInOrderTheTickRunsEvery800msAndHelpWithoutItsFileWarns) {
     QStringList captions;
     for (QAction* a : form1.mPopup()->actions())
         captions.append(a->isSeparator() ? "-" : a->text());
@@ -26,6 +26,11 @@ TEST_F(Form1Test, MenuCaptionsInOrderAndTheTickRunsEvery800ms) {
                                      "-", " Disable  ", " Remove  "}));
     EXPECT_EQ(form1.Timer1().interval(), 800);
     EXPECT_TRUE(form1.Timer1().isActive());
+
+    form1.mHelp_Click();
+    EXPECT_EQ(notices.warnings,
+              QStringList({"Help file not found, please visit Bellwick's home page for getting help!"}));
+    EXPECT_EQ(notices.beeps, 1);
 }
 
 TEST_F(Form1Test, LeftClickStopsUnlessAnErrorBoxIsUp) {
@@ -58,13 +63,6 @@ TEST_F(Form1Test, DisableStopsTheTickAndKeepsTheRepeatFlag) {
     EXPECT_FALSE(form1.Timer1().isActive());
     ctx.setTimer1Enabled(true);
     EXPECT_TRUE(form1.Timer1().isActive());
-}
-
-TEST_F(Form1Test, HelpWithoutItsFileWarnsAndBeeps) {
-    form1.mHelp_Click();
-    EXPECT_EQ(notices.warnings,
-              QStringList({"Help file not found, please visit Bellwick's home page for getting help!"}));
-    EXPECT_EQ(notices.beeps, 1);
 }
 
 namespace {

@@ -108,19 +108,17 @@ TEST(Bwklistbox, BulkLoadMatchesOneByOneInsertion) {
         ASSERT_EQ(bulk.lstMain.isSelected(r), single.lstMain.isSelected(r)) << r;
 }
 
-TEST(Bwklistbox, RewriteIsByteExactAndSortedWithMarksTurnedIntoWords) {
-    QTemporaryDir dir;
+TEST_F(SaveAllEventsTest, RewriteIsByteExactAndSortedWithMarksTurnedIntoWords) {
     Bwklistbox list;
     list.ShowData("x", "2002/05/01-08:30:00", "", false);
     list.ShowData("=", "2002/05/01-08:30:00", "Dentist", false);
     list.ShowData("~", "2001/01/01-00:00:00", "a\r\nb", false);
     FileError error;
-    const QString path = dir.path() + "/future.dat";
-    ASSERT_TRUE(list.SaveAllEventsToDisk(path, error));
-    EXPECT_EQ(readBytes(path), QByteArray("\"a\r\nb2001/01/01repe00:00:00\"\r\n"
-                                          "\"Dentist2002/05/01twic08:30:00\"\r\n"
-                                          "\"2002/05/01once08:30:00\"\r\n"));
+    ASSERT_TRUE(list.SaveAllEventsToDisk(path("future.dat"), error));
+    EXPECT_EQ(readFile("future.dat"), QByteArray("\"a\r\nb2001/01/01repe00:00:00\"\r\n"
+                                                 "\"Dentist2002/05/01twic08:30:00\"\r\n"
+                                                 "\"2002/05/01once08:30:00\"\r\n"));
     list.ClearListView();
-    ASSERT_TRUE(list.SaveAllEventsToDisk(path, error));
-    EXPECT_EQ(QFileInfo(path).size(), 0);
+    ASSERT_TRUE(list.SaveAllEventsToDisk(path("future.dat"), error));
+    EXPECT_EQ(QFileInfo(path("future.dat")).size(), 0);
 }
