@@ -45,7 +45,7 @@ QStringList twoDigitItems(int from, int to) {
 
 } // namespace
 
-TEST_F(AddClickTest, TwelveHourEntryBecomesTheTwentyFourHourRow) {
+TEST_F(AddClickTest, TwelveHourEntryBecomesTheTwentyFourHourRowAndShortTextsArePadded) {
     clock.set(2002, 5, 1, 0, 0, 0);
     const struct {
         const char* hour;
@@ -60,17 +60,13 @@ TEST_F(AddClickTest, TwelveHourEntryBecomesTheTwentyFourHourRow) {
         enter(t.hour, "05", "00", t.am);
         EXPECT_EQ(add(), QString(t.row)) << t.hour << ' ' << t.am;
     }
-    EXPECT_EQ(ctx.lstData.count(), 7);
-    EXPECT_TRUE(notices.warnings.isEmpty());
-}
-
-TEST_F(AddClickTest, ShortTextsArePaddedInTheControls) {
+    // Short texts come back padded in the controls.
     enter("7", "5", "9", "PM");
     EXPECT_EQ(add(), "once 19:05:09");
-    EXPECT_EQ(entry.cbHour, "07");
-    EXPECT_EQ(entry.cbMin, "05");
-    EXPECT_EQ(entry.cbSec, "09");
+    EXPECT_EQ(entry.cbHour + entry.cbMin + entry.cbSec, "070509");
     EXPECT_EQ(ctx.form8.strEventTime, "19:05:09");
+    EXPECT_EQ(ctx.lstData.count(), 8);
+    EXPECT_TRUE(notices.warnings.isEmpty());
 }
 
 TEST_F(AddClickTest, RefusesEmptyAndOutOfRangeFields) {
