@@ -7,11 +7,9 @@
 #include "platform/ui/window_twips.h"
 #include "sound/notices.h"
 
-#include <QCloseEvent>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
-#include <QTimer>
 
 using window_twips::place;
 
@@ -42,8 +40,7 @@ Form13* Form13::FileAlreadyExist(Context& ctx, const QString& WhereDoYouComeFrom
     return form;
 }
 
-Form13::Form13(Context& ctx) : m_ctx(ctx) {
-    setAttribute(Qt::WA_DeleteOnClose);
+Form13::Form13(Context& ctx) : FrontDialog(ctx, kFrontNumber) {
     setObjectName(QStringLiteral("Form13"));
     setWindowTitle(QStringLiteral("Warning Message"));
     window_twips::sizeAndCentre(this, 3336, 1212);
@@ -77,29 +74,7 @@ void Form13::cmdCancel_Click() {
     close();
 }
 
-void Form13::changeEvent(QEvent* event) {
-    QDialog::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && !isActiveWindow())
-        QTimer::singleShot(0, this, &Form13::Form_Deactivate);
-}
-
-void Form13::Form_Deactivate() {
-    if (!isVisible()) {
-        close();
-        return;
-    }
-    if (isActiveWindow() || !m_front.lostFocus(m_ctx.m.lngTopWho))
-        return;
-    window_twips::makeTopmost(this);
-    activateWindow();
-    m_ctx.notices.Beep();
-}
-
-void Form13::closeEvent(QCloseEvent* event) {
-    // Unloaded from here on: the next opening builds the window anew.
+void Form13::unloading() {
     if (current() == this)
         current() = nullptr;
-    Front::WhoWillForeground(m_front.close(m_ctx.m.lngTopWho));
-    // Not the dialog's own closing, which would reject and keep the window up.
-    event->accept();
 }

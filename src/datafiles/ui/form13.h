@@ -1,8 +1,6 @@
 #pragma once
 
-#include "datafiles/chooser_front.h"
-
-#include <QDialog>
+#include "datafiles/ui/front_dialog.h"
 
 class Context;
 class QLabel;
@@ -10,7 +8,7 @@ class QPushButton;
 
 // "File already exists, overwrite ?": asked before a save writes over a data file. Not modal; it keeps
 // itself in front by the number 157.
-class Form13 : public QDialog {
+class Form13 : public FrontDialog {
     Q_OBJECT
 public:
     static constexpr int32_t kFrontNumber = 157;
@@ -27,17 +25,11 @@ public:
     QPushButton* cmdCancel;
 
 protected:
-    void changeEvent(QEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
-    // Escape closes the window the same way as every other way out.
-    void reject() override { close(); }
+    void unloading() override;
 
 private:
     explicit Form13(Context& ctx);
-    void Form_Deactivate();
 
-    Context& m_ctx;
-    FrontClaim m_front{kFrontNumber};
     QString m_origin;
     QString m_fileName;
 };

@@ -8,9 +8,7 @@
 #include "platform/ui/front.h"
 #include "platform/ui/typed_key.h"
 #include "platform/ui/window_twips.h"
-#include "sound/notices.h"
 
-#include <QCloseEvent>
 #include <QDir>
 #include <QKeyEvent>
 #include <QLabel>
@@ -19,7 +17,6 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
-#include <QTimer>
 
 using window_twips::place;
 
@@ -74,8 +71,7 @@ Form14* Form14::open(Context& ctx, ChooserMode mode) {
     return form;
 }
 
-Form14::Form14(Context& ctx) : m_ctx(ctx) {
-    setAttribute(Qt::WA_DeleteOnClose);
+Form14::Form14(Context& ctx) : FrontDialog(ctx, kFrontNumber) {
     setObjectName(QStringLiteral("Form14"));
     setWindowTitle(QStringLiteral(" Load Data From Files"));
     window_twips::sizeAndCentre(this, 5736, 3720);
@@ -195,29 +191,7 @@ bool Form14::eventFilter(QObject* watched, QEvent* event) {
     return QDialog::eventFilter(watched, event);
 }
 
-void Form14::changeEvent(QEvent* event) {
-    QDialog::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && !isActiveWindow())
-        QTimer::singleShot(0, this, &Form14::Form_Deactivate);
-}
-
-void Form14::Form_Deactivate() {
-    if (!isVisible()) {
-        close();
-        return;
-    }
-    if (isActiveWindow() || !m_front.lostFocus(m_ctx.m.lngTopWho))
-        return;
-    window_twips::makeTopmost(this);
-    activateWindow();
-    m_ctx.notices.Beep();
-}
-
-void Form14::closeEvent(QCloseEvent* event) {
-    // Unloaded from here on: the next opening builds the window anew.
+void Form14::unloading() {
     if (current() == this)
         current() = nullptr;
-    Front::WhoWillForeground(m_front.close(m_ctx.m.lngTopWho));
-    // Not the dialog's own closing, which would reject and keep the window up.
-    event->accept();
 }

@@ -1,9 +1,7 @@
 #pragma once
 
-#include "datafiles/chooser_front.h"
 #include "datafiles/chooser_rules.h"
-
-#include <QDialog>
+#include "datafiles/ui/front_dialog.h"
 
 class Context;
 class PictureBox;
@@ -14,7 +12,7 @@ class QPushButton;
 
 // " Load Data From Files": names a data file of the program folder to load, save or open in an editor.
 // Not modal; it keeps itself in front by the number 13. Its mode is the caption of cmdConfirm.
-class Form14 : public QDialog {
+class Form14 : public FrontDialog {
     Q_OBJECT
 public:
     static constexpr int32_t kFrontNumber = 13;
@@ -40,11 +38,8 @@ public:
     PictureBox* imgEdit;
 
 protected:
-    void changeEvent(QEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
+    void unloading() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
-    // Escape closes the window the same way as every other way out.
-    void reject() override { close(); }
 
 private:
     explicit Form14(Context& ctx);
@@ -54,8 +49,4 @@ private:
     ChooserMode mode() const;
     FileListState file1State() const;
     void unselectCurrentFile();
-    void Form_Deactivate();
-
-    Context& m_ctx;
-    FrontClaim m_front{kFrontNumber};
 };
