@@ -68,8 +68,14 @@ QChar viewMarkFromTodayRow(QStringView row) {
     return QLatin1Char('?');
 }
 
+QString scheduleMessage(const QString& message) {
+    if (!message.contains(QLatin1Char('"')))
+        return message;
+    return QString(message).replace(QLatin1Char('"'), QLatin1Char('\''));
+}
+
 QString scheduleLine(const QString& message, const QString& date, const QString& shortWord, const QString& time) {
-    return message + date + shortWord + time;
+    return scheduleMessage(message) + date + shortWord + time;
 }
 
 QString eventListRow(const QString& mark, const QString& dateTime, const QString& message) {
@@ -80,7 +86,7 @@ QString eventListRow(const QString& mark, const QString& dateTime, const QString
     row += QLatin1String("    ");
     row += dateTime;
     row += QLatin1String("        ");
-    row += message;
+    row += scheduleMessage(message);
     return row;
 }
 

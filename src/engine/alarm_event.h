@@ -32,6 +32,9 @@ inline QStringView timeOf(QStringView row) {
     return row.right(8);
 }
 
+// A message as the schedule can hold it: a double quote would end its record there and lose the event, so
+// however one came in (a message row of a data file, say) it is kept as an apostrophe.
+QString scheduleMessage(const QString& message);
 // Schedule line: message, date, 4-letter word, time.
 QString scheduleLine(const QString& message, const QString& date, const QString& shortWord, const QString& time);
 // Today row: whole word, space, time.
@@ -47,7 +50,7 @@ inline QString messageOfMessageRow(const QString& row) {
     return row.left(qMax<qsizetype>(0, row.size() - 12));
 }
 
-// Event-list row: 6 spaces, mark, 4 spaces, date-time (19), 8 spaces, message.
+// Event-list row: 6 spaces, mark, 4 spaces, date-time (19), 8 spaces, message as the schedule holds it.
 QString eventListRow(const QString& mark, const QString& dateTime, const QString& message);
 
 struct CrackedRow {

@@ -104,6 +104,19 @@ TEST_F(ScheduleFile, SaveAppendsByteExactRecordsAndShowsTheRowHighlighted) {
     EXPECT_EQ(ctx.Bwklistbox1.MultiSelectedItem(), 2);
 }
 
+TEST_F(ScheduleFile, AQuotedMessageIsKeptWithApostrophesSoTheEventSurvivesTheNextLoad) {
+    ctx.m.strAlarmDate = "2002/05/09";
+    ctx.form8 = {"08:30:00", "once", "-", false, false};
+    SaveFutureFile(ctx, "Walk \"the\" dog");
+    EXPECT_EQ(rows().at(0), "      -    2002/05/09-08:30:00        Walk 'the' dog");
+    FileError error;
+    ASSERT_TRUE(ctx.Bwklistbox1.SaveAllEventsToDisk(path("future.dat"), error));
+    ctx.Bwklistbox1.ClearListView();
+    LoadFutureFile(ctx, "future.dat");
+    EXPECT_EQ(rows(), QStringList({"      -    2002/05/09-08:30:00        Walk 'the' dog"}));
+    EXPECT_TRUE(notices.errorLists.empty());
+}
+
 TEST_F(ScheduleFile, SaveFailureIsReportedAndTheRowStillShows) {
     ctx.m.strAppPath = dir.path() + "/missing/folder/";
     ctx.m.strAlarmDate = "2002/05/01";
