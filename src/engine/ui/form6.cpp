@@ -1,8 +1,8 @@
 #include "engine/ui/form6.h"
-#include "platform/ui/typed_key.h"
 
 #include "engine/context.h"
 #include "platform/clock.h"
+#include "platform/ui/typed_key.h"
 #include "platform/ui/window_twips.h"
 #include "settings/settings_records.h"
 #include "sound/alarm_sound.h"
