@@ -17,7 +17,7 @@
 
 namespace {
 
-void fill(Bwklistbox& list, int rows) {
+void fill(EventList& list, int rows) {
     static const char* marks[] = {"-", "=", "#", "~", "x"};
     QRandomGenerator rng(42);
     list.beginBulk();
@@ -29,7 +29,7 @@ void fill(Bwklistbox& list, int rows) {
                                                              .arg(rng.bounded(60), 2, 10, QLatin1Char('0'))
                                                              .arg(rng.bounded(60), 2, 10, QLatin1Char('0'));
         const QString message = rng.bounded(2) ? QStringLiteral("Event number %1, with a message").arg(i) : QString();
-        list.ShowData(QLatin1String(marks[rng.bounded(5)]), dateTime, message, false);
+        list.insertRow(QLatin1String(marks[rng.bounded(5)]), dateTime, message, false);
     }
     list.endBulk();
 }
@@ -46,10 +46,10 @@ int main(int argc, char** argv) {
     NullNotices notices;
     NullSound sound;
     Context ctx(clock, notices, sound);
-    ctx.m.setStartValues(dir.path());
-    fill(ctx.Bwklistbox1, rows);
-    if (ctx.Bwklistbox1.lstMain.count() != rows) {
-        std::fprintf(stderr, "filled %d rows of %d\n", ctx.Bwklistbox1.lstMain.count(), rows);
+    ctx.setStartValues(dir.path());
+    fill(ctx.eventList, rows);
+    if (ctx.eventList.rows.count() != rows) {
+        std::fprintf(stderr, "filled %d rows of %d\n", ctx.eventList.rows.count(), rows);
         return 1;
     }
 
@@ -57,7 +57,7 @@ int main(int argc, char** argv) {
     for (int i = 0; i < repeats; ++i) {
         QElapsedTimer timer;
         timer.start();
-        const bool written = SaveAllEvents(ctx);
+        const bool written = saveAllEvents(ctx);
         seconds.push_back(timer.nsecsElapsed() / 1e9);
         if (!written || notices.warnings != 0)
             return 1;

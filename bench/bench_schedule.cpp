@@ -43,7 +43,7 @@ Result measure(int events) {
     NullNotices notices;
     NullSound sound;
     Context ctx(clock, notices, sound);
-    ctx.m.setStartValues(dir.path());
+    ctx.setStartValues(dir.path());
     FileError error;
     if (!record_file::rewriteRecords(ctx.appFile(QStringLiteral("future.dat")), randomSchedule(events), error)) {
         std::fprintf(stderr, "cannot write the schedule: %s\n", qPrintable(error.description));
@@ -51,14 +51,14 @@ Result measure(int events) {
     }
     QElapsedTimer timer;
     timer.start();
-    LoadFutureFile(ctx, QStringLiteral("future.dat"));
+    loadSchedule(ctx, QStringLiteral("future.dat"));
     const double load = timer.nsecsElapsed() / 1e9;
-    if (ctx.Bwklistbox1.lstMain.count() != events) {
-        std::fprintf(stderr, "loaded %d rows of %d\n", ctx.Bwklistbox1.lstMain.count(), events);
+    if (ctx.eventList.rows.count() != events) {
+        std::fprintf(stderr, "loaded %d rows of %d\n", ctx.eventList.rows.count(), events);
         std::exit(1);
     }
     timer.restart();
-    if (!ctx.Bwklistbox1.SaveAllEventsToDisk(ctx.appFile(QStringLiteral("future.dat")), error)) {
+    if (!ctx.eventList.saveToFile(ctx.appFile(QStringLiteral("future.dat")), error)) {
         std::fprintf(stderr, "cannot rewrite: %s\n", qPrintable(error.description));
         std::exit(1);
     }

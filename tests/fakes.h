@@ -1,5 +1,6 @@
 #pragma once
 
+#include "alarmset/windowless_alarm_set.h"
 #include "engine/context.h"
 #include "platform/clock.h"
 #include "qt_printers.h"
@@ -50,8 +51,8 @@ inline void typeText(QWidget* target, const QString& text) {
 struct RecordedErrorList : ErrorList {
     QStringList lines;
     bool shown = false;
-    void AddItem(const QString& text) override { lines.append(text); }
-    void Show() override { shown = true; }
+    void addLine(const QString& text) override { lines.append(text); }
+    void showList() override { shown = true; }
 };
 
 // Keeps what the engine said to the user, for the test to look at.
@@ -63,35 +64,35 @@ struct RecordingNotices : Notices {
     int beeps = 0;
     QStringList* order = nullptr; // when set, shared with the sound to see what came first
 
-    void AnswerOk(const QString& text) override { warnings.append(text); }
-    void ShowAlarmWindow(const QString& text) override {
+    void answerOk(const QString& text) override { warnings.append(text); }
+    void showAlarmWindow(const QString& text) override {
         alarmWindows.append(text);
         if (order)
             order->append(QStringLiteral("window"));
     }
-    ErrorList& NewErrorList() override {
+    ErrorList& newErrorList() override {
         errorLists.push_back(std::make_unique<RecordedErrorList>());
         return *errorLists.back();
     }
-    ErrorList& SharedErrorList() override { return shared; }
-    void Beep() override { ++beeps; }
+    ErrorList& sharedErrorList() override { return shared; }
+    void beep() override { ++beeps; }
     QStringList modalBoxes;
-    void SystemModalBox(const QString& text) override { modalBoxes.append(text); }
+    void systemModalBox(const QString& text) override { modalBoxes.append(text); }
 };
 
 // Keeps what was asked to sound.
 struct RecordingSound : AlarmSound {
     QStringList played; // "word|file"
-    QStringList waves;  // sndPlaySoundA names
+    QStringList waves;  // playWaveFile names
     int sweeps = 0;
     QStringList* order = nullptr;
-    void PlaySound(const QString& strTimes, const QString& sSoundName) override {
-        played.append(strTimes + QLatin1Char('|') + sSoundName);
+    void playAlarm(const QString& playWord, const QString& soundPath) override {
+        played.append(playWord + QLatin1Char('|') + soundPath);
         if (order)
             order->append(QStringLiteral("sound"));
     }
-    void sndPlaySoundA(const QString& name, int) override { waves.append(name); }
-    void InternalSpeaker() override { ++sweeps; }
+    void playWaveFile(const QString& name, int) override { waves.append(name); }
+    void sweepSpeaker() override { ++sweeps; }
 };
 
 // A context over a fresh program folder, a fake clock and recording services.
@@ -101,10 +102,14 @@ struct EngineFixture {
     RecordingNotices notices;
     RecordingSound sound;
     Context ctx{clock, notices, sound};
+    WindowlessAlarmSet alarmSet{ctx};
 
-    EngineFixture() { ctx.m.setStartValues(dir.path()); }
+    EngineFixture() {
+        ctx.setStartValues(dir.path());
+        ctx.alarmSetUi = &alarmSet;
+    }
 
-    QString path(const QString& name) const { return ctx.m.strAppPath + name; }
+    QString path(const QString& name) const { return ctx.folder + name; }
     void writeFile(const QString& name, const QByteArray& bytes) const { writeBytes(path(name), bytes); }
     QByteArray readFile(const QString& name) const { return readBytes(path(name)); }
 };

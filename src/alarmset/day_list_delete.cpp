@@ -1,64 +1,63 @@
 #include "alarmset/day_list_delete.h"
 
-#include "alarmset/form4_links.h"
+#include "alarmset/alarm_set_links.h"
 #include "engine/alarm_event.h"
 #include "engine/context.h"
 
 namespace {
 
 bool hasSelectedRow(const Context& ctx) {
-    return ctx.lstData.listIndex() >= 0;
+    return ctx.today.alarms.listIndex() >= 0;
 }
 
 void retakeHead(Context& ctx) {
-    Module1& m = ctx.m;
-    m.blnNeedNextAlarm = true;
-    m.blnHaveAlarms = ctx.lstData.count() > 0;
-    m.strNextAlarm.clear();
-    m.strNextPlayTimes.clear();
+    ctx.tick.needNextAlarm = true;
+    ctx.tick.haveAlarms = ctx.today.alarms.count() > 0;
+    ctx.tick.nextAlarm.clear();
+    ctx.tick.nextPlayWord.clear();
 }
 
 } // namespace
 
-void cClearMsg(Context& ctx, const Form4Links& links) {
-    const QString selected = ctx.lstData.item(ctx.lstData.listIndex());
+void deleteTodayRow(Context& ctx, const AlarmSetLinks& links) {
+    const QString selected = ctx.today.alarms.item(ctx.today.alarms.listIndex());
     const QStringView time = alarm_event::timeOf(selected);
     QList<int> rows;
-    for (int i = 0; i < ctx.lstMessage.count(); ++i) {
-        if (alarm_event::timeOf(ctx.lstMessage.item(i)) == time)
+    for (int i = 0; i < ctx.today.messages.count(); ++i) {
+        if (alarm_event::timeOf(ctx.today.messages.item(i)) == time)
             rows.append(i);
     }
     if (rows.size() > 1) {
-        // The user chooses in Form12; lstData stays out of reach meanwhile.
-        links.shadeDataList();
-        links.callGetAllMessages(static_cast<int>(rows.size()), rows);
+        // The user chooses in DeleteChooserWindow; todayList stays out of reach meanwhile.
+        links.shadeTodayList();
+        links.callChooseMessageToDelete(static_cast<int>(rows.size()), rows);
         return;
     }
     if (!hasSelectedRow(ctx))
         return;
     if (rows.size() == 1)
-        ctx.lstMessage.removeItem(rows.first());
-    ctx.lstData.removeItem(ctx.lstData.listIndex());
+        ctx.today.messages.removeItem(rows.first());
+    ctx.today.alarms.removeItem(ctx.today.alarms.listIndex());
 }
 
-void DeleteClick(Context& ctx, const Form4Links& links) {
+void deleteSelectedRow(Context& ctx, const AlarmSetLinks& links) {
     if (hasSelectedRow(ctx))
-        cClearMsg(ctx, links);
+        deleteTodayRow(ctx, links);
     retakeHead(ctx);
 }
 
-void DeleteAllClick(Context& ctx) {
-    ctx.lstData.clear();
-    ctx.lstMessage.clear();
-    ctx.m.blnNeedNextAlarm = true;
-    ctx.m.blnHaveAlarms = false;
-    ctx.m.strNextAlarm.clear();
-    ctx.m.strNextPlayTimes.clear();
+void deleteAllToday(Context& ctx) {
+    ctx.today.alarms.clear();
+    ctx.today.messages.clear();
+    ctx.tick.needNextAlarm = true;
+    ctx.tick.haveAlarms = false;
+    ctx.tick.nextAlarm.clear();
+    ctx.tick.nextPlayWord.clear();
 }
 
-void DataDblClick(Context& ctx, const Form4Links& links) {
-    if (!hasSelectedRow(ctx) || ctx.m.lngTopWho != 0)
+void openRowMessages(Context& ctx, const AlarmSetLinks& links) {
+    if (!hasSelectedRow(ctx) || ctx.front.claimant != 0)
         return;
-    links.shadeDataList();
-    links.callGetOldMessageToTextbox(QStringLiteral("DoubleClick"));
+    links.shadeTodayList();
+    links.callOpenInputMessage(QStringLiteral("DoubleClick"));
 }

@@ -4,14 +4,14 @@
 
 class Context;
 
-// txtViewM and the caption of cmdViewM.
+// messageView and the caption of viewMessagesButton.
 struct MessageView {
     bool visible = false;
     QString text;
     QString caption = QStringLiteral("View Messages");
 };
 
-// Toggles the view of today's alarms beside their messages: one line for each row of lstData.
-void ViewMClick(Context& ctx, MessageView& txtViewM);
-// Appends the first unused message of this time and uses it up in lstShadowMessage.
-void AppendShadowMessage(Context& ctx, const QString& time, QString& txtViewM);
+// Toggles the view of today's alarms beside their messages: one line for each row of todayList.
+void toggleMessageView(Context& ctx, MessageView& messageView);
+// Appends the first unused message of this time and uses it up in shadowMessages.
+void appendShadowMessage(Context& ctx, const QString& time, QString& messageView);

@@ -16,25 +16,25 @@ bool chosen(const QStringList& items, int listIndex) {
 
 } // namespace
 
-void SongDropDown(Context& ctx, QStringList& cmbShowSongs) {
-    cmbShowSongs.clear();
+void listSongs(Context& ctx, QStringList& songs) {
+    songs.clear();
     // Case-sensitive: a song is found again by its short name and ".wav", and this file system tells cases apart.
-    QDir folder(ctx.m.strAppPath, QStringLiteral("*.wav"), QDir::Unsorted, QDir::Files | QDir::CaseSensitive);
+    QDir folder(ctx.folder, QStringLiteral("*.wav"), QDir::Unsorted, QDir::Files | QDir::CaseSensitive);
     for (const QString& name : folder.entryList())
-        cmbShowSongs.append(name.left(name.size() - 4));
+        songs.append(name.left(name.size() - 4));
 }
 
-void SongClick(Context& ctx, const QStringList& cmbSelectedSong, int listIndex) {
-    if (!chosen(cmbSelectedSong, listIndex))
+void chooseSong(Context& ctx, const QStringList& songs, int listIndex) {
+    if (!chosen(songs, listIndex))
         return;
-    const QString& song = cmbSelectedSong.at(listIndex);
-    ctx.m.strSongName = ctx.m.strAppPath + song + kWave;
+    const QString& song = songs.at(listIndex);
+    ctx.soundChoice.songPath = ctx.folder + song + kWave;
     // A failed write is silent: the song stays in use until the next start.
     settings_records::writeSongName(ctx, song);
 }
 
-void PlayBClick(Context& ctx, const QStringList& cmbSong, int listIndex) {
-    if (!chosen(cmbSong, listIndex))
+void playSongTrial(Context& ctx, const QStringList& songs, int listIndex) {
+    if (!chosen(songs, listIndex))
         return;
-    ctx.sound.sndPlaySoundA(ctx.m.strAppPath + cmbSong.at(listIndex) + kWave, 1);
+    ctx.sound.playWaveFile(ctx.folder + songs.at(listIndex) + kWave, 1);
 }

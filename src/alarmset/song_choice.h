@@ -5,8 +5,8 @@
 class Context;
 
 // Rebuilds the song box at each drop-down: the wave files of the program folder, without ".wav".
-void SongDropDown(Context& ctx, QStringList& cmbShowSongs);
+void listSongs(Context& ctx, QStringList& songs);
 // A click on an item makes it the song in use and stores its name in record 3; nothing without a choice.
-void SongClick(Context& ctx, const QStringList& cmbSelectedSong, int listIndex);
+void chooseSong(Context& ctx, const QStringList& songs, int listIndex);
 // Plays the song selected in the box for trial; nothing without a choice.
-void PlayBClick(Context& ctx, const QStringList& cmbSong, int listIndex);
+void playSongTrial(Context& ctx, const QStringList& songs, int listIndex);

@@ -6,11 +6,11 @@
 
 namespace {
 
-void flipHalfOfDay(QString& txtAm) {
-    if (txtAm == QLatin1String("AM"))
-        txtAm = QStringLiteral("PM");
-    else if (txtAm == QLatin1String("PM"))
-        txtAm = QStringLiteral("AM");
+void flipHalfOfDay(QString& amPm) {
+    if (amPm == QLatin1String("AM"))
+        amPm = QStringLiteral("PM");
+    else if (amPm == QLatin1String("PM"))
+        amPm = QStringLiteral("AM");
 }
 
 // The test on exactly 10 items keeps the list from growing at later drop-downs.
@@ -25,45 +25,45 @@ constexpr char16_t kBackspace = 8;
 
 } // namespace
 
-void UpClick(QString& txtAm) {
-    flipHalfOfDay(txtAm);
+void flipHalfDayUp(QString& amPm) {
+    flipHalfOfDay(amPm);
 }
 
-void DownClick(QString& txtAm) {
-    flipHalfOfDay(txtAm);
+void flipHalfDayDown(QString& amPm) {
+    flipHalfOfDay(amPm);
 }
 
-void MinDropDown(QStringList& cbMinItems) {
-    completeSixty(cbMinItems);
+void fillMinutes(QStringList& minuteItems) {
+    completeSixty(minuteItems);
 }
 
-void SecDropDown(QStringList& cbSecItems) {
-    completeSixty(cbSecItems);
+void fillSeconds(QStringList& secondItems) {
+    completeSixty(secondItems);
 }
 
-bool TimeBoxKeyPress(Context& ctx, QChar key) {
+bool timeBoxKeyPasses(Context& ctx, QChar key) {
     if ((key >= QLatin1Char('0') && key <= QLatin1Char('9')) || key.unicode() == kBackspace)
         return true;
-    ctx.notices.Beep();
+    ctx.notices.beep();
     return false;
 }
 
-void TimeBoxKeyUp(Context& ctx, QString& text) {
+void timeBoxKeyReleased(Context& ctx, QString& text) {
     if (text.size() < 3)
         return;
     text.clear();
-    ctx.notices.Beep();
+    ctx.notices.beep();
 }
 
-void DateClick(Context& ctx, const QDate& day, const QColor& lngDateFore, const QColor& lngDateBack,
-               DateLabel& lblDate) {
-    ctx.m.strAlarmDate = dateText(QDateTime(day, QTime(0, 0)));
-    if (ctx.m.strAlarmDate == ctx.clock.dateText()) {
-        lblDate.fore = lngDateFore;
-        lblDate.back = lngDateBack;
+void pickDate(Context& ctx, const QDate& day, const QColor& dateFore, const QColor& dateBack,
+               DateLabel& dateLabel) {
+    ctx.entry.date = dateText(QDateTime(day, QTime(0, 0)));
+    if (ctx.entry.date == ctx.clock.dateText()) {
+        dateLabel.fore = dateFore;
+        dateLabel.back = dateBack;
     } else {
-        lblDate.fore = lngDateBack;
-        lblDate.back = lngDateFore;
+        dateLabel.fore = dateBack;
+        dateLabel.back = dateFore;
     }
-    lblDate.caption = ctx.m.strAlarmDate;
+    dateLabel.caption = ctx.entry.date;
 }

@@ -3,7 +3,7 @@
 #include "settings/settings_file.h"
 #include "settings/settings_records.h"
 
-ClockStoredSettings ReadClockSettings(const QString& appPath) {
+ClockStoredSettings readClockSettings(const QString& appPath) {
     using namespace settings_records;
     ClockStoredSettings s;
     if (!SettingsFile::exists(appPath))
@@ -12,25 +12,25 @@ ClockStoredSettings ReadClockSettings(const QString& appPath) {
     file.openForReading(appPath);
     SettingRecord rec;
 
-    file.read(kForm2Location, rec);
-    if (rec.keyIs(keyOf(kForm2Location))) {
+    file.read(kClockLocation, rec);
+    if (rec.keyIs(keyOf(kClockLocation))) {
         s.hasLocation = true;
-        s.top = rec.lngValue1;
-        s.left = rec.lngValue2;
+        s.top = rec.value1;
+        s.left = rec.value2;
     }
     file.read(k24Hour, rec);
     if (rec.keyIs(keyOf(k24Hour))) {
         s.has24Hour = true;
-        s.is24Hour = rec.lngValue1 == 1;
+        s.is24Hour = rec.value1 == 1;
     }
     file.read(kEnabledSecond, rec);
     if (rec.keyIs(keyOf(kEnabledSecond))) {
         s.hasEnabledSecond = true;
-        s.enabledSecond = rec.lngValue1 == 1;
+        s.enabledSecond = rec.value1 == 1;
     }
     file.read(kFontSizeOfClock, rec);
     s.sizeMatched = rec.keyIs(keyOf(kFontSizeOfClock));
-    s.sizeValue = rec.lngValue1;
+    s.sizeValue = rec.value1;
     file.close();
     return s;
 }

@@ -14,8 +14,8 @@ struct ClockStoredSettings {
     bool hasEnabledSecond = false; // "[EnabledSecond]": only 1 means on
     bool enabledSecond = false;
     bool sizeMatched = false; // "[FontSizeOfClock]"
-    int32_t sizeValue = 0;    // lngValue1 of that record as read, key or no key
+    int32_t sizeValue = 0;    // value1 of that record as read, key or no key
 };
 
 // One open of the file, records 5, 9, 10 and 11 in that order; errors are ignored.
-ClockStoredSettings ReadClockSettings(const QString& appPath);
+ClockStoredSettings readClockSettings(const QString& appPath);

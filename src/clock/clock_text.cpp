@@ -6,9 +6,9 @@ QString twoDigits(int value) {
 }
 } // namespace
 
-QString ClockTimeText(const QTime& time, bool bln24Hour, bool withSeconds) {
+QString clockTimeText(const QTime& time, bool hour24, bool withSeconds) {
     int hour = time.hour();
-    if (!bln24Hour) {
+    if (!hour24) {
         hour %= 12;
         if (hour == 0)
             hour = 12;
@@ -16,11 +16,11 @@ QString ClockTimeText(const QTime& time, bool bln24Hour, bool withSeconds) {
     QString text = twoDigits(hour) + QStringLiteral(" : ") + twoDigits(time.minute());
     if (withSeconds)
         text += QStringLiteral(" : ") + twoDigits(time.second());
-    if (!bln24Hour)
+    if (!hour24)
         text += time.hour() < 12 ? QStringLiteral("  AM") : QStringLiteral("  PM");
     return text;
 }
 
-QString ClockDateText(const QDate& date, const QLocale& locale) {
+QString clockDateText(const QDate& date, const QLocale& locale) {
     return locale.toString(date, QStringLiteral("ddd'.' dd MMM yyyy"));
 }

@@ -6,7 +6,7 @@
 #include <QTime>
 
 // What the clock shows on a tick: "hh : mm : ss  AM/PM", "hh : mm  AM/PM", "hh : mm : ss" or "hh : mm".
-QString ClockTimeText(const QTime& time, bool bln24Hour, bool withSeconds);
+QString clockTimeText(const QTime& time, bool hour24, bool withSeconds);
 
 // The date shown in place of the time: "ddd. dd mmm yyyy", names from the locale, as in "Thu. 19 Nov 2026".
-QString ClockDateText(const QDate& date, const QLocale& locale = QLocale());
+QString clockDateText(const QDate& date, const QLocale& locale = QLocale());

@@ -28,68 +28,68 @@ int32_t snapEdge(bool& flag, int32_t gap, int32_t snapDistance, int32_t proposed
 }
 } // namespace
 
-clsDockingHandler::clsDockingHandler(ScreenServices& screen)
-    : m_screen(screen), m_snapDistance(rounded(static_cast<double>(screen.TwipsPerPixelX()) * 10)) {}
+DockingHandler::DockingHandler(ScreenServices& screen)
+    : m_screen(screen), m_snapDistance(rounded(static_cast<double>(screen.twipsPerPixelX()) * 10)) {}
 
-void clsDockingHandler::StartDockDrag(float X, float Y) {
-    PixelRect area{lngWorkLeft, lngWorkTop, lngWorkRight, lngWorkBottom};
-    if (m_screen.GetWorkArea(area)) {
-        lngWorkLeft = area.left;
-        lngWorkTop = area.top;
-        lngWorkRight = area.right;
-        lngWorkBottom = area.bottom;
+void DockingHandler::startDrag(float X, float Y) {
+    PixelRect area{m_workLeft, m_workTop, m_workRight, m_workBottom};
+    if (m_screen.getWorkArea(area)) {
+        m_workLeft = area.left;
+        m_workTop = area.top;
+        m_workRight = area.right;
+        m_workBottom = area.bottom;
     }
-    const double tppX = m_screen.TwipsPerPixelX();
-    const double tppY = m_screen.TwipsPerPixelY();
-    lngWorkTop = rounded(lngWorkTop * tppY);
-    lngWorkLeft = rounded(lngWorkLeft * tppX);
-    lngWorkBottom = rounded(lngWorkBottom * tppY);
-    lngWorkRight = rounded(lngWorkRight * tppX);
-    sngGripX = X;
-    sngGripY = Y;
+    const double tppX = m_screen.twipsPerPixelX();
+    const double tppY = m_screen.twipsPerPixelY();
+    m_workTop = rounded(m_workTop * tppY);
+    m_workLeft = rounded(m_workLeft * tppX);
+    m_workBottom = rounded(m_workBottom * tppY);
+    m_workRight = rounded(m_workRight * tppX);
+    m_gripX = X;
+    m_gripY = Y;
 }
 
-void clsDockingHandler::UpdateDockDrag(float X, float Y) {
-    if (!m_parentForm)
+void DockingHandler::updateDrag(float X, float Y) {
+    if (!m_window)
         return;
-    const int32_t dx = rounded(X - sngGripX);
-    const int32_t dy = rounded(Y - sngGripY);
+    const int32_t dx = rounded(X - m_gripX);
+    const int32_t dy = rounded(Y - m_gripY);
     if (dx == 0 && dy == 0)
         return;
 
-    const double L = m_parentForm->Left();
-    const double T = m_parentForm->Top();
-    const double W = m_parentForm->Width();
-    const double H = m_parentForm->Height();
+    const double L = m_window->leftTwips();
+    const double T = m_window->topTwips();
+    const double W = m_window->widthTwips();
+    const double H = m_window->heightTwips();
 
     // Every gap is taken from the proposed position, once, before any edge is tested.
     int32_t newLeft = rounded(L + dx);
     int32_t newTop = rounded(T + dy);
-    const int32_t gapRight = rounded(lngWorkRight - (W + newLeft));
-    const int32_t gapLeft = newLeft - lngWorkLeft;
-    const int32_t gapBottom = rounded(lngWorkBottom - (H + newTop));
-    const int32_t gapTop = newTop - lngWorkTop;
+    const int32_t gapRight = rounded(m_workRight - (W + newLeft));
+    const int32_t gapLeft = newLeft - m_workLeft;
+    const int32_t gapBottom = rounded(m_workBottom - (H + newTop));
+    const int32_t gapTop = newTop - m_workTop;
 
     // Bottom adds its gap to the present top, not the proposed one: the window rests dy short of flush.
-    newTop = snapEdge(blnDockedBottom, gapBottom, m_snapDistance, newTop, rounded(T + gapBottom), rounded(T));
-    newTop = snapEdge(blnDockedTop, gapTop, m_snapDistance, newTop, lngWorkTop, rounded(T));
-    newLeft = snapEdge(blnDockedRight, gapRight, m_snapDistance, newLeft, rounded(lngWorkRight - W), rounded(L));
-    newLeft = snapEdge(blnDockedLeft, gapLeft, m_snapDistance, newLeft, lngWorkLeft, rounded(L));
+    newTop = snapEdge(m_dockedBottom, gapBottom, m_snapDistance, newTop, rounded(T + gapBottom), rounded(T));
+    newTop = snapEdge(m_dockedTop, gapTop, m_snapDistance, newTop, m_workTop, rounded(T));
+    newLeft = snapEdge(m_dockedRight, gapRight, m_snapDistance, newLeft, rounded(m_workRight - W), rounded(L));
+    newLeft = snapEdge(m_dockedLeft, gapLeft, m_snapDistance, newLeft, m_workLeft, rounded(L));
 
-    const double tppX = m_screen.TwipsPerPixelX();
-    const double tppY = m_screen.TwipsPerPixelY();
-    m_parentForm->SetWindowPos(lngInsertAfter, rounded(newLeft / tppX), rounded(newTop / tppY), rounded(W / tppX),
+    const double tppX = m_screen.twipsPerPixelX();
+    const double tppY = m_screen.twipsPerPixelY();
+    m_window->setWindowPos(m_insertAfter, rounded(newLeft / tppX), rounded(newTop / tppY), rounded(W / tppX),
                                rounded(H / tppY));
 }
 
-void clsDockingHandler::setAlwaysOnTop(bool value) {
+void DockingHandler::setAlwaysOnTop(bool value) {
     m_alwaysOnTop = value;
-    lngInsertAfter = value ? kHwndTopmost : kHwndNoTopmost;
-    if (!m_parentForm)
+    m_insertAfter = value ? kHwndTopmost : kHwndNoTopmost;
+    if (!m_window)
         return;
-    const double tppX = m_screen.TwipsPerPixelX();
-    const double tppY = m_screen.TwipsPerPixelY();
-    m_parentForm->SetWindowPos(lngInsertAfter, rounded(m_parentForm->Left() / tppX),
-                               rounded(m_parentForm->Top() / tppY), rounded(m_parentForm->Width() / tppX),
-                               rounded(m_parentForm->Height() / tppY));
+    const double tppX = m_screen.twipsPerPixelX();
+    const double tppY = m_screen.twipsPerPixelY();
+    m_window->setWindowPos(m_insertAfter, rounded(m_window->leftTwips() / tppX),
+                               rounded(m_window->topTwips() / tppY), rounded(m_window->widthTwips() / tppX),
+                               rounded(m_window->heightTwips() / tppY));
 }

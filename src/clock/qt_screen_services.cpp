@@ -17,28 +17,28 @@ QScreen* QtScreenServices::screen() {
     return QGuiApplication::primaryScreen();
 }
 
-int32_t QtScreenServices::LogPixelsX() const {
+int32_t QtScreenServices::logPixelsX() const {
     const QScreen* s = screen();
     return s ? twips::logPixels(s->logicalDotsPerInchX(), s->devicePixelRatio()) : 96;
 }
 
-float QtScreenServices::TwipsPerPixelX() const {
-    return static_cast<float>(twips::twipsPerPixel(LogPixelsX()));
+float QtScreenServices::twipsPerPixelX() const {
+    return static_cast<float>(twips::twipsPerPixel(logPixelsX()));
 }
 
-float QtScreenServices::TwipsPerPixelY() const {
+float QtScreenServices::twipsPerPixelY() const {
     const QScreen* s = screen();
     if (!s)
         return 15.0f;
     return static_cast<float>(twips::twipsPerPixel(twips::logPixels(s->logicalDotsPerInchY(), s->devicePixelRatio())));
 }
 
-int32_t QtScreenServices::ScreenWidth() const {
+int32_t QtScreenServices::screenWidth() const {
     const QScreen* s = screen();
     return s ? toDevice(s->geometry().width(), s->devicePixelRatio()) : 0;
 }
 
-bool QtScreenServices::GetWorkArea(PixelRect& area) const {
+bool QtScreenServices::getWorkArea(PixelRect& area) const {
     const QScreen* s = screen();
     if (!s)
         return false;
@@ -51,14 +51,14 @@ bool QtScreenServices::GetWorkArea(PixelRect& area) const {
     return true;
 }
 
-QPoint QtScreenServices::GetCursorPos() const {
+QPoint QtScreenServices::cursorPos() const {
     QScreen* s = screen();
     const QPoint p = s ? QCursor::pos(s) : QCursor::pos();
     const double ratio = s ? s->devicePixelRatio() : 1.0;
     return QPoint(toDevice(p.x(), ratio), toDevice(p.y(), ratio));
 }
 
-void QtScreenServices::SetCursorPos(int32_t x, int32_t y) {
+void QtScreenServices::setCursorPos(int32_t x, int32_t y) {
     QScreen* s = screen();
     const double ratio = s ? s->devicePixelRatio() : 1.0;
     const QPoint logical(static_cast<int>(roundHalfEven(x / ratio)), static_cast<int>(roundHalfEven(y / ratio)));

@@ -5,15 +5,15 @@
 
 namespace roll_up {
 
-float RolledUpTop(int32_t logPixelsX, float twipsPerPixelY, float imageHeight) {
+float rolledUpTop(int32_t logPixelsX, float twipsPerPixelY, float imageHeight) {
     if (logPixelsX > 96)
         return twipsPerPixelY - imageHeight;
     return 2 * twipsPerPixelY - imageHeight;
 }
 
-void MovePointerOffStrip(ScreenServices& screen) {
-    const QPoint ptCursor = screen.GetCursorPos();
-    screen.SetCursorPos(ptCursor.x(), static_cast<int32_t>(roundHalfEven(ptCursor.y() + screen.TwipsPerPixelX())));
+void movePointerOffStrip(ScreenServices& screen) {
+    const QPoint ptCursor = screen.cursorPos();
+    screen.setCursorPos(ptCursor.x(), static_cast<int32_t>(roundHalfEven(ptCursor.y() + screen.twipsPerPixelX())));
 }
 
 } // namespace roll_up

@@ -17,13 +17,13 @@ class ScreenServices {
 public:
     virtual ~ScreenServices() = default;
     // GetDeviceCaps(LOGPIXELSX) of the screen.
-    virtual int32_t LogPixelsX() const = 0;
-    virtual float TwipsPerPixelX() const = 0;
-    virtual float TwipsPerPixelY() const = 0;
+    virtual int32_t logPixelsX() const = 0;
+    virtual float twipsPerPixelX() const = 0;
+    virtual float twipsPerPixelY() const = 0;
     // Width of the whole screen, in pixels.
-    virtual int32_t ScreenWidth() const = 0;
+    virtual int32_t screenWidth() const = 0;
     // SPI_GETWORKAREA: the desktop less the task bar, in pixels. Leaves the rectangle alone on failure.
-    virtual bool GetWorkArea(PixelRect& area) const = 0;
-    virtual QPoint GetCursorPos() const = 0;
-    virtual void SetCursorPos(int32_t x, int32_t y) = 0;
+    virtual bool getWorkArea(PixelRect& area) const = 0;
+    virtual QPoint cursorPos() const = 0;
+    virtual void setCursorPos(int32_t x, int32_t y) = 0;
 };

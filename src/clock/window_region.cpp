@@ -51,66 +51,66 @@ struct Box {
 };
 
 Box plainBox(const ShapeControl& s) {
-    return {s.Left, s.Top, static_cast<double>(s.Left) + s.Width, static_cast<double>(s.Top) + s.Height};
+    return {s.left, s.top, static_cast<double>(s.left) + s.width, static_cast<double>(s.top) + s.height};
 }
 
 // The largest square centred in the box.
 Box centredSquare(const ShapeControl& s) {
-    if (s.Width > s.Height) {
-        const auto d = static_cast<int16_t>(roundHalfEven((s.Width - s.Height) / 2.0));
-        return {s.Left + d, s.Top, s.Left - d + static_cast<double>(s.Width), static_cast<double>(s.Top) + s.Height};
+    if (s.width > s.height) {
+        const auto d = static_cast<int16_t>(roundHalfEven((s.width - s.height) / 2.0));
+        return {s.left + d, s.top, s.left - d + static_cast<double>(s.width), static_cast<double>(s.top) + s.height};
     }
-    const auto d = static_cast<int16_t>(roundHalfEven((s.Height - s.Width) / 2.0));
-    return {s.Left, s.Top + d, static_cast<double>(s.Left) + s.Width, s.Top - d + static_cast<double>(s.Height)};
+    const auto d = static_cast<int16_t>(roundHalfEven((s.height - s.width) / 2.0));
+    return {s.left, s.top + d, static_cast<double>(s.left) + s.width, s.top - d + static_cast<double>(s.height)};
 }
 
 QRegion shapeRegion(ShapeControl& shape, int16_t xOffset, int16_t yOffset) {
-    if (shape.Shape < 0 || shape.Shape > 5)
-        shape.Shape = 2;
-    const bool square = shape.Shape == 1 || shape.Shape == 3 || shape.Shape == 5;
+    if (shape.kind < 0 || shape.kind > 5)
+        shape.kind = 2;
+    const bool square = shape.kind == 1 || shape.kind == 3 || shape.kind == 5;
     const Box box = square ? centredSquare(shape) : plainBox(shape);
     const auto px = [&](double v, int16_t offset) {
         return static_cast<int32_t>(roundHalfEven(v / kDesignTwipsPerPixel + offset));
     };
     const int32_t l = px(box.left, xOffset), t = px(box.top, yOffset);
     const int32_t r = px(box.right, xOffset), b = px(box.bottom, yOffset);
-    switch (shape.Shape) {
+    switch (shape.kind) {
     case 0:
     case 1:
-        return CreateRectRgn(l, t, r, b);
+        return rectRegion(l, t, r, b);
     case 2:
     case 3:
-        return CreateEllipticRgn(l, t, r, b);
+        return ellipseRegion(l, t, r, b);
     default:
-        return CreateRoundRectRgn(l, t, r, b, kCornerEllipse, kCornerEllipse);
+        return roundRectRegion(l, t, r, b, kCornerEllipse, kCornerEllipse);
     }
 }
 
 } // namespace
 
-QRegion CreateRectRgn(int32_t left, int32_t top, int32_t right, int32_t bottom) {
+QRegion rectRegion(int32_t left, int32_t top, int32_t right, int32_t bottom) {
     normalise(left, right);
     normalise(top, bottom);
     return QRegion(left, top, right - left, bottom - top);
 }
 
-QRegion CreateEllipticRgn(int32_t left, int32_t top, int32_t right, int32_t bottom) {
+QRegion ellipseRegion(int32_t left, int32_t top, int32_t right, int32_t bottom) {
     return roundedBox(left, top, right, bottom, std::abs(right - left), std::abs(bottom - top));
 }
 
-QRegion CreateRoundRectRgn(int32_t left, int32_t top, int32_t right, int32_t bottom, int32_t cornerWidth,
+QRegion roundRectRegion(int32_t left, int32_t top, int32_t right, int32_t bottom, int32_t cornerWidth,
                            int32_t cornerHeight) {
     return roundedBox(left, top, right, bottom, cornerWidth, cornerHeight);
 }
 
-QRegion MakeWindowRegion(std::vector<ShapeControl>& shpBorder, int16_t xOffset, int16_t yOffset) {
-    QRegion lngClockRgn;
-    for (ShapeControl& shape : shpBorder)
-        lngClockRgn = lngClockRgn.united(shapeRegion(shape, xOffset, yOffset));
-    return lngClockRgn;
+QRegion windowRegion(std::vector<ShapeControl>& borderShapes, int16_t xOffset, int16_t yOffset) {
+    QRegion outline;
+    for (ShapeControl& shape : borderShapes)
+        outline = outline.united(shapeRegion(shape, xOffset, yOffset));
+    return outline;
 }
 
-std::vector<ShapeControl> ClockBorderShapes() {
+std::vector<ShapeControl> clockBorderShapes() {
     return {
         {3, 12, 12, 252, 252},
         {0, 120, 12, 1608, 240},

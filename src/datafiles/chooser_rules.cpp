@@ -8,7 +8,7 @@ namespace {
 const QString kDat = QStringLiteral(".dat");
 
 void noFile(Context& ctx) {
-    ctx.notices.AnswerOk(QStringLiteral("No file is chosen"));
+    ctx.notices.answerOk(QStringLiteral("No file is chosen"));
 }
 
 // The name of the other program's data, which is never written over.
@@ -19,7 +19,7 @@ bool isReservedName(const QString& name) {
 bool refuseReserved(Context& ctx, const QString& name) {
     if (!isReservedName(name))
         return false;
-    ctx.notices.AnswerOk(QStringLiteral("Wpaper.dat has data of wallpaper"));
+    ctx.notices.answerOk(QStringLiteral("Wpaper.dat has data of wallpaper"));
     return true;
 }
 
@@ -28,16 +28,16 @@ void call(const std::function<void(const QString&)>& action, const QString& name
         action(name);
 }
 
-bool confirmLoad(Context& ctx, const QString& txtInput, const FileListState& file1, const ChooserActions& actions) {
+bool confirmLoad(Context& ctx, const QString& input, const FileListState& fileList, const ChooserActions& actions) {
     bool called = false;
     // The typed name as it stands: a load adds no extension.
-    if (!txtInput.isEmpty()) {
-        call(actions.load, txtInput);
+    if (!input.isEmpty()) {
+        call(actions.load, input);
         called = true;
     }
-    for (int i = 0; i < file1.names.size(); ++i) {
-        if (i < file1.selected.size() && file1.selected.at(i)) {
-            call(actions.load, file1.names.at(i));
+    for (int i = 0; i < fileList.names.size(); ++i) {
+        if (i < fileList.selected.size() && fileList.selected.at(i)) {
+            call(actions.load, fileList.names.at(i));
             called = true;
         }
     }
@@ -46,39 +46,39 @@ bool confirmLoad(Context& ctx, const QString& txtInput, const FileListState& fil
     return called;
 }
 
-bool confirmSave(Context& ctx, QString& txtInput, const FileListState& file1, const ChooserActions& actions) {
-    if (!txtInput.isEmpty()) {
-        if (txtInput.right(4).toLower() != kDat)
-            txtInput += kDat;
-        if (refuseReserved(ctx, txtInput))
+bool confirmSave(Context& ctx, QString& input, const FileListState& fileList, const ChooserActions& actions) {
+    if (!input.isEmpty()) {
+        if (input.right(4).toLower() != kDat)
+            input += kDat;
+        if (refuseReserved(ctx, input))
             return false;
-        call(actions.save, txtInput);
+        call(actions.save, input);
         return true;
     }
-    if (!file1.currentSelected()) {
+    if (!fileList.currentSelected()) {
         noFile(ctx);
         return false;
     }
-    const QString& name = file1.names.at(file1.current);
+    const QString& name = fileList.names.at(fileList.current);
     if (refuseReserved(ctx, name))
         return false;
     call(actions.save, name);
     return true;
 }
 
-bool confirmOpen(Context& ctx, QString& txtInput, const FileListState& file1, const ChooserActions& actions) {
-    if (!txtInput.isEmpty()) {
+bool confirmOpen(Context& ctx, QString& input, const FileListState& fileList, const ChooserActions& actions) {
+    if (!input.isEmpty()) {
         // Here the case counts: "A.DAT" becomes "A.DAT.dat".
-        if (txtInput.right(4) != kDat)
-            txtInput += kDat;
-        call(actions.edit, txtInput);
+        if (input.right(4) != kDat)
+            input += kDat;
+        call(actions.edit, input);
         return true;
     }
-    if (!file1.currentSelected()) {
+    if (!fileList.currentSelected()) {
         noFile(ctx);
         return false;
     }
-    call(actions.edit, file1.names.at(file1.current));
+    call(actions.edit, fileList.names.at(fileList.current));
     return true;
 }
 
@@ -96,45 +96,45 @@ ChooserTexts chooserTexts(ChooserMode mode) {
     return {QStringLiteral("Load data from files :"), QStringLiteral("Load")};
 }
 
-ChooserMode chooserModeOf(const QString& cmdConfirmCaption) {
-    if (cmdConfirmCaption == QLatin1String("Save"))
+ChooserMode chooserModeOf(const QString& confirmCaption) {
+    if (confirmCaption == QLatin1String("Save"))
         return ChooserMode::Save;
-    if (cmdConfirmCaption == QLatin1String("Open"))
+    if (confirmCaption == QLatin1String("Open"))
         return ChooserMode::Open;
     return ChooserMode::Load;
 }
 
-bool ConfirmChoice(Context& ctx, ChooserMode mode, QString& txtInput, const FileListState& file1,
+bool confirmChoice(Context& ctx, ChooserMode mode, QString& input, const FileListState& fileList,
                    const ChooserActions& actions) {
-    if (txtInput.isEmpty() && !file1.holdsFiles()) {
+    if (input.isEmpty() && !fileList.holdsFiles()) {
         noFile(ctx);
         return false;
     }
     switch (mode) {
     case ChooserMode::Save:
-        return confirmSave(ctx, txtInput, file1, actions);
+        return confirmSave(ctx, input, fileList, actions);
     case ChooserMode::Open:
-        return confirmOpen(ctx, txtInput, file1, actions);
+        return confirmOpen(ctx, input, fileList, actions);
     case ChooserMode::Load:
         break;
     }
-    return confirmLoad(ctx, txtInput, file1, actions);
+    return confirmLoad(ctx, input, fileList, actions);
 }
 
-bool FileClickEmptiesInput(ChooserMode mode, const FileListState& file1) {
-    return mode != ChooserMode::Load && file1.holdsFiles() && file1.currentSelected();
+bool fileClickEmptiesInput(ChooserMode mode, const FileListState& fileList) {
+    return mode != ChooserMode::Load && fileList.holdsFiles() && fileList.currentSelected();
 }
 
-bool InputFocusUnselectsFile(ChooserMode mode, const FileListState& file1) {
-    return mode != ChooserMode::Load && file1.holdsFiles();
+bool inputFocusUnselectsFile(ChooserMode mode, const FileListState& fileList) {
+    return mode != ChooserMode::Load && fileList.holdsFiles();
 }
 
-bool ModifierKeyUnselectsFile(ChooserMode mode, const FileListState& file1, int keyCode) {
-    const bool wantsOneName = mode == ChooserMode::Save || (mode == ChooserMode::Open && file1.holdsFiles());
+bool modifierKeyUnselectsFile(ChooserMode mode, const FileListState& fileList, int keyCode) {
+    const bool wantsOneName = mode == ChooserMode::Save || (mode == ChooserMode::Open && fileList.holdsFiles());
     return wantsOneName && (keyCode == 16 || keyCode == 17);
 }
 
-bool ChooserNameKeyPasses(QChar key) {
+bool chooserNameKeyPasses(QChar key) {
     const char16_t c = key.unicode();
     return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z') || (c >= u'0' && c <= u'9') || c == 8 || c == u'_' ||
            c == u'-' || c == u'.';

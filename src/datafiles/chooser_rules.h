@@ -12,13 +12,13 @@ class Context;
 enum class ChooserMode { Load, Save, Open };
 
 struct ChooserTexts {
-    QString label;   // Label1
-    QString confirm; // cmdConfirm
+    QString label;   // textLabel
+    QString confirm; // confirmButton
 };
 ChooserTexts chooserTexts(ChooserMode mode);
-ChooserMode chooserModeOf(const QString& cmdConfirmCaption);
+ChooserMode chooserModeOf(const QString& confirmCaption);
 
-// File1 as the rules read it: the names in list order, their highlights and the current item (-1 for none).
+// fileList as the rules read it: the names in list order, their highlights and the current item (-1 for none).
 struct FileListState {
     QStringList names;
     QList<bool> selected;
@@ -30,27 +30,27 @@ struct FileListState {
 
 // What confirming can do with a bare file name of the program folder.
 struct ChooserActions {
-    std::function<void(const QString&)> load; // LoadClick
-    std::function<void(const QString&)> save; // SaveFileClick
-    std::function<void(const QString&)> edit; // EditorClick
+    std::function<void(const QString&)> load; // loadDataFile
+    std::function<void(const QString&)> save; // saveDataFile
+    std::function<void(const QString&)> edit; // openInEditor
 };
 
-// cmdConfirm: runs the mode's action on the typed name or the chosen files. The typed name may get ".dat"
+// confirmButton: runs the mode's action on the typed name or the chosen files. The typed name may get ".dat"
 // appended, and stays so in the box. Refusals are told to the user. True when the window unloads.
-bool ConfirmChoice(Context& ctx, ChooserMode mode, QString& txtInput, const FileListState& file1,
+bool confirmChoice(Context& ctx, ChooserMode mode, QString& input, const FileListState& fileList,
                    const ChooserActions& actions);
 
 // In Save and Open one name is wanted, so the file list and the typed name exclude each other.
-// File1_Click: true when txtInput is to be emptied.
-bool FileClickEmptiesInput(ChooserMode mode, const FileListState& file1);
-// txtInput_GotFocus: true when File1's current item is to be unselected.
-bool InputFocusUnselectsFile(ChooserMode mode, const FileListState& file1);
-// File1_KeyDown with Ctrl or Shift: true when the current item is to be unselected, so no second file
+// onFileClicked: true when input is to be emptied.
+bool fileClickEmptiesInput(ChooserMode mode, const FileListState& fileList);
+// The name box taking the focus: true when fileList's current item is to be unselected.
+bool inputFocusUnselectsFile(ChooserMode mode, const FileListState& fileList);
+// A key pressed on the file list with Ctrl or Shift: true when the current item is to be unselected, so no second file
 // or range can be chosen.
-bool ModifierKeyUnselectsFile(ChooserMode mode, const FileListState& file1, int keyCode);
+bool modifierKeyUnselectsFile(ChooserMode mode, const FileListState& fileList, int keyCode);
 
-// txtInput_KeyPress: letters, digits, backspace, "_", "-" and "." only, so a name holds no blank and no path.
-bool ChooserNameKeyPasses(QChar key);
+// A key in the name box: letters, digits, backspace, "_", "-" and "." only, so a name holds no blank and no path.
+bool chooserNameKeyPasses(QChar key);
 // The same rule for a whole name, as a pattern for pasted and composed text.
 inline constexpr char kChooserNamePattern[] = "[A-Za-z0-9_.-]*";
 constexpr int kChooserNameMaxLength = 50;

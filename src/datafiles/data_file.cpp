@@ -25,85 +25,85 @@ bool isMessageRow(const QString& row) {
 
 } // namespace
 
-void LoadClick(Context& ctx, const QString& fFileName) {
-    ctx.touchForm4();
+void loadDataFile(Context& ctx, const QString& fileName) {
+    ctx.touchAlarmSet();
     int recordCounter = 1;
     int errorCount = 0;
-    const QString path = ctx.appFile(fFileName);
+    const QString path = ctx.appFile(fileName);
     if (!QFileInfo::exists(path)) {
-        ctx.notices.AnswerOk(fFileName + QStringLiteral(", file not found"));
+        ctx.notices.answerOk(fileName + QStringLiteral(", file not found"));
         return;
     }
     QString text;
     FileError error;
     record_file::readText(path, text, error); // reported once, at the end
-    ErrorList& errors = ctx.notices.SharedErrorList();
+    ErrorList& errors = ctx.notices.sharedErrorList();
 
     FieldReader reader(text);
     while (!reader.atEnd()) {
-        const QString strDataLine = reader.next();
-        const bool messageRow = isMessageRow(strDataLine);
-        ctx.form8.blnLineValid = true;
+        const QString line = reader.next();
+        const bool messageRow = isMessageRow(line);
+        ctx.newEvent.lineValid = true;
         if (messageRow) {
-            int16_t iCheckFlag = 1;
-            EventChecker().CheckMessageEvent(strDataLine, iCheckFlag);
-            if (iCheckFlag == 0)
-                ctx.form8.blnLineValid = false;
+            int16_t checkFlag = 1;
+            EventChecker().checkMessageRow(line, checkFlag);
+            if (checkFlag == 0)
+                ctx.newEvent.lineValid = false;
         } else {
-            Filting(strDataLine, ctx.form8.blnLineValid);
+            filterTodayRow(line, ctx.newEvent.lineValid);
         }
 
-        if (ctx.form8.blnLineValid) {
+        if (ctx.newEvent.lineValid) {
             // Times already gone, the present second included, are left out without a word.
-            if (!alarm_event::timeWasPassed(strDataLine, ctx.clock.timeText())) {
+            if (!alarm_event::timeWasPassed(line, ctx.clock.timeText())) {
                 if (messageRow)
-                    ctx.lstMessage.addItem(strDataLine);
-                else if (ctx.lstData.isEmpty())
-                    ctx.lstData.addItem(strDataLine);
+                    ctx.today.messages.addItem(line);
+                else if (ctx.today.alarms.isEmpty())
+                    ctx.today.alarms.addItem(line);
                 else
-                    Sorting(ctx, strDataLine.right(8), strDataLine.left(strDataLine.size() - 9), true);
+                    insertTodayRow(ctx, line.right(8), line.left(line.size() - 9), true);
             }
         } else {
-            errors.Show();
+            errors.showList();
             if (errorCount == 0) {
-                errors.AddItem(fFileName);
-                ctx.notices.Beep();
+                errors.addLine(fileName);
+                ctx.notices.beep();
             }
-            errors.AddItem(QStringLiteral("Invalid data in file, Data ") + numberForMessage(recordCounter));
+            errors.addLine(QStringLiteral("Invalid data in file, Data ") + numberForMessage(recordCounter));
             ++errorCount;
         }
         ++recordCounter;
         if (errorCount == 8) {
-            errors.AddItem(fFileName + QStringLiteral(" seems to be wrong format"));
+            errors.addLine(fileName + QStringLiteral(" seems to be wrong format"));
             break;
         }
     }
 
-    ctx.m.blnTickOn = true;
-    ctx.m.blnNeedNextAlarm = true;
-    ctx.m.blnHaveAlarms = !ctx.lstData.isEmpty();
+    ctx.tick.on = true;
+    ctx.tick.needNextAlarm = true;
+    ctx.tick.haveAlarms = !ctx.today.alarms.isEmpty();
     if (error.isSet())
-        ctx.notices.AnswerOk(errorText(QStringLiteral("Error occurred when loading data from files, "), error));
+        ctx.notices.answerOk(errorText(QStringLiteral("Error occurred when loading data from files, "), error));
 }
 
-void WriteDataFile(Context& ctx, const QString& fFileName) {
+void writeDataFile(Context& ctx, const QString& fileName) {
     QByteArray data;
-    for (const QString& row : ctx.lstData.items())
+    for (const QString& row : ctx.today.alarms.items())
         record_file::appendRecord(data, {row});
-    for (const QString& row : ctx.lstMessage.items())
+    for (const QString& row : ctx.today.messages.items())
         record_file::appendRecord(data, {row});
     FileError error;
-    if (!record_file::rewriteBytes(ctx.appFile(fFileName), data, error))
-        ctx.notices.AnswerOk(
+    if (!record_file::rewriteBytes(ctx.appFile(fileName), data, error))
+        ctx.notices.answerOk(
             errorText(QStringLiteral("Error occurred when saving alarm events to disk, data may be lost, "), error));
 }
 
-void SaveFileClick(Context& ctx, const QString& fFileName,
+void saveDataFile(Context& ctx, const QString& fileName,
                    const std::function<void(const QString&, const QString&)>& fileAlreadyExist) {
-    if (QFileInfo::exists(ctx.appFile(fFileName))) {
+    if (QFileInfo::exists(ctx.appFile(fileName))) {
         if (fileAlreadyExist)
-            fileAlreadyExist(QStringLiteral("AlarmSet"), fFileName);
+            fileAlreadyExist(QStringLiteral("AlarmSet"), fileName);
         return;
     }
-    WriteDataFile(ctx, fFileName);
+    writeDataFile(ctx, fileName);
 }

@@ -3,159 +3,152 @@
 #include "engine/alarm_event.h"
 #include "engine/context.h"
 #include "engine/event_checker.h"
-#include "engine/form4_ui.h"
+#include "engine/alarm_set_ui.h"
 #include "engine/schedule_file.h"
 #include "platform/clock.h"
 #include "sound/alarm_sound.h"
 #include "sound/notices.h"
 #include "sound/show_message.h"
 
-void AlarmTick::Timer1_Timer() {
+void AlarmTick::onTick() {
     // Sound may let events through while it plays; a tick that arrives then waits for the next one.
     if (m_inTick)
         return;
     m_inTick = true;
-    Module1& m = m_ctx.m;
-    if (m.blnTickOn) {
+    if (m_ctx.tick.on) {
         const QString now = m_ctx.clock.timeText();
-        if (m.blnNoSecond) {
-            m.strNextAlarm = m.strNextAlarm.left(5);
-            m_strTimeNow = now.left(5);
+        if (m_ctx.options.noSecond) {
+            m_ctx.tick.nextAlarm = m_ctx.tick.nextAlarm.left(5);
+            m_timeNow = now.left(5);
         } else {
-            m_strTimeNow = now;
-            if (m.strNextAlarm.size() == 5)
-                m.strNextAlarm += QStringLiteral(":00");
+            m_timeNow = now;
+            if (m_ctx.tick.nextAlarm.size() == 5)
+                m_ctx.tick.nextAlarm += QStringLiteral(":00");
         }
-        if (m_strTimeNow == m.strNextAlarm)
-            FireAlarm();
-        TakeNextAlarm();
-        MinuteChecks();
-        EveryMinutesChime();
-        HideForm4IfIdle();
+        if (m_timeNow == m_ctx.tick.nextAlarm)
+            fireAlarm();
+        takeNextAlarm();
+        minuteChecks();
+        ringChime();
+        hideAlarmSetIfIdle();
     }
-    if (m.blnRepeatPlay)
-        m_ctx.sound.InternalSpeaker();
-    MidnightReload();
+    if (m_ctx.soundChoice.repeatSweep)
+        m_ctx.sound.sweepSpeaker();
+    midnightReload();
     m_inTick = false;
 }
 
-void AlarmTick::RemoveHead() {
-    m_ctx.lstData.removeItem(0);
-    if (m_ctx.lstData.item(0).isEmpty())
-        m_ctx.m.blnHaveAlarms = false;
+void AlarmTick::removeHead() {
+    m_ctx.today.alarms.removeItem(0);
+    if (m_ctx.today.alarms.item(0).isEmpty())
+        m_ctx.tick.haveAlarms = false;
 }
 
-void AlarmTick::FireAlarm() {
-    Module1& m = m_ctx.m;
-    m.blnNeedNextAlarm = true;
-    if (!m_ctx.lstData.item(0).isEmpty())
-        RemoveHead();
-    m_ctx.sound.PlaySound(m.strNextPlayTimes, m.strSongName);
-    if (m_ctx.lstMessage.count() >= 1)
-        sShowMsg(m_ctx, m.strNextAlarm);
+void AlarmTick::fireAlarm() {
+    m_ctx.tick.needNextAlarm = true;
+    if (!m_ctx.today.alarms.item(0).isEmpty())
+        removeHead();
+    m_ctx.sound.playAlarm(m_ctx.tick.nextPlayWord, m_ctx.soundChoice.songPath);
+    if (m_ctx.today.messages.count() >= 1)
+        showAlarmMessage(m_ctx, m_ctx.tick.nextAlarm);
 }
 
-void AlarmTick::TakeNextAlarm() {
-    Module1& m = m_ctx.m;
-    if (m.blnHaveAlarms && m.blnNeedNextAlarm) {
-        const QString head = m_ctx.lstData.item(0);
-        m.strNextPlayTimes = alarm_event::wholeWordFromTodayRow(head);
-        m.strNextAlarm = head.right(8);
-        m.blnNeedNextAlarm = false;
-        CheckPassedAlarm();
-    } else if (!m.blnHaveAlarms && m.blnNeedNextAlarm) {
-        m.strNextAlarm.clear();
-        m.strNextPlayTimes.clear();
-        m.blnNeedNextAlarm = false;
+void AlarmTick::takeNextAlarm() {
+    if (m_ctx.tick.haveAlarms && m_ctx.tick.needNextAlarm) {
+        const QString head = m_ctx.today.alarms.item(0);
+        m_ctx.tick.nextPlayWord = alarm_event::wholeWordFromTodayRow(head);
+        m_ctx.tick.nextAlarm = head.right(8);
+        m_ctx.tick.needNextAlarm = false;
+        checkPassedAlarm();
+    } else if (!m_ctx.tick.haveAlarms && m_ctx.tick.needNextAlarm) {
+        m_ctx.tick.nextAlarm.clear();
+        m_ctx.tick.nextPlayWord.clear();
+        m_ctx.tick.needNextAlarm = false;
     }
 }
 
-void AlarmTick::MinuteChecks() {
+void AlarmTick::minuteChecks() {
     const int second = m_ctx.clock.now().time().second();
-    if (second == 0 && m_ctx.m.blnHaveAlarms)
-        CheckPassedAlarm();
-    if (second == 30 && m_ctx.m.blnEveryMinutesOn)
-        ResyncEveryMark();
+    if (second == 0 && m_ctx.tick.haveAlarms)
+        checkPassedAlarm();
+    if (second == 30 && m_ctx.chime.on)
+        resyncChimeMark();
 }
 
-void AlarmTick::CheckPassedAlarm() {
-    Module1& m = m_ctx.m;
-    if (m.strNextAlarm.isEmpty())
+void AlarmTick::checkPassedAlarm() {
+    if (m_ctx.tick.nextAlarm.isEmpty())
         return;
-    if (!(QStringView(m.strNextAlarm).left(5) < QStringView(m_ctx.clock.timeText()).left(5)))
+    if (!(QStringView(m_ctx.tick.nextAlarm).left(5) < QStringView(m_ctx.clock.timeText()).left(5)))
         return;
     // A slipped alarm is only reported, never sounded.
-    const QString passed = m.strNextAlarm;
-    m_ctx.notices.ShowAlarmWindow(QStringLiteral("alarm at ") + passed);
-    RemoveHead();
-    sShowMsg(m_ctx, passed);
-    m.blnNeedNextAlarm = true;
+    const QString passed = m_ctx.tick.nextAlarm;
+    m_ctx.notices.showAlarmWindow(QStringLiteral("alarm at ") + passed);
+    removeHead();
+    showAlarmMessage(m_ctx, passed);
+    m_ctx.tick.needNextAlarm = true;
 }
 
-void AlarmTick::EveryMinutesChime() {
-    Module1& m = m_ctx.m;
-    if (!m.blnEveryMinutesOn)
+void AlarmTick::ringChime() {
+    if (!m_ctx.chime.on)
         return;
     const QTime now = m_ctx.clock.now().time();
-    const int value = m.iEveryMinutes == 60 ? now.hour() : now.minute();
-    if (value != m.iEveryNext)
+    const int value = m_ctx.chime.interval == 60 ? now.hour() : now.minute();
+    if (value != m_ctx.chime.nextMark)
         return;
-    if (m.blnSoundOn && now.second() < 3)
-        m_ctx.sound.sndPlaySoundA(m_ctx.appFile(QStringLiteral("didi.snd")), 1);
-    AdvanceEveryMark();
+    if (m_ctx.options.soundOn && now.second() < 3)
+        m_ctx.sound.playWaveFile(m_ctx.appFile(QStringLiteral("didi.snd")), 1);
+    advanceChimeMark();
 }
 
-void AlarmTick::AdvanceEveryMark() {
-    EventChecker().NextEveryMark(m_ctx.m.iEveryMinutes, m_ctx.m.iEveryNext);
+void AlarmTick::advanceChimeMark() {
+    EventChecker().nextChimeMark(m_ctx.chime.interval, m_ctx.chime.nextMark);
 }
 
-void AlarmTick::ResyncEveryMark() {
-    Module1& m = m_ctx.m;
+void AlarmTick::resyncChimeMark() {
     const QTime now = m_ctx.clock.now().time();
-    if (m.iEveryMinutes == 60 && m.iEveryNext < now.hour()) {
+    if (m_ctx.chime.interval == 60 && m_ctx.chime.nextMark < now.hour()) {
         // A mark of 0 still lies ahead at hour 23: one step a minute, never a jump.
-        if (!(m.iEveryNext == 0 && now.hour() == 23)) {
-            ++m.iEveryNext;
-            if (m.iEveryNext == 24)
-                m.iEveryNext = 0;
+        if (!(m_ctx.chime.nextMark == 0 && now.hour() == 23)) {
+            ++m_ctx.chime.nextMark;
+            if (m_ctx.chime.nextMark == 24)
+                m_ctx.chime.nextMark = 0;
         }
-    } else if (m.iEveryMinutes != 60 && m.iEveryNext < now.minute()) {
-        if (!(m.iEveryNext == 0 && now.minute() >= 30))
-            chkEMPlay_Click(m_ctx);
+    } else if (m_ctx.chime.interval != 60 && m_ctx.chime.nextMark < now.minute()) {
+        if (!(m_ctx.chime.nextMark == 0 && now.minute() >= 30))
+            updateChime(m_ctx);
     }
 }
 
-void AlarmTick::HideForm4IfIdle() {
-    Module1& m = m_ctx.m;
-    if (m.blnHaveAlarms || m.blnForm4Wanted)
+void AlarmTick::hideAlarmSetIfIdle() {
+    if (m_ctx.tick.haveAlarms || m_ctx.tick.alarmSetWanted)
         return;
-    m_ctx.unloadForm4();
-    if (!m.blnEveryMinutesOn)
-        m.blnTickOn = false;
+    m_ctx.unloadAlarmSet();
+    if (!m_ctx.chime.on)
+        m_ctx.tick.on = false;
 }
 
-void AlarmTick::MidnightReload() {
+void AlarmTick::midnightReload() {
     const QTime now = m_ctx.clock.now().time();
     if (now.hour() == 0 && now.minute() == 0) {
-        if (m_iReloadMinute != now.minute()) {
+        if (m_reloadMinute != now.minute()) {
             // When this is the first touch of the Alarm Set window, its own load has just read the file.
-            if (!m_ctx.touchForm4())
-                LoadFutureFile(m_ctx, QStringLiteral("future.dat"));
-            m_iReloadMinute = now.minute();
+            if (!m_ctx.touchAlarmSet())
+                loadSchedule(m_ctx, QStringLiteral("future.dat"));
+            m_reloadMinute = now.minute();
         }
     } else {
-        m_iReloadMinute = -1;
+        m_reloadMinute = -1;
     }
 }
 
-void chkEMPlay_Click(Context& ctx) {
+void updateChime(Context& ctx) {
     int16_t flag = 0;
     const QTime now = ctx.clock.now().time();
-    EventChecker().StartEveryMinutes(ctx.everyControls, ctx.m.iEveryMinutes, flag, ctx.m.iEveryNext, now.hour(),
+    EventChecker().startChime(ctx.chime.controls, ctx.chime.interval, flag, ctx.chime.nextMark, now.hour(),
                                      now.minute());
     if (flag == 1)
-        ctx.m.blnTickOn = true;
-    ctx.m.blnEveryMinutesOn = ctx.everyControls.checked;
-    if (ctx.form4Ui)
-        ctx.form4Ui->EveryControlsChanged();
+        ctx.tick.on = true;
+    ctx.chime.on = ctx.chime.controls.checked;
+    if (ctx.alarmSetUi)
+        ctx.alarmSetUi->chimeControlsChanged();
 }

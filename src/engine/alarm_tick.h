@@ -10,29 +10,29 @@ class AlarmTick {
 public:
     explicit AlarmTick(Context& ctx) : m_ctx(ctx) {}
 
-    void Timer1_Timer();
+    void onTick();
 
-    void TakeNextAlarm();
-    void MinuteChecks();
-    void CheckPassedAlarm();
-    void EveryMinutesChime();
-    void AdvanceEveryMark();
-    void ResyncEveryMark();
-    void HideForm4IfIdle();
+    void takeNextAlarm();
+    void minuteChecks();
+    void checkPassedAlarm();
+    void ringChime();
+    void advanceChimeMark();
+    void resyncChimeMark();
+    void hideAlarmSetIfIdle();
 
-    const QString& strTimeNow() const { return m_strTimeNow; }
-    int iReloadMinute() const { return m_iReloadMinute; }
+    const QString& timeNow() const { return m_timeNow; }
+    int reloadMinute() const { return m_reloadMinute; }
 
 private:
-    void FireAlarm();
-    void MidnightReload();
-    void RemoveHead();
+    void fireAlarm();
+    void midnightReload();
+    void removeHead();
 
     Context& m_ctx;
-    QString m_strTimeNow;
-    int m_iReloadMinute = -1;
+    QString m_timeNow;
+    int m_reloadMinute = -1;
     bool m_inTick = false;
 };
 
 // Renews the chime's interval and mark from its controls (the check box of the Alarm Set window).
-void chkEMPlay_Click(Context& ctx);
+void updateChime(Context& ctx);

@@ -1,33 +1,39 @@
 #include "engine/context.h"
 
-#include "alarmset/form4_settings.h"
-#include "engine/form4_ui.h"
-#include "engine/schedule_file.h"
-#include "platform/clock.h"
+#include "engine/alarm_set_ui.h"
 
 Context::Context(Clock& clock, Notices& notices, AlarmSound& sound) : clock(clock), notices(notices), sound(sound) {}
 
-bool Context::touchForm4() {
-    if (m_form4Loaded)
+void Context::setStartValues(const QString& programFolder) {
+    folder = programFolder.endsWith(QLatin1Char('/')) ? programFolder : programFolder + QLatin1Char('/');
+    recordBuffer = SettingRecord();
+    options = Options();
+    options.soundOn = true;
+    options.errorPopups = true;
+    soundChoice = SoundChoice();
+    soundChoice.songPath = folder + QStringLiteral("ding.wav");
+    tick = TickState();
+    tick.needNextAlarm = true;
+    chime.on = false;
+    chime.interval = 0;
+    chime.nextMark = -1;
+    front = FrontState();
+    front.trayEnabled = true;
+    front.nextWarningSerial = 1000000;
+    entry.date.clear();
+    entry.withMessage = false;
+}
+
+bool Context::touchAlarmSet() {
+    if (m_alarmSetLoaded)
         return false;
-    m_form4Loaded = true;
-    if (form4Ui)
-        form4Ui->Load();
-    else
-        Form4LoadCore(*this);
+    m_alarmSetLoaded = true;
+    if (alarmSetUi)
+        alarmSetUi->load();
     return true;
 }
 
-void Context::unloadForm4() {
-    if (form4Ui)
-        form4Ui->RequestUnload();
-}
-
-void Form4LoadCore(Context& ctx) {
-    ctx.strTimesOfPlay = QStringLiteral("once");
-    Form4LoadResult settings;
-    fForm4Load(ctx, settings);
-    ctx.m.strAlarmDate = ctx.clock.dateText();
-    LoadFutureFile(ctx, QStringLiteral("future.dat"));
-    ctx.m.strAlarmDate = ctx.clock.dateText();
+void Context::unloadAlarmSet() {
+    if (alarmSetUi)
+        alarmSetUi->requestUnload();
 }

@@ -1,20 +1,24 @@
 #pragma once
 
-#include "engine/event_checker.h"
-#include "engine/list_model.h"
-#include "engine/module1.h"
-#include "eventlist/bwklistbox.h"
-#include "settings/form7_options.h"
+#include "engine/day_lists.h"
+#include "engine/entry_state.h"
+#include "engine/front_state.h"
+#include "engine/tick_state.h"
+#include "eventlist/event_list.h"
+#include "settings/options.h"
+#include "settings/setting_record.h"
+#include "settings/settings_state.h"
+#include "sound/sound_choice.h"
 
 #include <functional>
 
 class AlarmSound;
+class AlarmSetUi;
 class Clock;
-class Form4Ui;
 class Notices;
 
-// Everything the alarm engine works on: the shared variables, the day's lists of the Alarm Set window
-// and the services it calls. Windows hold a reference to it; tests build one over fakes.
+// Everything the alarm engine works on: the program's state, grouped by the part that keeps it, and the
+// services it calls. Windows hold a reference to it; tests build one over fakes.
 class Context {
 public:
     Context(Clock& clock, Notices& notices, AlarmSound& sound);
@@ -23,35 +27,38 @@ public:
     Notices& notices;
     AlarmSound& sound;
 
-    Module1 m;
-    Form8Members form8;
+    QString folder; // the program folder, with a trailing '/'
+    // The one buffer every reader and writer of the settings file goes through.
+    SettingRecord recordBuffer;
+    Options options;
+    SettingsState settings;
+    SoundChoice soundChoice;
+    TickState tick;
+    ChimeState chime;
+    FrontState front;
+    EntryState entry;
+    NewEvent newEvent;
+    // Today's lists live with the Alarm Set window: touch it through touchAlarmSet() first.
+    DayLists today;
+    // Every event of the schedule file, soonest first.
+    EventList eventList;
 
-    // Data of the Alarm Set window; touch it through touchForm4() first.
-    ListModel lstData;
-    ListModel lstMessage;
-    ListModel lstShadowMessage;
-    Bwklistbox Bwklistbox1;
-    QString strTimesOfPlay;
-    EventChecker::EveryControls everyControls;
-
-    Form4Ui* form4Ui = nullptr;
-    // The Settings window's boxes; loading it (also hidden) turns the saved options into variables.
-    Form7Options form7;
+    // The Alarm Set window as the engine sees it; set by whoever builds the program (or the test).
+    AlarmSetUi* alarmSetUi = nullptr;
     // Stops and starts the 800 ms timer of the tick (while a system-modal box is up).
-    std::function<void(bool)> setTimer1Enabled = [](bool) {};
+    std::function<void(bool)> setTickTimerEnabled = [](bool) {};
 
+    // The values in force when the program starts, over this program folder.
+    void setStartValues(const QString& programFolder);
     // Loads the Alarm Set window the first time anything touches it; true when this touch loaded it.
-    bool touchForm4();
-    bool form4Loaded() const { return m_form4Loaded; }
+    bool touchAlarmSet();
+    bool alarmSetLoaded() const { return m_alarmSetLoaded; }
     // The window asks to go; it only hides.
-    void unloadForm4();
-    void unloadForm8() { form8 = Form8Members(); }
+    void unloadAlarmSet();
+    void dropNewEvent() { newEvent = NewEvent(); }
 
-    QString appFile(const QString& name) const { return m.strAppPath + name; }
+    QString appFile(const QString& name) const { return folder + name; }
 
 private:
-    bool m_form4Loaded = false;
+    bool m_alarmSetLoaded = false;
 };
-
-// The load steps of the Alarm Set window that need no widget.
-void Form4LoadCore(Context& ctx);

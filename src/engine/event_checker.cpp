@@ -17,17 +17,17 @@ bool isValidTime(QStringView time) {
            twoDigits(time.mid(0, 2), 23) && twoDigits(time.mid(3, 2), 59) && twoDigits(time.mid(6, 2), 59);
 }
 
-void EventChecker::NextEveryMark(int16_t iEveryMinutes, int16_t& iEveryNext) const {
-    if (iEveryMinutes >= 60) {
-        iEveryNext = static_cast<int16_t>((iEveryNext + 1) % 24);
-    } else if (iEveryMinutes > 0) {
-        iEveryNext = static_cast<int16_t>((iEveryNext + iEveryMinutes) % 60);
+void EventChecker::nextChimeMark(int16_t interval, int16_t& nextMark) const {
+    if (interval >= 60) {
+        nextMark = static_cast<int16_t>((nextMark + 1) % 24);
+    } else if (interval > 0) {
+        nextMark = static_cast<int16_t>((nextMark + interval) % 60);
     }
-    if (iEveryNext < 0)
-        iEveryNext = 0;
+    if (nextMark < 0)
+        nextMark = 0;
 }
 
-void EventChecker::CheckAlarmEvent(const QString& text, int16_t& flag) const {
+void EventChecker::checkAlarmRow(const QString& text, int16_t& flag) const {
     const qsizetype space = text.indexOf(QLatin1Char(' '));
     const QStringView word = QStringView(text).left(space < 0 ? 0 : space);
     const bool wordOk = word == QLatin1String("once") || word == QLatin1String("twice") ||
@@ -36,14 +36,14 @@ void EventChecker::CheckAlarmEvent(const QString& text, int16_t& flag) const {
         flag = 0;
 }
 
-void EventChecker::CheckMessageEvent(const QString& text, int16_t& flag) const {
+void EventChecker::checkMessageRow(const QString& text, int16_t& flag) const {
     if (text.size() <= 12 || QStringView(text).right(12).left(4) != QLatin1String(" at ") ||
         !isValidTime(QStringView(text).right(8)))
         flag = 0;
 }
 
-void EventChecker::StartEveryMinutes(EveryControls& controls, int16_t& iEveryMinutes, int16_t& flag,
-                                     int16_t& iEveryNext, int hour, int minute) const {
+void EventChecker::startChime(ChimeControls& controls, int16_t& interval, int16_t& flag,
+                                     int16_t& nextMark, int hour, int minute) const {
     if (!controls.checked) {
         controls.intervalEnabled = true;
         return;
@@ -53,11 +53,11 @@ void EventChecker::StartEveryMinutes(EveryControls& controls, int16_t& iEveryMin
         controls.intervalEnabled = true;
         return;
     }
-    iEveryMinutes = static_cast<int16_t>(chosen >= 60 ? 60 : chosen);
-    if (iEveryMinutes == 60)
-        iEveryNext = static_cast<int16_t>((hour + 1) % 24);
+    interval = static_cast<int16_t>(chosen >= 60 ? 60 : chosen);
+    if (interval == 60)
+        nextMark = static_cast<int16_t>((hour + 1) % 24);
     else
-        iEveryNext = static_cast<int16_t>((minute / iEveryMinutes + 1) * iEveryMinutes % 60);
+        nextMark = static_cast<int16_t>((minute / interval + 1) * interval % 60);
     flag = 1;
     controls.intervalEnabled = false;
 }

@@ -7,27 +7,27 @@ QString RemindMe::title(const QDateTime& now) {
     return QStringLiteral("Message  ") + captionMoment(now);
 }
 
-RemindMe::OkResult RemindMe::ok(const QString& txtMinutes, const QString& chosenPlay, const QDateTime& now) {
-    if (txtMinutes.isEmpty())
+RemindMe::OkResult RemindMe::ok(const QString& minutesEdit, const QString& chosenPlay, const QDateTime& now) {
+    if (minutesEdit.isEmpty())
         return OkResult::Close;
-    const long minutes = leadingDigitsValue(txtMinutes);
+    const long minutes = leadingDigitsValue(minutesEdit);
     if (minutes == 0)
         return OkResult::ZeroRefused;
-    iMinutesLeft = static_cast<int>(minutes);
-    blnCounting = true;
-    iLastMinute = now.time().minute();
-    strTimesOfPlay = chosenPlay.isEmpty() ? QStringLiteral("once") : chosenPlay;
+    minutesLeft = static_cast<int>(minutes);
+    counting = true;
+    lastMinute = now.time().minute();
+    playWord = chosenPlay.isEmpty() ? QStringLiteral("once") : chosenPlay;
     return OkResult::Counting;
 }
 
-bool RemindMe::step(const QDateTime& now, QString& txtMsg) {
-    if (!blnCounting || now.time().minute() == iLastMinute)
+bool RemindMe::step(const QDateTime& now, QString& messageText) {
+    if (!counting || now.time().minute() == lastMinute)
         return false;
-    iLastMinute = now.time().minute();
-    --iMinutesLeft;
-    if (iMinutesLeft != 0)
+    lastMinute = now.time().minute();
+    --minutesLeft;
+    if (minutesLeft != 0)
         return false;
-    blnCounting = false;
-    txtMsg = txtMsg.left(qMax<qsizetype>(0, txtMsg.size() - 8)) + timeText(now);
+    counting = false;
+    messageText = messageText.left(qMax<qsizetype>(0, messageText.size() - 8)) + timeText(now);
     return true;
 }

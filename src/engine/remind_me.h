@@ -16,12 +16,12 @@ public:
     static bool tooLong(const QString& text) { return text.size() >= 3; }
 
     // OK pressed with this minutes text and chosen play word (empty for none).
-    OkResult ok(const QString& txtMinutes, const QString& chosenPlay, const QDateTime& now);
-    // One second of the window's timer. True when the reminder runs out now: txtMsg then ends in the present time.
-    bool step(const QDateTime& now, QString& txtMsg);
+    OkResult ok(const QString& minutesEdit, const QString& chosenPlay, const QDateTime& now);
+    // One second of the window's timer. True when the reminder runs out now: messageText then ends in the present time.
+    bool step(const QDateTime& now, QString& messageText);
 
-    bool blnCounting = false;
-    int iLastMinute = 0;
-    int iMinutesLeft = 0;
-    QString strTimesOfPlay;
+    bool counting = false;
+    int lastMinute = 0;
+    int minutesLeft = 0;
+    QString playWord;
 };

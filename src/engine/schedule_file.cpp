@@ -17,48 +17,48 @@ QStringView todayRowTime(const QString& row) {
 }
 } // namespace
 
-void Filting(const QString& strAlarmEvent, bool& Fdata) {
+void filterTodayRow(const QString& rowText, bool& valid) {
     int16_t flag = 1;
-    EventChecker().CheckAlarmEvent(strAlarmEvent, flag);
+    EventChecker().checkAlarmRow(rowText, flag);
     if (flag == 0)
-        Fdata = false;
+        valid = false;
 }
 
-void Sorting(Context& ctx, const QString& strGetAlarmTimeIs, const QString& strGetPlayTimesIs,
-             bool /*blnAcceptSameAlarm*/) {
-    const QString row = alarm_event::todayRow(strGetPlayTimesIs, strGetAlarmTimeIs);
-    const int at = ctx.lstData.sortedInsertPosition(QStringView(strGetAlarmTimeIs), todayRowTime);
-    ctx.lstData.addItem(row, at);
-    ctx.lstData.setListIndex(at);
-    ctx.form8.blnAdded = true;
-    ctx.m.blnNeedNextAlarm = true;
+void insertTodayRow(Context& ctx, const QString& alarmTime, const QString& playWord,
+             bool /*acceptSameTime*/) {
+    const QString row = alarm_event::todayRow(playWord, alarmTime);
+    const int at = ctx.today.alarms.sortedInsertPosition(QStringView(alarmTime), todayRowTime);
+    ctx.today.alarms.addItem(row, at);
+    ctx.today.alarms.setListIndex(at);
+    ctx.newEvent.added = true;
+    ctx.tick.needNextAlarm = true;
 }
 
-void SortingBatch(Context& ctx, const QStringList& todayRows) {
+void insertTodayRows(Context& ctx, const QStringList& todayRows) {
     if (todayRows.isEmpty())
         return;
-    const int last = ctx.lstData.insertSortedBatch(todayRows, todayRowTime);
-    ctx.lstData.setListIndex(last);
-    ctx.form8.blnAdded = true;
-    ctx.m.blnNeedNextAlarm = true;
+    const int last = ctx.today.alarms.insertSortedBatch(todayRows, todayRowTime);
+    ctx.today.alarms.setListIndex(last);
+    ctx.newEvent.added = true;
+    ctx.tick.needNextAlarm = true;
 }
 
-void SaveFutureFile(Context& ctx, const QString& MessageInput) {
+void appendToSchedule(Context& ctx, const QString& message) {
     const QString line =
-        alarm_event::scheduleLine(MessageInput, ctx.m.strAlarmDate, ctx.form8.strEventPlay, ctx.form8.strEventTime);
+        alarm_event::scheduleLine(message, ctx.entry.date, ctx.newEvent.playWord, ctx.newEvent.time);
     FileError error;
     if (!record_file::appendRecords(ctx.appFile(QStringLiteral("future.dat")), {line}, error)) {
-        ctx.notices.AnswerOk(QStringLiteral("Error occurred when saving alarm events to disk, data may be lost, ") +
+        ctx.notices.answerOk(QStringLiteral("Error occurred when saving alarm events to disk, data may be lost, ") +
                              QStringLiteral("Error # ") + numberForMessage(error.number) + QLatin1Char('\r') +
                              error.description);
     }
-    ctx.Bwklistbox1.ShowData(ctx.form8.strEventMark, ctx.m.strAlarmDate + QLatin1Char('-') + ctx.form8.strEventTime,
-                             MessageInput, true);
+    ctx.eventList.insertRow(ctx.newEvent.mark, ctx.entry.date + QLatin1Char('-') + ctx.newEvent.time,
+                             message, true);
 }
 
-void LoadFutureFile(Context& ctx, const QString& fFileName) {
+void loadSchedule(Context& ctx, const QString& fileName) {
     int errorCount = 1;
-    const QString path = ctx.appFile(fFileName);
+    const QString path = ctx.appFile(fileName);
     if (!QFileInfo::exists(path))
         return;
     // A file that cannot be read leaves everything as it stood.
@@ -67,13 +67,13 @@ void LoadFutureFile(Context& ctx, const QString& fFileName) {
     if (!record_file::readText(path, text, readError))
         return;
 
-    ctx.Bwklistbox1.ClearListView();
-    ctx.Bwklistbox1.beginBulk();
+    ctx.eventList.clear();
+    ctx.eventList.beginBulk();
     QStringList armed;
     ErrorList* errors = nullptr;
     QString word;
     QString message;
-    QString& mark = ctx.form8.strEventMark;
+    QString& mark = ctx.newEvent.mark;
 
     FieldReader reader(text);
     while (!reader.atEnd()) {
@@ -96,33 +96,33 @@ void LoadFutureFile(Context& ctx, const QString& fFileName) {
         if (date < today || (date == today && time < now))
             mark = QStringLiteral("x");
 
-        ctx.form8.blnLineValid = true;
-        Filting(alarm_event::todayRow(word, time), ctx.form8.blnLineValid);
-        if (ctx.form8.blnLineValid) {
-            ctx.Bwklistbox1.ShowData(mark, date + QLatin1Char('-') + time, message, false);
+        ctx.newEvent.lineValid = true;
+        filterTodayRow(alarm_event::todayRow(word, time), ctx.newEvent.lineValid);
+        if (ctx.newEvent.lineValid) {
+            ctx.eventList.insertRow(mark, date + QLatin1Char('-') + time, message, false);
             today = ctx.clock.dateText();
             now = ctx.clock.timeText();
             if (date == today && time > now) {
-                ctx.m.blnTickOn = true;
+                ctx.tick.on = true;
                 armed.append(alarm_event::todayRow(word, time));
                 if (!message.isEmpty())
-                    ctx.lstMessage.addItem(alarm_event::messageRow(message, time));
+                    ctx.today.messages.addItem(alarm_event::messageRow(message, time));
             }
             continue;
         }
         if (errorCount == 1) {
-            errors = &ctx.notices.NewErrorList();
-            errors->AddItem(fFileName);
-            errors->Show();
+            errors = &ctx.notices.newErrorList();
+            errors->addLine(fileName);
+            errors->showList();
         }
-        errors->AddItem(QStringLiteral("Invalid data in file, Data ") + numberForMessage(errorCount));
+        errors->addLine(QStringLiteral("Invalid data in file, Data ") + numberForMessage(errorCount));
         if (errorCount == 8) {
-            errors->AddItem(fFileName + QStringLiteral(" seems to be wrong format"));
+            errors->addLine(fileName + QStringLiteral(" seems to be wrong format"));
             break;
         }
         ++errorCount;
     }
-    ctx.Bwklistbox1.endBulk();
-    SortingBatch(ctx, armed);
-    ctx.m.blnHaveAlarms = ctx.lstData.count() > 0;
+    ctx.eventList.endBulk();
+    insertTodayRows(ctx, armed);
+    ctx.tick.haveAlarms = ctx.today.alarms.count() > 0;
 }

@@ -6,13 +6,13 @@
 class Context;
 
 // Reads the schedule into the event list and arms today's coming events.
-void LoadFutureFile(Context& ctx, const QString& fFileName);
+void loadSchedule(Context& ctx, const QString& fileName);
 // Appends the event being entered, with this message, and shows it highlighted in the event list.
-void SaveFutureFile(Context& ctx, const QString& MessageInput);
+void appendToSchedule(Context& ctx, const QString& message);
 
-// The validity test of a today row: Fdata becomes false when the row is bad, and is never set true.
-void Filting(const QString& strAlarmEvent, bool& Fdata);
-// Inserts a today row into lstData at its place by time, ahead of rows of an equal time, and selects it.
-void Sorting(Context& ctx, const QString& strGetAlarmTimeIs, const QString& strGetPlayTimesIs, bool blnAcceptSameAlarm);
+// The validity test of a today row: valid becomes false when the row is bad, and is never set true.
+void filterTodayRow(const QString& rowText, bool& valid);
+// Inserts a today row into todayList at its place by time, ahead of rows of an equal time, and selects it.
+void insertTodayRow(Context& ctx, const QString& alarmTime, const QString& playWord, bool acceptSameTime);
 // The same for many rows at once, as if each were inserted in turn.
-void SortingBatch(Context& ctx, const QStringList& todayRows);
+void insertTodayRows(Context& ctx, const QStringList& todayRows);

@@ -10,4 +10,4 @@ struct StartupHooks {
     // Shows the desktop clock with its On entry ticked.
     std::function<void()> showSmallClock;
 };
-void fForm1Load(Context& ctx, const StartupHooks& hooks);
+void startUp(Context& ctx, const StartupHooks& hooks);

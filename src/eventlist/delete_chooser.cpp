@@ -6,48 +6,47 @@
 
 namespace {
 bool hasCurrentRow(const Context& ctx) {
-    return ctx.lstData.listIndex() >= 0;
+    return ctx.today.alarms.listIndex() >= 0;
 }
 } // namespace
 
 QString DeleteChooser::messageOf(const Context& ctx, int entry) const {
     // A number that names no row shows the empty text, as the list box answers past its ends.
-    const int row = entry >= 0 && entry < m_BeKilled.size() ? m_BeKilled.at(entry) : -1;
-    return alarm_event::messageOfMessageRow(ctx.lstMessage.item(row));
+    const int row = entry >= 0 && entry < m_doomedRows.size() ? m_doomedRows.at(entry) : -1;
+    return alarm_event::messageOfMessageRow(ctx.today.messages.item(row));
 }
 
-bool DeleteChooser::GetAllMessages(const Context& ctx, int indexOfDimension, const QList<int>& BeKilled,
-                                   QString& txtMessageIs) {
+bool DeleteChooser::chooseMessageToDelete(const Context& ctx, int indexOfDimension, const QList<int>& doomedRows,
+                                   QString& messageText) {
     m_indexOfDimension = indexOfDimension;
-    m_BeKilled = BeKilled;
+    m_doomedRows = doomedRows;
     if (!hasCurrentRow(ctx))
         return false;
-    txtMessageIs = messageOf(ctx, 0);
+    messageText = messageOf(ctx, 0);
     return true;
 }
 
-void DeleteChooser::ShowMessages(Context& ctx, QString& txtMessageIs, QString& lblInformation) {
-    if (m_iNextMessage >= m_indexOfDimension)
-        m_iNextMessage = 0;
+void DeleteChooser::showNext(Context& ctx, QString& messageText, QString& informationLabel) {
+    if (m_nextMessage >= m_indexOfDimension)
+        m_nextMessage = 0;
     if (hasCurrentRow(ctx)) {
-        txtMessageIs = messageOf(ctx, m_iNextMessage);
+        messageText = messageOf(ctx, m_nextMessage);
     } else {
-        lblInformation = QStringLiteral("detected alarm events were executed, please press ''Cancel'' to close!");
-        ctx.notices.Beep();
+        informationLabel = QStringLiteral("detected alarm events were executed, please press ''Cancel'' to close!");
+        ctx.notices.beep();
     }
-    ++m_iNextMessage;
+    ++m_nextMessage;
 }
 
-void DeleteChooser::Delete(Context& ctx) {
+void DeleteChooser::remove(Context& ctx) {
     if (!hasCurrentRow(ctx))
         return;
-    const int entry = m_iNextMessage - 1;
-    if (entry >= 0 && entry < m_BeKilled.size())
-        ctx.lstMessage.removeItem(m_BeKilled.at(entry)); // a number past the list is passed over
-    ctx.lstData.removeItem(ctx.lstData.listIndex());
-    Module1& m = ctx.m;
-    m.blnNeedNextAlarm = true;
-    m.blnHaveAlarms = ctx.lstData.count() > 0;
-    m.strNextAlarm.clear();
-    m.strNextPlayTimes.clear();
+    const int entry = m_nextMessage - 1;
+    if (entry >= 0 && entry < m_doomedRows.size())
+        ctx.today.messages.removeItem(m_doomedRows.at(entry)); // a number past the list is passed over
+    ctx.today.alarms.removeItem(ctx.today.alarms.listIndex());
+    ctx.tick.needNextAlarm = true;
+    ctx.tick.haveAlarms = ctx.today.alarms.count() > 0;
+    ctx.tick.nextAlarm.clear();
+    ctx.tick.nextPlayWord.clear();
 }

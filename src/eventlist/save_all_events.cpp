@@ -5,14 +5,14 @@
 #include "platform/record_file.h"
 #include "sound/notices.h"
 
-bool SaveAllEvents(Context& ctx) {
+bool saveAllEvents(Context& ctx) {
     FileError error;
-    if (ctx.Bwklistbox1.SaveAllEventsToDisk(ctx.appFile(QStringLiteral("future.dat")), error))
+    if (ctx.eventList.saveToFile(ctx.appFile(QStringLiteral("future.dat")), error))
         return true;
     // Emptying the file of an empty list is never reported, even when it fails.
-    if (ctx.Bwklistbox1.lstMain.isEmpty())
+    if (ctx.eventList.rows.isEmpty())
         return false;
-    ctx.notices.AnswerOk(QStringLiteral("Error occurred when saving alarm event to disk, ") +
+    ctx.notices.answerOk(QStringLiteral("Error occurred when saving alarm event to disk, ") +
                          QStringLiteral("Error # ") + numberForMessage(error.number) + QLatin1Char('\r') +
                          error.description);
     return false;

@@ -47,7 +47,7 @@ bool MciSequencerCommands::isOpenAlias(const QString& name) const {
     return !m_alias.isEmpty() && name.compare(m_alias, Qt::CaseInsensitive) == 0;
 }
 
-uint32_t MciSequencerCommands::mciSendStringA(const QString& command) {
+uint32_t MciSequencerCommands::sendCommand(const QString& command) {
     const QStringList words = commandWords(command);
     if (words.isEmpty())
         return kUnrecognizedCommand;

@@ -10,7 +10,7 @@ class MciDevice {
 public:
     virtual ~MciDevice() = default;
     // 0 on success, else an error number.
-    virtual uint32_t mciSendStringA(const QString& command) = 0;
+    virtual uint32_t sendCommand(const QString& command) = 0;
 };
 
 // The commands of one sequencer device over a midi sequencer:
@@ -33,7 +33,7 @@ public:
     explicit MciSequencerCommands(MidiSequencer& sequencer) : m_sequencer(sequencer) {}
     ~MciSequencerCommands() override;
 
-    uint32_t mciSendStringA(const QString& command) override;
+    uint32_t sendCommand(const QString& command) override;
 
     // The alias of the open device; empty when none is open.
     const QString& openAlias() const { return m_alias; }

@@ -2,7 +2,7 @@
 
 #include "platform/speaker_output.h"
 
-void SpeakerPortModel::vbOutw(int16_t port, int16_t value) {
+void SpeakerPortModel::writePort(int16_t port, int16_t value) {
     const uint8_t byte = static_cast<uint8_t>(value & 0xFF);
     if (port == kPortB) {
         m_portB = byte;
@@ -35,7 +35,7 @@ void SpeakerPortModel::vbOutw(int16_t port, int16_t value) {
     }
 }
 
-int16_t SpeakerPortModel::vbInpw(int16_t port) {
+int16_t SpeakerPortModel::readPort(int16_t port) {
     if (port == kPortB)
         return m_portB;
     return 0xFF;
@@ -50,7 +50,7 @@ double SpeakerPortModel::frequency() const {
     return kTimerClock / (m_count == 0 ? 65536.0 : m_count);
 }
 
-void SpeakerPortModel::Hold(int ms) {
+void SpeakerPortModel::hold(int ms) {
     m_output.queueTone(frequency(), ms);
 }
 

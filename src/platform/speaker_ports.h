@@ -9,10 +9,10 @@ class SpeakerOutput;
 class SpeakerPorts {
 public:
     virtual ~SpeakerPorts() = default;
-    virtual void vbOutw(int16_t port, int16_t value) = 0;
-    virtual int16_t vbInpw(int16_t port) = 0;
+    virtual void writePort(int16_t port, int16_t value) = 0;
+    virtual int16_t readPort(int16_t port) = 0;
     // Leaves the speaker as it is for ms: a tone when it is on, a rest when it is off.
-    virtual void Hold(int ms) = 0;
+    virtual void hold(int ms) = 0;
     // The ports lead to something that can sound.
     virtual bool available() = 0;
 };
@@ -30,9 +30,9 @@ public:
 
     explicit SpeakerPortModel(SpeakerOutput& output, uint8_t portB = 0) : m_output(output), m_portB(portB) {}
 
-    void vbOutw(int16_t port, int16_t value) override;
-    int16_t vbInpw(int16_t port) override;
-    void Hold(int ms) override;
+    void writePort(int16_t port, int16_t value) override;
+    int16_t readPort(int16_t port) override;
+    void hold(int ms) override;
     bool available() override;
 
     // What the speaker does now: the frequency it sounds, 0 when it is silent.

@@ -21,14 +21,14 @@ QString trimmedText(const QByteArray& bytes) {
 } // namespace
 
 void SettingRecord::setKey(const QString& key) {
-    strKey = fixedText(key, kKeyLength);
+    keyBytes = fixedText(key, kKeyLength);
 }
 void SettingRecord::setValue(const QString& value) {
-    strValue = fixedText(value, kValueLength);
+    valueBytes = fixedText(value, kValueLength);
 }
 QString SettingRecord::keyText() const {
-    return trimmedText(strKey);
+    return trimmedText(keyBytes);
 }
 QString SettingRecord::valueText() const {
-    return trimmedText(strValue);
+    return trimmedText(valueBytes);
 }

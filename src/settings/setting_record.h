@@ -11,10 +11,10 @@ struct SettingRecord {
     static constexpr int kValueLength = 30;
     static constexpr int kLength = kKeyLength + 4 + 4 + kValueLength;
 
-    QByteArray strKey = QByteArray(kKeyLength, '\0');
-    int32_t lngValue1 = 0;
-    int32_t lngValue2 = 0;
-    QByteArray strValue = QByteArray(kValueLength, '\0');
+    QByteArray keyBytes = QByteArray(kKeyLength, '\0');
+    int32_t value1 = 0;
+    int32_t value2 = 0;
+    QByteArray valueBytes = QByteArray(kValueLength, '\0');
 
     // Fixed-length text fields: left-aligned, padded with spaces, cut to length.
     void setKey(const QString& key);

@@ -32,11 +32,11 @@ bool SettingsFile::exists(const QString& appPath) {
 QByteArray SettingsFile::encode(const SettingRecord& rec) {
     QByteArray bytes(SettingRecord::kLength, '\0');
     char* p = bytes.data();
-    const QByteArray key = rec.strKey.leftJustified(SettingRecord::kKeyLength, '\0', true);
-    const QByteArray value = rec.strValue.leftJustified(SettingRecord::kValueLength, '\0', true);
+    const QByteArray key = rec.keyBytes.leftJustified(SettingRecord::kKeyLength, '\0', true);
+    const QByteArray value = rec.valueBytes.leftJustified(SettingRecord::kValueLength, '\0', true);
     memcpy(p, key.constData(), SettingRecord::kKeyLength);
-    qToLittleEndian<qint32>(rec.lngValue1, p + 17);
-    qToLittleEndian<qint32>(rec.lngValue2, p + 21);
+    qToLittleEndian<qint32>(rec.value1, p + 17);
+    qToLittleEndian<qint32>(rec.value2, p + 21);
     memcpy(p + 25, value.constData(), SettingRecord::kValueLength);
     return bytes;
 }
@@ -45,10 +45,10 @@ SettingRecord SettingsFile::decode(const QByteArray& bytes) {
     const QByteArray full = bytes.leftJustified(SettingRecord::kLength, '\0', true);
     const char* p = full.constData();
     SettingRecord rec;
-    rec.strKey = full.left(SettingRecord::kKeyLength);
-    rec.lngValue1 = qFromLittleEndian<qint32>(p + 17);
-    rec.lngValue2 = qFromLittleEndian<qint32>(p + 21);
-    rec.strValue = full.mid(25, SettingRecord::kValueLength);
+    rec.keyBytes = full.left(SettingRecord::kKeyLength);
+    rec.value1 = qFromLittleEndian<qint32>(p + 17);
+    rec.value2 = qFromLittleEndian<qint32>(p + 21);
+    rec.valueBytes = full.mid(25, SettingRecord::kValueLength);
     return rec;
 }
 

@@ -27,17 +27,17 @@ constexpr int kWordLength = 6;
 // Writes the shared buffer as it stands.
 bool writeBuffer(Context& ctx, int record) {
     SettingsFile file;
-    file.openForWriting(ctx.m.strAppPath);
-    file.write(record, ctx.m.recSetting);
+    file.openForWriting(ctx.folder);
+    file.write(record, ctx.recordBuffer);
     file.close();
     return !file.error().isSet();
 }
 
 bool writePosition(Context& ctx, int record, int32_t top, int32_t left) {
-    SettingRecord& rec = ctx.m.recSetting;
+    SettingRecord& rec = ctx.recordBuffer;
     rec.setKey(keyOf(record));
-    rec.lngValue1 = top;
-    rec.lngValue2 = left;
+    rec.value1 = top;
+    rec.value2 = left;
     return writeBuffer(ctx, record);
 }
 
@@ -64,7 +64,7 @@ bool readRecord(const QString& appPath, int record, SettingRecord& rec) {
 }
 
 OptionWords optionWordsOf(const SettingRecord& rec) {
-    const QString value = fromCp1252(rec.strValue);
+    const QString value = fromCp1252(rec.valueBytes);
     auto on = [&](int i) { return value.mid(i * kWordLength, kWordLength) == QLatin1String(kWords[i].on); };
     return {on(0), on(1), on(2), on(3)};
 }
@@ -98,38 +98,38 @@ bool writeMessageInputLoc(Context& ctx, int32_t top, int32_t left) {
 }
 
 bool writeSongName(Context& ctx, const QString& shortName) {
-    SettingRecord& rec = ctx.m.recSetting;
+    SettingRecord& rec = ctx.recordBuffer;
     rec.setKey(keyOf(kSongName));
-    rec.lngValue1 = 0;
-    rec.lngValue2 = 0;
+    rec.value1 = 0;
+    rec.value2 = 0;
     rec.setValue(shortName);
-    makeAppFolder(ctx.m.strAppPath);
+    makeAppFolder(ctx.folder);
     return writeBuffer(ctx, kSongName);
 }
 
 bool writeFontSize(Context& ctx, int32_t size) {
-    SettingRecord& rec = ctx.m.recSetting;
+    SettingRecord& rec = ctx.recordBuffer;
     rec.setKey(keyOf(kFontSize));
-    rec.lngValue1 = size;
+    rec.value1 = size;
     return writeBuffer(ctx, kFontSize);
 }
 
 bool writeSettingAndFont(Context& ctx, int32_t soundOn, int32_t errMsgPop, const OptionWords& words) {
-    SettingRecord& rec = ctx.m.recSetting;
+    SettingRecord& rec = ctx.recordBuffer;
     rec.setKey(keyOf(kSetting));
-    rec.lngValue1 = soundOn;
-    rec.lngValue2 = errMsgPop;
-    const bool on[4] = {words.autoLoad, words.noSecond, words.internalSpeaker, words.isInsteadMidi};
+    rec.value1 = soundOn;
+    rec.value2 = errMsgPop;
+    const bool on[4] = {words.autoLoad, words.noSecond, words.internalSpeaker, words.speakerInsteadOfMidi};
     rec.setValue(QLatin1String(on[0] ? kWords[0].on : kWords[0].off));
     for (int i = 1; i < 4; ++i)
         rec.setValue(rec.valueText() + QLatin1String(on[i] ? kWords[i].on : kWords[i].off));
 
-    makeAppFolder(ctx.m.strAppPath);
+    makeAppFolder(ctx.folder);
     SettingsFile file;
-    file.openForWriting(ctx.m.strAppPath);
+    file.openForWriting(ctx.folder);
     file.write(kSetting, rec);
     rec.setKey(keyOf(kAllFont));
-    rec.setValue(fontWord(ctx.m.iFontChoice));
+    rec.setValue(fontWord(ctx.options.fontChoice));
     file.write(kAllFont, rec);
     file.close();
     return !file.error().isSet();
@@ -138,8 +138,8 @@ bool writeSettingAndFont(Context& ctx, int32_t soundOn, int32_t errMsgPop, const
 bool writeOwnRecord(const QString& appPath, int record, const QString& key, int32_t value1, int32_t value2) {
     SettingRecord rec;
     rec.setKey(key);
-    rec.lngValue1 = value1;
-    rec.lngValue2 = value2;
+    rec.value1 = value1;
+    rec.value2 = value2;
     SettingsFile file;
     file.openForWriting(appPath);
     file.write(record, rec);
@@ -147,8 +147,8 @@ bool writeOwnRecord(const QString& appPath, int record, const QString& key, int3
     return !file.error().isSet();
 }
 
-bool writeForm2Location(const QString& appPath, int32_t top, int32_t left) {
-    return writeOwnRecord(appPath, kForm2Location, keyOf(kForm2Location), top, left);
+bool writeClockLocation(const QString& appPath, int32_t top, int32_t left) {
+    return writeOwnRecord(appPath, kClockLocation, keyOf(kClockLocation), top, left);
 }
 
 bool write24Hour(const QString& appPath, bool ticked) {
@@ -163,8 +163,8 @@ bool writeFontSizeOfClock(const QString& appPath, int32_t size) {
     return writeOwnRecord(appPath, kFontSizeOfClock, keyOf(kFontSizeOfClock), size, 0);
 }
 
-bool writeLocationForm16(const QString& appPath, int32_t top, int32_t left) {
-    return writeOwnRecord(appPath, kLocationForm16, keyOf(kLocationForm16), top, left);
+bool writeEditWindowLoc(const QString& appPath, int32_t top, int32_t left) {
+    return writeOwnRecord(appPath, kEditWindowLoc, keyOf(kEditWindowLoc), top, left);
 }
 
 bool writeShowSmallClock(const QString& appPath, bool ticked) {

@@ -11,17 +11,17 @@ class Context;
 // Writers are silent: a failed write loses the setting. They return false then, for the tests.
 namespace settings_records {
 
-constexpr int kTimeInputLoc = 1;    // Form4 top, left
-constexpr int kMessageInputLoc = 2; // Form5 top, left
+constexpr int kTimeInputLoc = 1;    // AlarmSetWindow top, left
+constexpr int kMessageInputLoc = 2; // InputMessageWindow top, left
 constexpr int kSongName = 3;        // song name without folder and ".wav"
-constexpr int kSetting = 4;         // chkSoundOn, chkErrMsgPop, the four option words
-constexpr int kForm2Location = 5;   // desktop clock top, left
+constexpr int kSetting = 4;         // soundOnBox, errorPopupsBox, the four option words
+constexpr int kClockLocation = 5;   // desktop clock top, left
 constexpr int kFontSize = 7;        // font size of the message box
 constexpr int kAllFont = 8;         // "Arial", "TimesNewRoman" or "Normal"
 constexpr int k24Hour = 9;
 constexpr int kEnabledSecond = 10;
 constexpr int kFontSizeOfClock = 11;
-constexpr int kLocationForm16 = 12; // Edit window top, left
+constexpr int kEditWindowLoc = 12; // Edit window top, left
 constexpr int kShowSmallClock = 13;
 constexpr int kRecordCount = 13;
 
@@ -34,10 +34,10 @@ bool readRecord(const QString& appPath, int record, SettingRecord& rec);
 
 // Record 4's value: four 6-character words, each "...On" or "...Of".
 struct OptionWords {
-    bool autoLoad = false;        // chkAutoLoad, "ALAEOn"
-    bool noSecond = false;        // chkNoSec, "DCWSOn"
-    bool internalSpeaker = false; // chkInternalSpeaker, "UISPOn"
-    bool isInsteadMidi = false;   // chkISInsteadMidi, "ISOMOn"
+    bool autoLoad = false;        // autoLoadBox, "ALAEOn"
+    bool noSecond = false;        // noSecondBox, "DCWSOn"
+    bool internalSpeaker = false; // internalSpeakerBox, "UISPOn"
+    bool speakerInsteadOfMidi = false;   // speakerInsteadOfMidiBox, "ISOMOn"
 };
 // Only the exact "On" word at its place counts as on; anything else, blanks included, is off.
 OptionWords optionWordsOf(const SettingRecord& rec);
@@ -46,23 +46,23 @@ OptionWords optionWordsOf(const SettingRecord& rec);
 int16_t fontChoiceOf(const SettingRecord& rec);
 QString fontWord(int fontChoice);
 
-// Writers through the shared buffer ctx.m.recSetting: the fields they do not set keep what is there.
+// Writers through the shared buffer ctx.recordBuffer: the fields they do not set keep what is there.
 bool writeTimeInputLoc(Context& ctx, int32_t top, int32_t left);
 bool writeMessageInputLoc(Context& ctx, int32_t top, int32_t left);
 // Creates the program folder when missing.
 bool writeSongName(Context& ctx, const QString& shortName);
 bool writeFontSize(Context& ctx, int32_t size);
-// Records 4 and 8, written when the Settings window closes; record 8 follows ctx.m.iFontChoice.
+// Records 4 and 8, written when the Settings window closes; record 8 follows ctx.options.fontChoice.
 // Creates the program folder when missing.
 bool writeSettingAndFont(Context& ctx, int32_t soundOn, int32_t errMsgPop, const OptionWords& words);
 
-// Writers with a record of their own, filled fresh: lngValue2 as given and a value of zero bytes.
+// Writers with a record of their own, filled fresh: value2 as given and a value of zero bytes.
 bool writeOwnRecord(const QString& appPath, int record, const QString& key, int32_t value1, int32_t value2);
-bool writeForm2Location(const QString& appPath, int32_t top, int32_t left);
+bool writeClockLocation(const QString& appPath, int32_t top, int32_t left);
 bool write24Hour(const QString& appPath, bool ticked);
 bool writeEnabledSecond(const QString& appPath, bool ticked);
 bool writeFontSizeOfClock(const QString& appPath, int32_t size);
-bool writeLocationForm16(const QString& appPath, int32_t top, int32_t left);
+bool writeEditWindowLoc(const QString& appPath, int32_t top, int32_t left);
 bool writeShowSmallClock(const QString& appPath, bool ticked);
 
 } // namespace settings_records

@@ -7,9 +7,9 @@ class AlarmSound {
 public:
     virtual ~AlarmSound() = default;
     // The alarm sound for a play word and a wave file, with every fallback.
-    virtual void PlaySound(const QString& strTimes, const QString& sSoundName) = 0;
+    virtual void playAlarm(const QString& playWord, const QString& soundPath) = 0;
     // Flags: 1 play asynchronously; an empty name (or flag 4) stops the wave.
-    virtual void sndPlaySoundA(const QString& name, int flags) = 0;
+    virtual void playWaveFile(const QString& name, int flags) = 0;
     // One falling sweep on the internal speaker.
-    virtual void InternalSpeaker() = 0;
+    virtual void sweepSpeaker() = 0;
 };

@@ -8,22 +8,22 @@
 // Do-nothing sound and notices, for running the engine without windows or audio. Warnings go to stderr.
 class NullErrorList : public ErrorList {
 public:
-    void AddItem(const QString&) override {}
-    void Show() override {}
+    void addLine(const QString&) override {}
+    void showList() override {}
 };
 
 class NullNotices : public Notices {
 public:
     int warnings = 0;
-    void AnswerOk(const QString& text) override {
+    void answerOk(const QString& text) override {
         ++warnings;
         std::fprintf(stderr, "warning: %s\n", qPrintable(text));
     }
-    void ShowAlarmWindow(const QString&) override {}
-    ErrorList& NewErrorList() override { return m_list; }
-    ErrorList& SharedErrorList() override { return m_list; }
-    void Beep() override {}
-    void SystemModalBox(const QString&) override {}
+    void showAlarmWindow(const QString&) override {}
+    ErrorList& newErrorList() override { return m_list; }
+    ErrorList& sharedErrorList() override { return m_list; }
+    void beep() override {}
+    void systemModalBox(const QString&) override {}
 
 private:
     NullErrorList m_list;
@@ -31,7 +31,7 @@ private:
 
 class NullSound : public AlarmSound {
 public:
-    void PlaySound(const QString&, const QString&) override {}
-    void sndPlaySoundA(const QString&, int) override {}
-    void InternalSpeaker() override {}
+    void playAlarm(const QString&, const QString&) override {}
+    void playWaveFile(const QString&, int) override {}
+    void sweepSpeaker() override {}
 };

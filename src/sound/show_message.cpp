@@ -3,15 +3,15 @@
 #include "engine/context.h"
 #include "sound/notices.h"
 
-void sShowMsg(Context& ctx, const QString& tTime) {
-    for (int i = 0; i < ctx.lstMessage.count(); ++i) {
-        const QString row = ctx.lstMessage.item(i);
+void showAlarmMessage(Context& ctx, const QString& alarmTime) {
+    for (int i = 0; i < ctx.today.messages.count(); ++i) {
+        const QString row = ctx.today.messages.item(i);
         QStringView time = QStringView(row).right(8);
-        if (ctx.m.blnNoSecond)
+        if (ctx.options.noSecond)
             time = time.left(5);
-        if (time == tTime) {
-            ctx.notices.ShowAlarmWindow(row);
-            ctx.lstMessage.removeItem(i);
+        if (time == alarmTime) {
+            ctx.notices.showAlarmWindow(row);
+            ctx.today.messages.removeItem(i);
             return;
         }
     }

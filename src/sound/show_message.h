@@ -5,4 +5,4 @@
 class Context;
 
 // Shows the first message of this time in a new message window and takes it off the list.
-void sShowMsg(Context& ctx, const QString& tTime);
+void showAlarmMessage(Context& ctx, const QString& alarmTime);

@@ -2,17 +2,17 @@
 
 #include "platform/wave_output.h"
 
-int WavePlayer::timesOfWord(const QString& strTimes) {
-    if (strTimes == QLatin1String("twice"))
+int WavePlayer::timesOfWord(const QString& playWord) {
+    if (playWord == QLatin1String("twice"))
         return 2;
-    if (strTimes == QLatin1String("thrice"))
+    if (playWord == QLatin1String("thrice"))
         return 3;
-    if (strTimes == QLatin1String("repeat"))
+    if (playWord == QLatin1String("repeat"))
         return 0;
     return 1;
 }
 
-void WavePlayer::PlayWave(const QString& strTimes, const QString& path, int16_t& iCanPlay) {
-    if (!m_output.play(path, timesOfWord(strTimes)))
-        iCanPlay = 0;
+void WavePlayer::play(const QString& playWord, const QString& path, int16_t& canPlay) {
+    if (!m_output.play(path, timesOfWord(playWord)))
+        canPlay = 0;
 }

@@ -15,19 +15,19 @@ constexpr Density k96{96, 15}, k120{120, 12}, k144{144, 10};
 
 ClockFace loaded(Density d, bool matched, int32_t stored) {
     ClockFace face;
-    ApplyStoredClockSize(face, matched, stored);
-    ApplyDensityCorrections(face, d.dpi, DpiOffset(d.dpi, d.tpp), stored, d.tpp);
+    applyStoredClockSize(face, matched, stored);
+    applyDensityCorrections(face, d.dpi, dpiOffsetOf(d.dpi, d.tpp), stored, d.tpp);
     return face;
 }
 
 TEST(ClockFace, DpiOffsetIsTheDistanceFromTwelveOutsideTheDesignBand) {
-    EXPECT_EQ(DpiOffset(96, 15), 3);
-    EXPECT_EQ(DpiOffset(72, 20), 8);
-    EXPECT_EQ(DpiOffset(110, 1440.0f / 110), 0);
-    EXPECT_EQ(DpiOffset(120, 12), 0);
-    EXPECT_EQ(DpiOffset(144, 10), 2);
-    EXPECT_EQ(DpiOffset(192, 7.5f), 4); // 4.5 rounds to even
-    EXPECT_EQ(DpiOffset(168, 1440.0f / 168), 3);
+    EXPECT_EQ(dpiOffsetOf(96, 15), 3);
+    EXPECT_EQ(dpiOffsetOf(72, 20), 8);
+    EXPECT_EQ(dpiOffsetOf(110, 1440.0f / 110), 0);
+    EXPECT_EQ(dpiOffsetOf(120, 12), 0);
+    EXPECT_EQ(dpiOffsetOf(144, 10), 2);
+    EXPECT_EQ(dpiOffsetOf(192, 7.5f), 4); // 4.5 rounds to even
+    EXPECT_EQ(dpiOffsetOf(168, 1440.0f / 168), 3);
 }
 
 TEST(ClockFace, DensityCorrectionsPutTheLabelOnTheSamePixels) {
@@ -38,15 +38,15 @@ TEST(ClockFace, DensityCorrectionsPutTheLabelOnTheSamePixels) {
     for (const Row& r :
          {Row{k96, 150, 1965, 2100, 9}, Row{k120, 120, 1572, 1680, 9}, Row{k144, 120, 1310, 1400, 7.5f}}) {
         const ClockFace face = loaded(r.d, false, 0);
-        EXPECT_FLOAT_EQ(face.lblLeft, r.left) << r.d.dpi;
-        EXPECT_FLOAT_EQ(face.lblWidth, r.width) << r.d.dpi;
+        EXPECT_FLOAT_EQ(face.labelLeft, r.left) << r.d.dpi;
+        EXPECT_FLOAT_EQ(face.labelWidth, r.width) << r.d.dpi;
         EXPECT_FLOAT_EQ(face.closeLeft, r.closeLeft) << r.d.dpi;
-        EXPECT_FLOAT_EQ(face.lblFontSize, r.fontSize) << r.d.dpi;
-        EXPECT_FLOAT_EQ(face.lblTop, 0) << r.d.dpi;
+        EXPECT_FLOAT_EQ(face.labelFontSize, r.fontSize) << r.d.dpi;
+        EXPECT_FLOAT_EQ(face.labelTop, 0) << r.d.dpi;
     }
     // 110 dots per inch: no correction though the twips per pixel are not 12.
     const ClockFace at110 = loaded({110, 1440.0f / 110}, false, 0);
-    EXPECT_FLOAT_EQ(at110.lblWidth, 1572);
+    EXPECT_FLOAT_EQ(at110.labelWidth, 1572);
     EXPECT_FLOAT_EQ(at110.closeLeft, 1680);
 }
 
@@ -69,8 +69,8 @@ TEST(ClockFace, StoredSizeAtLoad) {
     };
     for (const Row& r : rows) {
         const ClockFace face = loaded(r.d, r.matched, r.stored);
-        EXPECT_FLOAT_EQ(face.lblFontSize, r.fontSize) << r.d.dpi << " stored " << r.stored;
-        EXPECT_FLOAT_EQ(face.lblTop, r.top) << r.d.dpi << " stored " << r.stored;
+        EXPECT_FLOAT_EQ(face.labelFontSize, r.fontSize) << r.d.dpi << " stored " << r.stored;
+        EXPECT_FLOAT_EQ(face.labelTop, r.top) << r.d.dpi << " stored " << r.stored;
     }
 }
 
@@ -78,19 +78,19 @@ TEST(ClockFace, MenuChoiceEqualsWhatTheNextLoadBuildsAndDoesNotPileUp) {
     for (Density d : {k96, k120, k144}) {
         for (int32_t size = 8; size <= 11; ++size) {
             ClockFace face = loaded(d, false, 0);
-            const float width = face.lblWidth, closeLeft = face.closeLeft;
-            ChooseClockSize(face, size, d.dpi, DpiOffset(d.dpi, d.tpp), d.tpp);
-            ChooseClockSize(face, size, d.dpi, DpiOffset(d.dpi, d.tpp), d.tpp);
+            const float width = face.labelWidth, closeLeft = face.closeLeft;
+            chooseClockSize(face, size, d.dpi, dpiOffsetOf(d.dpi, d.tpp), d.tpp);
+            chooseClockSize(face, size, d.dpi, dpiOffsetOf(d.dpi, d.tpp), d.tpp);
             const ClockFace next = loaded(d, true, size);
-            EXPECT_FLOAT_EQ(face.lblFontSize, next.lblFontSize) << d.dpi << " size " << size;
-            EXPECT_FLOAT_EQ(face.lblTop, next.lblTop) << d.dpi << " size " << size;
-            EXPECT_FLOAT_EQ(face.lblWidth, width);
+            EXPECT_FLOAT_EQ(face.labelFontSize, next.labelFontSize) << d.dpi << " size " << size;
+            EXPECT_FLOAT_EQ(face.labelTop, next.labelTop) << d.dpi << " size " << size;
+            EXPECT_FLOAT_EQ(face.labelWidth, width);
             EXPECT_FLOAT_EQ(face.closeLeft, closeLeft);
         }
     }
     ClockFace face;
-    ChooseClockSize(face, 9, 120, 0, 12);
-    EXPECT_FLOAT_EQ(face.lblTop, 24); // two design pixels below the unsized start
+    chooseClockSize(face, 9, 120, 0, 12);
+    EXPECT_FLOAT_EQ(face.labelTop, 24); // two design pixels below the unsized start
 }
 
 TEST(ClockText, FourPatterns) {
@@ -106,22 +106,22 @@ TEST(ClockText, FourPatterns) {
         {QTime(12, 0, 1), false, false, "12 : 00  PM"},     {QTime(11, 59, 59), false, true, "11 : 59 : 59  AM"},
     };
     for (const Row& r : rows)
-        EXPECT_EQ(ClockTimeText(r.time, r.h24, r.seconds), QString::fromLatin1(r.text));
+        EXPECT_EQ(clockTimeText(r.time, r.h24, r.seconds), QString::fromLatin1(r.text));
 }
 
 TEST(ClockText, DateWithAbbreviatedNames) {
-    EXPECT_EQ(ClockDateText(QDate(2026, 11, 19), QLocale::c()), QStringLiteral("Thu. 19 Nov 2026"));
-    EXPECT_EQ(ClockDateText(QDate(2002, 5, 1), QLocale::c()), QStringLiteral("Wed. 01 May 2002"));
+    EXPECT_EQ(clockDateText(QDate(2026, 11, 19), QLocale::c()), QStringLiteral("Thu. 19 Nov 2026"));
+    EXPECT_EQ(clockDateText(QDate(2002, 5, 1), QLocale::c()), QStringLiteral("Wed. 01 May 2002"));
 }
 
 QRegion regionOf(ShapeControl shape, int16_t xOffset = 0, int16_t yOffset = 0) {
     std::vector<ShapeControl> shapes{shape};
-    return MakeWindowRegion(shapes, xOffset, yOffset);
+    return windowRegion(shapes, xOffset, yOffset);
 }
 
 TEST(WindowRegion, ClockPillIs155By21PixelsWithRoundEnds) {
-    std::vector<ShapeControl> shapes = ClockBorderShapes();
-    const QRegion pill = MakeWindowRegion(shapes, 0, 0);
+    std::vector<ShapeControl> shapes = clockBorderShapes();
+    const QRegion pill = windowRegion(shapes, 0, 0);
     EXPECT_EQ(pill.boundingRect(), QRect(1, 1, 155, 21));
 
     for (QPoint inside : {QPoint(11, 11), QPoint(1, 11), QPoint(155, 11), QPoint(80, 1), QPoint(80, 20), QPoint(11, 21),
@@ -163,8 +163,8 @@ TEST(WindowRegion, EveryShapeKindTakesItsBox) {
 
     // An unknown kind becomes an oval, in the control too.
     std::vector<ShapeControl> unknown{{7, 120, 240, 600, 360}};
-    EXPECT_EQ(MakeWindowRegion(unknown, 0, 0), oval);
-    EXPECT_EQ(unknown[0].Shape, 2);
+    EXPECT_EQ(windowRegion(unknown, 0, 0), oval);
+    EXPECT_EQ(unknown[0].kind, 2);
 }
 
 TEST(WindowRegion, TwipsRoundHalfToEvenAtTheDesignDensityPlusOffsets) {

@@ -10,23 +10,23 @@ namespace {
 struct DragRig {
     FakeScreen screen;
     FakeDockWindow win{screen};
-    clsDockingHandler dock{screen};
+    DockingHandler dock{screen};
     float px = 0, py = 0;
 
     explicit DragRig(int32_t dpi = 120, float left = 3600, float top = 3000) : screen(dpi) {
         win.left = left;
         win.top = top;
-        dock.setParentForm(&win);
+        dock.setWindow(&win);
     }
     void press(float dxInControl = 600, float dyInControl = 120) {
         px = win.left + dxInControl;
         py = win.top + dyInControl;
-        dock.StartDockDrag(px - win.left, py - win.top);
+        dock.startDrag(px - win.left, py - win.top);
     }
     void pull(float dx, float dy) {
         px += dx;
         py += dy;
-        dock.UpdateDockDrag(px - win.left, py - win.top);
+        dock.updateDrag(px - win.left, py - win.top);
     }
 };
 
@@ -48,7 +48,7 @@ TEST(DockingHandler, TopEdgeSnapsWithinTheDistanceOnEitherSide) {
         const FakeDockWindow::Call call = rig.win.calls[0];
         EXPECT_EQ(call.x, 4000 / 12);
         EXPECT_EQ(QSize(call.cx, call.cy), QSize(250, 85));
-        EXPECT_EQ(call.insertAfter, clsDockingHandler::kHwndNoTopmost);
+        EXPECT_EQ(call.insertAfter, DockingHandler::kHwndNoTopmost);
     }
 }
 
@@ -136,27 +136,27 @@ TEST(DockingHandler, StaleFlagFallsOnTheFirstStepAfterAMoveByOtherMeans) {
 TEST(DockingHandler, SnapsWithinTenPixelsAndRestacksInPlaceOnlyWithAWindow) {
     FakeScreen screen(120), at96(96);
     FakeDockWindow win(screen);
-    clsDockingHandler dock(screen);
-    EXPECT_EQ(dock.SnapDistance(), 120);
-    EXPECT_EQ(clsDockingHandler(at96).SnapDistance(), 150);
+    DockingHandler dock(screen);
+    EXPECT_EQ(dock.snapDistance(), 120);
+    EXPECT_EQ(DockingHandler(at96).snapDistance(), 150);
     dock.setAlwaysOnTop(true);
     EXPECT_TRUE(win.calls.empty());
-    dock.StartDockDrag(0, 0);
-    dock.UpdateDockDrag(50, 50); // no window: nothing moves
+    dock.startDrag(0, 0);
+    dock.updateDrag(50, 50); // no window: nothing moves
 
     win.left = 1200;
     win.top = 240;
-    dock.setParentForm(&win);
+    dock.setWindow(&win);
     dock.setAlwaysOnTop(true);
     ASSERT_EQ(win.calls.size(), 1u);
-    EXPECT_EQ(win.calls[0].insertAfter, clsDockingHandler::kHwndTopmost);
+    EXPECT_EQ(win.calls[0].insertAfter, DockingHandler::kHwndTopmost);
     EXPECT_EQ(win.calls[0].x, 100);
     EXPECT_EQ(win.calls[0].y, 20);
-    dock.StartDockDrag(0, 0);
-    dock.UpdateDockDrag(0, 1200);
-    EXPECT_EQ(win.calls.back().insertAfter, clsDockingHandler::kHwndTopmost);
+    dock.startDrag(0, 0);
+    dock.updateDrag(0, 1200);
+    EXPECT_EQ(win.calls.back().insertAfter, DockingHandler::kHwndTopmost);
     dock.setAlwaysOnTop(false);
-    EXPECT_EQ(win.calls.back().insertAfter, clsDockingHandler::kHwndNoTopmost);
+    EXPECT_EQ(win.calls.back().insertAfter, DockingHandler::kHwndNoTopmost);
 }
 
 } // namespace

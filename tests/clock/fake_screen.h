@@ -14,16 +14,16 @@ struct FakeScreen : ScreenServices {
     std::vector<QPoint> cursorMoves;
 
     explicit FakeScreen(int32_t dpi = 120) : logPixels(dpi) {}
-    int32_t LogPixelsX() const override { return logPixels; }
-    float TwipsPerPixelX() const override { return 1440.0f / logPixels; }
-    float TwipsPerPixelY() const override { return 1440.0f / logPixels; }
-    int32_t ScreenWidth() const override { return 1024; }
-    bool GetWorkArea(PixelRect& area) const override {
+    int32_t logPixelsX() const override { return logPixels; }
+    float twipsPerPixelX() const override { return 1440.0f / logPixels; }
+    float twipsPerPixelY() const override { return 1440.0f / logPixels; }
+    int32_t screenWidth() const override { return 1024; }
+    bool getWorkArea(PixelRect& area) const override {
         area = workArea;
         return true;
     }
-    QPoint GetCursorPos() const override { return cursor; }
-    void SetCursorPos(int32_t x, int32_t y) override {
+    QPoint cursorPos() const override { return cursor; }
+    void setCursorPos(int32_t x, int32_t y) override {
         cursor = QPoint(x, y);
         cursorMoves.push_back(cursor);
     }
@@ -39,15 +39,15 @@ struct FakeDockWindow : DockWindow {
     std::vector<Call> calls;
 
     explicit FakeDockWindow(const ScreenServices& s) : screen(s) {}
-    float Left() const override { return left; }
-    float Top() const override { return top; }
-    float Width() const override { return width; }
-    float Height() const override { return height; }
-    void SetWindowPos(int32_t insertAfter, int32_t x, int32_t y, int32_t cx, int32_t cy) override {
+    float leftTwips() const override { return left; }
+    float topTwips() const override { return top; }
+    float widthTwips() const override { return width; }
+    float heightTwips() const override { return height; }
+    void setWindowPos(int32_t insertAfter, int32_t x, int32_t y, int32_t cx, int32_t cy) override {
         calls.push_back({insertAfter, x, y, cx, cy});
-        left = x * screen.TwipsPerPixelX();
-        top = y * screen.TwipsPerPixelY();
-        width = cx * screen.TwipsPerPixelX();
-        height = cy * screen.TwipsPerPixelY();
+        left = x * screen.twipsPerPixelX();
+        top = y * screen.twipsPerPixelY();
+        width = cx * screen.twipsPerPixelX();
+        height = cy * screen.twipsPerPixelY();
     }
 };

@@ -14,10 +14,10 @@ struct ChooserRoundTripTest : ::testing::Test, EngineFixture {
 
     ChooserRoundTripTest() {
         clock.set(2002, 5, 1, 7, 0, 0);
-        ctx.touchForm4();
-        ctx.lstData.addItem("once 08:00:00");
-        ctx.lstData.addItem("repeat 21:15:00");
-        ctx.lstMessage.addItem("Walk \"the\" dog at 21:15:00");
+        ctx.touchAlarmSet();
+        ctx.today.alarms.addItem("once 08:00:00");
+        ctx.today.alarms.addItem("repeat 21:15:00");
+        ctx.today.messages.addItem("Walk \"the\" dog at 21:15:00");
     }
 };
 
@@ -46,67 +46,67 @@ struct FakeLauncher {
 
 TEST_F(ChooserRoundTripTest, SavedDayLoadsBackOnAnotherDayAndOverwriteTakesTheListsOfThatMoment) {
     QString box = "routine";
-    ASSERT_TRUE(ConfirmChoice(ctx, ChooserMode::Save, box, {}, actions));
+    ASSERT_TRUE(confirmChoice(ctx, ChooserMode::Save, box, {}, actions));
     EXPECT_TRUE(asked.isEmpty());
 
     // Saving over it asks first and writes nothing yet.
-    ctx.lstData.addItem("twice 22:00:00");
-    FileListState file1{{"routine.dat"}, {true}, 0};
+    ctx.today.alarms.addItem("twice 22:00:00");
+    FileListState fileList{{"routine.dat"}, {true}, 0};
     box.clear();
-    ASSERT_TRUE(ConfirmChoice(ctx, ChooserMode::Save, box, file1, actions));
+    ASSERT_TRUE(confirmChoice(ctx, ChooserMode::Save, box, fileList, actions));
     EXPECT_EQ(asked, QStringList({"AlarmSet|routine.dat"}));
     EXPECT_FALSE(readFile("routine.dat").contains("22:00:00"));
-    ctx.lstData.removeItem(0);
-    OverwriteConfirmed(ctx, "AlarmSet", "routine.dat");
+    ctx.today.alarms.removeItem(0);
+    overwriteConfirmed(ctx, "AlarmSet", "routine.dat");
     EXPECT_EQ(readFile("routine.dat"), QByteArray("\"repeat 21:15:00\"\r\n\"twice 22:00:00\"\r\n"
                                                   "\"Walk \"the\" dog at 21:15:00\"\r\n"));
-    ctx.lstData.clear();
-    ctx.lstMessage.clear();
+    ctx.today.alarms.clear();
+    ctx.today.messages.clear();
     clock.set(2002, 6, 9, 21, 30, 0);
     box = "routine.dat";
-    ASSERT_TRUE(ConfirmChoice(ctx, ChooserMode::Load, box, file1, actions));
+    ASSERT_TRUE(confirmChoice(ctx, ChooserMode::Load, box, fileList, actions));
     // Loaded twice, typed and chosen; the row already gone by on this day stays out.
-    EXPECT_EQ(ctx.lstData.items(), QStringList({"twice 22:00:00", "twice 22:00:00"}));
-    EXPECT_TRUE(ctx.lstMessage.isEmpty());
-    EXPECT_TRUE(ctx.m.blnHaveAlarms);
+    EXPECT_EQ(ctx.today.alarms.items(), QStringList({"twice 22:00:00", "twice 22:00:00"}));
+    EXPECT_TRUE(ctx.today.messages.isEmpty());
+    EXPECT_TRUE(ctx.tick.haveAlarms);
     EXPECT_TRUE(notices.warnings.isEmpty());
 
     // A typed name gets no extension on loading.
     box = "routine";
-    ConfirmChoice(ctx, ChooserMode::Load, box, {}, actions);
+    confirmChoice(ctx, ChooserMode::Load, box, {}, actions);
     EXPECT_EQ(notices.warnings, QStringList({"routine, file not found"}));
 }
 
 TEST_F(ChooserRoundTripTest, EditorIsTheDesktopOpenerThenTheFirstTextEditorOnPath) {
     FakeLauncher fake;
     fake.onPath = {"xdg-open", "gedit", "kate"};
-    EditorClick(ctx, "my.dat", fake.launcher());
+    openInEditor(ctx, "my.dat", fake.launcher());
     EXPECT_EQ(fake.started, QStringList({"/usr/bin/xdg-open " + path("my.dat")}));
 
     // The opener finds no application for the file: the first editor on PATH takes it.
     fake.started.clear();
     fake.openerFails = true;
-    EditorClick(ctx, "my.dat", fake.launcher());
+    openInEditor(ctx, "my.dat", fake.launcher());
     EXPECT_EQ(fake.started, QStringList({"/usr/bin/xdg-open " + path("my.dat"), "/usr/bin/gedit " + path("my.dat")}));
 
     fake.started.clear();
     fake.onPath = {"kate", "gedit"};
-    EditorClick(ctx, "my.dat", fake.launcher());
+    openInEditor(ctx, "my.dat", fake.launcher());
     EXPECT_EQ(fake.started, QStringList({"/usr/bin/gedit " + path("my.dat")}));
     EXPECT_TRUE(notices.warnings.isEmpty());
 
     // An editor that is there but does not start passes in silence.
     fake.started.clear();
     fake.refuse = {"gedit"};
-    EditorClick(ctx, "my.dat", fake.launcher());
+    openInEditor(ctx, "my.dat", fake.launcher());
     EXPECT_TRUE(fake.started.isEmpty());
     EXPECT_TRUE(notices.warnings.isEmpty());
 
     // Neither the opener nor an editor: the user is told, also after a failing opener.
     fake.onPath.clear();
-    EditorClick(ctx, "my.dat", fake.launcher());
+    openInEditor(ctx, "my.dat", fake.launcher());
     fake.onPath = {"xdg-open"};
-    EditorClick(ctx, "my.dat", fake.launcher());
+    openInEditor(ctx, "my.dat", fake.launcher());
     EXPECT_EQ(notices.warnings, QStringList({"Notepad and Wordpad not found", "Notepad and Wordpad not found"}));
 }
 

@@ -8,32 +8,32 @@ namespace {
 struct DataFileTest : ::testing::Test, EngineFixture {
     DataFileTest() {
         clock.set(2002, 5, 1, 12, 0, 0);
-        ctx.touchForm4();
+        ctx.touchAlarmSet();
     }
 };
 
 } // namespace
 
 TEST_F(DataFileTest, LoadMergesComingRowsAndDropsPassedOnesSilently) {
-    LoadClick(ctx, "my");
+    loadDataFile(ctx, "my");
     EXPECT_EQ(notices.warnings, QStringList({"my, file not found"}));
-    EXPECT_FALSE(ctx.m.blnTickOn);
+    EXPECT_FALSE(ctx.tick.on);
 
     writeFile("my.dat", quotedRecord("twice 13:00:00") + quotedRecord("once 12:00:00") +
                             quotedRecord("repeat 12:30:00") + quotedRecord("Dentist at 13:00:00") +
                             quotedRecord("Lunch at 11:00:00"));
-    LoadClick(ctx, "my.dat");
-    EXPECT_EQ(ctx.lstData.items(), QStringList({"repeat 12:30:00", "twice 13:00:00"}));
+    loadDataFile(ctx, "my.dat");
+    EXPECT_EQ(ctx.today.alarms.items(), QStringList({"repeat 12:30:00", "twice 13:00:00"}));
     // The first row into an empty list stands unselected; later ones leave the last inserted selected.
-    EXPECT_EQ(ctx.lstData.listIndex(), 0);
-    EXPECT_EQ(ctx.lstMessage.items(), QStringList({"Dentist at 13:00:00"}));
-    EXPECT_TRUE(ctx.m.blnTickOn && ctx.m.blnNeedNextAlarm && ctx.m.blnHaveAlarms);
+    EXPECT_EQ(ctx.today.alarms.listIndex(), 0);
+    EXPECT_EQ(ctx.today.messages.items(), QStringList({"Dentist at 13:00:00"}));
+    EXPECT_TRUE(ctx.tick.on && ctx.tick.needNextAlarm && ctx.tick.haveAlarms);
     EXPECT_TRUE(notices.shared.lines.isEmpty());
 
     // Loading again doubles every row.
-    LoadClick(ctx, "my.dat");
-    EXPECT_EQ(ctx.lstData.count(), 4);
-    EXPECT_EQ(ctx.lstMessage.count(), 2);
+    loadDataFile(ctx, "my.dat");
+    EXPECT_EQ(ctx.today.alarms.count(), 4);
+    EXPECT_EQ(ctx.today.messages.count(), 2);
 }
 
 TEST_F(DataFileTest, BadRecordsAreNumberedByPositionInEachFileAndTheEighthStops) {
@@ -46,9 +46,9 @@ TEST_F(DataFileTest, BadRecordsAreNumberedByPositionInEachFileAndTheEighthStops)
                              quotedRecord("thrice 15:02:00") + seven + quotedRecord("nonsense") +
                              quotedRecord("nonsense") + quotedRecord("once 16:00:00"));
     for (const char* name : {"seven.dat", "one.dat", "bad.dat"})
-        LoadClick(ctx, name);
+        loadDataFile(ctx, name);
     // Seven bad records do not stop a load, and each file starts its count afresh.
-    EXPECT_EQ(ctx.lstData.items(),
+    EXPECT_EQ(ctx.today.alarms.items(),
               QStringList({"once 13:00:00", "twice 14:00:00", "once 15:00:00", "twice 15:01:00", "thrice 15:02:00"}));
     const QStringList& lines = notices.shared.lines;
     ASSERT_EQ(lines.size(), 20);
@@ -61,33 +61,33 @@ TEST_F(DataFileTest, BadRecordsAreNumberedByPositionInEachFileAndTheEighthStops)
 }
 
 TEST_F(DataFileTest, SaveWritesBothListsAndLoadsBackOnAnotherDay) {
-    ctx.lstData.addItem("repeat 18:00:00");
-    ctx.lstData.addItem("once 19:00:00");
-    ctx.lstMessage.addItem("Two\r\nlines, and a comma at 19:00:00");
+    ctx.today.alarms.addItem("repeat 18:00:00");
+    ctx.today.alarms.addItem("once 19:00:00");
+    ctx.today.messages.addItem("Two\r\nlines, and a comma at 19:00:00");
     bool asked = false;
-    SaveFileClick(ctx, "day.dat", [&](const QString&, const QString&) { asked = true; });
+    saveDataFile(ctx, "day.dat", [&](const QString&, const QString&) { asked = true; });
     EXPECT_FALSE(asked);
     EXPECT_EQ(readFile("day.dat"), QByteArray("\"repeat 18:00:00\"\r\n\"once 19:00:00\"\r\n"
                                               "\"Two\r\nlines, and a comma at 19:00:00\"\r\n"));
     // An existing name is not written but asked about.
     QString origin;
-    SaveFileClick(ctx, "day.dat", [&](const QString& o, const QString&) { origin = o; });
+    saveDataFile(ctx, "day.dat", [&](const QString& o, const QString&) { origin = o; });
     EXPECT_EQ(origin, "AlarmSet");
 
-    ctx.lstData.clear();
-    ctx.lstMessage.clear();
+    ctx.today.alarms.clear();
+    ctx.today.messages.clear();
     clock.set(2002, 5, 9, 17, 0, 0);
-    LoadClick(ctx, "day.dat");
-    EXPECT_EQ(ctx.lstData.items(), QStringList({"repeat 18:00:00", "once 19:00:00"}));
-    EXPECT_EQ(ctx.lstMessage.items(), QStringList({"Two\r\nlines, and a comma at 19:00:00"}));
+    loadDataFile(ctx, "day.dat");
+    EXPECT_EQ(ctx.today.alarms.items(), QStringList({"repeat 18:00:00", "once 19:00:00"}));
+    EXPECT_EQ(ctx.today.messages.items(), QStringList({"Two\r\nlines, and a comma at 19:00:00"}));
 
     // Two empty lists give an empty file, which loads without a word.
-    ctx.lstData.clear();
-    ctx.lstMessage.clear();
-    SaveFileClick(ctx, "empty.dat", {});
+    ctx.today.alarms.clear();
+    ctx.today.messages.clear();
+    saveDataFile(ctx, "empty.dat", {});
     EXPECT_EQ(QFileInfo(path("empty.dat")).size(), 0);
-    ctx.m.blnTickOn = false;
-    LoadClick(ctx, "empty.dat");
-    EXPECT_TRUE(ctx.m.blnTickOn);
+    ctx.tick.on = false;
+    loadDataFile(ctx, "empty.dat");
+    EXPECT_TRUE(ctx.tick.on);
     EXPECT_TRUE(notices.warnings.isEmpty());
 }

@@ -56,7 +56,7 @@ TEST(EventChecker, RowChecks) {
     EventChecker checker;
     auto alarm = [&](const QString& t) {
         int16_t flag = 1;
-        checker.CheckAlarmEvent(t, flag);
+        checker.checkAlarmRow(t, flag);
         return flag != 0;
     };
     EXPECT_TRUE(alarm("once 00:00:00"));
@@ -68,7 +68,7 @@ TEST(EventChecker, RowChecks) {
     EXPECT_FALSE(alarm("once  8:30:00"));
     auto message = [&](const QString& t) {
         int16_t flag = 1;
-        checker.CheckMessageEvent(t, flag);
+        checker.checkMessageRow(t, flag);
         return flag != 0;
     };
     EXPECT_TRUE(message("Dentist at 08:30:00"));
@@ -81,33 +81,33 @@ TEST(EventChecker, RowChecks) {
 TEST(EventChecker, ChimeMarks) {
     EventChecker checker;
     int16_t next = 45;
-    checker.NextEveryMark(15, next);
+    checker.nextChimeMark(15, next);
     EXPECT_EQ(next, 0);
     next = 23;
-    checker.NextEveryMark(60, next);
+    checker.nextChimeMark(60, next);
     EXPECT_EQ(next, 0);
     next = 58;
-    checker.NextEveryMark(1, next);
+    checker.nextChimeMark(1, next);
     EXPECT_EQ(next, 59);
 
-    EventChecker::EveryControls controls{true, "15", true};
+    EventChecker::ChimeControls controls{true, "15", true};
     int16_t minutes = 0, flag = 0, mark = -1;
-    checker.StartEveryMinutes(controls, minutes, flag, mark, 10, 15);
+    checker.startChime(controls, minutes, flag, mark, 10, 15);
     EXPECT_EQ(minutes, 15);
     EXPECT_EQ(mark, 30);
     EXPECT_EQ(flag, 1);
     EXPECT_FALSE(controls.intervalEnabled);
-    checker.StartEveryMinutes(controls, minutes, flag, mark, 10, 50);
+    checker.startChime(controls, minutes, flag, mark, 10, 50);
     EXPECT_EQ(mark, 0);
     controls.interval = "60";
-    checker.StartEveryMinutes(controls, minutes, flag, mark, 10, 7);
+    checker.startChime(controls, minutes, flag, mark, 10, 7);
     EXPECT_EQ(minutes, 60);
     EXPECT_EQ(mark, 11); // hourly marks name the hour
-    checker.StartEveryMinutes(controls, minutes, flag, mark, 23, 10);
+    checker.startChime(controls, minutes, flag, mark, 23, 10);
     EXPECT_EQ(mark, 0);
     controls.checked = false;
     flag = 0;
-    checker.StartEveryMinutes(controls, minutes, flag, mark, 10, 15);
+    checker.startChime(controls, minutes, flag, mark, 10, 15);
     EXPECT_EQ(flag, 0);
     EXPECT_TRUE(controls.intervalEnabled);
 }

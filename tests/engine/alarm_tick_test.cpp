@@ -15,11 +15,11 @@ struct AlarmTickTest : ::testing::Test, EngineFixture {
     void runUntil(int h, int m, int s) {
         const QDateTime end(clock.now().date(), QTime(h, m, s));
         while (clock.now() < end) {
-            tick.Timer1_Timer();
+            tick.onTick();
             clock.advanceMs(800);
         }
     }
-    QString played(const QString& word) const { return word + '|' + ctx.m.strSongName; }
+    QString played(const QString& word) const { return word + '|' + ctx.soundChoice.songPath; }
 };
 
 } // namespace
@@ -27,8 +27,8 @@ struct AlarmTickTest : ::testing::Test, EngineFixture {
 TEST_F(AlarmTickTest, FiresTodaysAlarmFromTheScheduleAtItsDueSecond) {
     writeFile("future.dat",
               quotedRecord("Take the cake out2002/05/01twic08:00:05") + quotedRecord("2002/05/01once08:00:09"));
-    ctx.touchForm4();
-    ASSERT_EQ(ctx.lstData.count(), 2);
+    ctx.touchAlarmSet();
+    ASSERT_EQ(ctx.today.alarms.count(), 2);
     QStringList order;
     sound.order = notices.order = &order;
 
@@ -38,7 +38,7 @@ TEST_F(AlarmTickTest, FiresTodaysAlarmFromTheScheduleAtItsDueSecond) {
     EXPECT_EQ(sound.played, QStringList({played("twice")}));
     EXPECT_EQ(notices.alarmWindows, QStringList({"Take the cake out at 08:00:05"}));
     EXPECT_EQ(order, QStringList({"sound", "window"})); // the sound starts before the window stands
-    EXPECT_TRUE(ctx.lstMessage.isEmpty());
+    EXPECT_TRUE(ctx.today.messages.isEmpty());
 
     runUntil(8, 0, 10);
     EXPECT_EQ(sound.played.size(), 2);
@@ -47,16 +47,16 @@ TEST_F(AlarmTickTest, FiresTodaysAlarmFromTheScheduleAtItsDueSecond) {
 
     // Queue empty and nobody wants the window: the tick falls idle.
     runUntil(8, 0, 12);
-    EXPECT_FALSE(ctx.m.blnHaveAlarms);
-    EXPECT_FALSE(ctx.m.blnTickOn);
-    EXPECT_TRUE(ctx.m.strNextAlarm.isEmpty());
+    EXPECT_FALSE(ctx.tick.haveAlarms);
+    EXPECT_FALSE(ctx.tick.on);
+    EXPECT_TRUE(ctx.tick.nextAlarm.isEmpty());
 }
 
 TEST_F(AlarmTickTest, TwoRowsOfOneTimeFireOnSuccessiveTicksOfThatSecond) {
-    ctx.touchForm4();
-    Sorting(ctx, "08:00:02", "once", true);
-    Sorting(ctx, "08:00:02", "thrice", true);
-    ctx.m.blnHaveAlarms = ctx.m.blnTickOn = true;
+    ctx.touchAlarmSet();
+    insertTodayRow(ctx, "08:00:02", "once", true);
+    insertTodayRow(ctx, "08:00:02", "thrice", true);
+    ctx.tick.haveAlarms = ctx.tick.on = true;
     // Ticks at .0 and .8 of second 2 (800 ms pace from 08:00:00.400).
     clock.set(2002, 5, 1, 8, 0, 0, 400);
     runUntil(8, 0, 3);
@@ -64,146 +64,146 @@ TEST_F(AlarmTickTest, TwoRowsOfOneTimeFireOnSuccessiveTicksOfThatSecond) {
 }
 
 TEST_F(AlarmTickTest, SecondRowMissingItsSecondIsReportedSilentlyAtSecondZero) {
-    ctx.touchForm4();
-    Sorting(ctx, "08:00:02", "once", true);
-    Sorting(ctx, "08:00:02", "twice", true);
-    ctx.lstMessage.addItem("second one at 08:00:02");
-    ctx.m.blnHaveAlarms = ctx.m.blnTickOn = true;
-    ctx.m.blnForm4Wanted = true;
+    ctx.touchAlarmSet();
+    insertTodayRow(ctx, "08:00:02", "once", true);
+    insertTodayRow(ctx, "08:00:02", "twice", true);
+    ctx.today.messages.addItem("second one at 08:00:02");
+    ctx.tick.haveAlarms = ctx.tick.on = true;
+    ctx.tick.alarmSetWanted = true;
     clock.set(2002, 5, 1, 8, 0, 1, 700); // only one tick falls in second 2
-    tick.Timer1_Timer();
+    tick.onTick();
     clock.advanceMs(800);
-    tick.Timer1_Timer();
+    tick.onTick();
     clock.advanceMs(800);
     EXPECT_EQ(sound.played.size(), 1);
     runUntil(8, 0, 59);
     EXPECT_EQ(sound.played.size(), 1);
-    EXPECT_EQ(ctx.lstData.count(), 1);
+    EXPECT_EQ(ctx.today.alarms.count(), 1);
     runUntil(8, 1, 1);
     EXPECT_EQ(sound.played.size(), 1);
     EXPECT_EQ(notices.alarmWindows, QStringList({"second one at 08:00:02", "alarm at 08:00:02"}));
-    EXPECT_TRUE(ctx.lstData.isEmpty());
+    EXPECT_TRUE(ctx.today.alarms.isEmpty());
 }
 
 TEST_F(AlarmTickTest, NoSecondModeComparesMinutesOnly) {
-    ctx.touchForm4();
-    ctx.m.blnNoSecond = true;
-    Sorting(ctx, "08:01:00", "once", true);
-    Sorting(ctx, "08:01:00", "twice", true);
-    ctx.lstMessage.addItem("both at 08:01:00");
-    ctx.m.blnHaveAlarms = ctx.m.blnTickOn = true;
+    ctx.touchAlarmSet();
+    ctx.options.noSecond = true;
+    insertTodayRow(ctx, "08:01:00", "once", true);
+    insertTodayRow(ctx, "08:01:00", "twice", true);
+    ctx.today.messages.addItem("both at 08:01:00");
+    ctx.tick.haveAlarms = ctx.tick.on = true;
     runUntil(8, 0, 59);
     EXPECT_TRUE(sound.played.isEmpty());
     runUntil(8, 1, 2);
     EXPECT_EQ(sound.played, QStringList({played("twice"), played("once")}));
     EXPECT_EQ(notices.alarmWindows, QStringList({"both at 08:01:00"}));
     // Back to seconds: a 5-character next alarm gets ":00".
-    ctx.m.strNextAlarm = "09:00";
-    ctx.m.blnNoSecond = false;
-    ctx.m.blnForm4Wanted = true;
-    ctx.m.blnTickOn = true;
-    tick.Timer1_Timer();
-    EXPECT_EQ(ctx.m.strNextAlarm, "09:00:00");
+    ctx.tick.nextAlarm = "09:00";
+    ctx.options.noSecond = false;
+    ctx.tick.alarmSetWanted = true;
+    ctx.tick.on = true;
+    tick.onTick();
+    EXPECT_EQ(ctx.tick.nextAlarm, "09:00:00");
 }
 
 TEST_F(AlarmTickTest, AnAlarmAt235959HeldPastMidnightWaitsForTheNextDay) {
     clock.set(2002, 5, 1, 23, 59, 58);
-    ctx.touchForm4();
-    Sorting(ctx, "23:59:59", "once", true);
-    ctx.m.blnHaveAlarms = ctx.m.blnTickOn = true;
-    tick.Timer1_Timer(); // takes the head
-    EXPECT_EQ(ctx.m.strNextAlarm, "23:59:59");
+    ctx.touchAlarmSet();
+    insertTodayRow(ctx, "23:59:59", "once", true);
+    ctx.tick.haveAlarms = ctx.tick.on = true;
+    tick.onTick(); // takes the head
+    EXPECT_EQ(ctx.tick.nextAlarm, "23:59:59");
     clock.set(2002, 5, 2, 0, 0, 0); // the tick was held up
-    tick.Timer1_Timer();
+    tick.onTick();
     EXPECT_TRUE(sound.played.isEmpty());
     EXPECT_TRUE(notices.alarmWindows.isEmpty());
-    EXPECT_EQ(ctx.lstData.count(), 1);
+    EXPECT_EQ(ctx.today.alarms.count(), 1);
 }
 
 TEST_F(AlarmTickTest, MidnightReloadArmsTheNewDayOnceAndFirstTouchReadsOnlyOnce) {
     writeFile("future.dat", quotedRecord("2002/05/02once00:00:00") + quotedRecord("2002/05/02twic00:00:30") +
                                 quotedRecord("2002/05/02once07:00:00"));
     clock.set(2002, 5, 1, 23, 59, 59);
-    tick.Timer1_Timer();
-    EXPECT_FALSE(ctx.form4Loaded());
+    tick.onTick();
+    EXPECT_FALSE(ctx.alarmSetLoaded());
     clock.set(2002, 5, 2, 0, 0, 0, 300);
-    tick.Timer1_Timer();
-    ASSERT_TRUE(ctx.form4Loaded());
+    tick.onTick();
+    ASSERT_TRUE(ctx.alarmSetLoaded());
     // 00:00:00 is not later than the reload's now; the others are armed, each once.
-    EXPECT_EQ(ctx.lstData.items(), QStringList({"twice 00:00:30", "once 07:00:00"}));
-    EXPECT_EQ(tick.iReloadMinute(), 0);
+    EXPECT_EQ(ctx.today.alarms.items(), QStringList({"twice 00:00:30", "once 07:00:00"}));
+    EXPECT_EQ(tick.reloadMinute(), 0);
     runUntil(0, 0, 31);
     EXPECT_EQ(sound.played, QStringList({played("twice")}));
-    EXPECT_EQ(ctx.lstData.count(), 1);
+    EXPECT_EQ(ctx.today.alarms.count(), 1);
     runUntil(0, 1, 1);
-    EXPECT_EQ(tick.iReloadMinute(), -1);
+    EXPECT_EQ(tick.reloadMinute(), -1);
 
     // A second midnight with the window already loaded reads the file again.
     writeFile("future.dat", quotedRecord("2002/05/03once00:30:00"));
     clock.set(2002, 5, 3, 0, 0, 1);
-    tick.Timer1_Timer();
-    tick.Timer1_Timer();
-    EXPECT_EQ(ctx.lstData.items(), QStringList({"once 00:30:00", "once 07:00:00"}));
+    tick.onTick();
+    tick.onTick();
+    EXPECT_EQ(ctx.today.alarms.items(), QStringList({"once 00:30:00", "once 07:00:00"}));
 }
 
 TEST_F(AlarmTickTest, RepeatSweepRunsEvenWhenIdleAndDisabledTickDoesNothing) {
-    ctx.m.blnRepeatPlay = true;
-    tick.Timer1_Timer();
-    tick.Timer1_Timer();
+    ctx.soundChoice.repeatSweep = true;
+    tick.onTick();
+    tick.onTick();
     EXPECT_EQ(sound.sweeps, 2);
-    EXPECT_FALSE(ctx.form4Loaded());
+    EXPECT_FALSE(ctx.alarmSetLoaded());
 }
 
 TEST_F(AlarmTickTest, ChimeRingsAtItsMarksAndResyncsAnOvertakenMark) {
-    ctx.touchForm4();
-    ctx.m.blnForm4Wanted = true;
-    ctx.everyControls = {true, "15", true};
+    ctx.touchAlarmSet();
+    ctx.tick.alarmSetWanted = true;
+    ctx.chime.controls = {true, "15", true};
     clock.set(2002, 5, 1, 8, 10, 0);
-    chkEMPlay_Click(ctx);
-    EXPECT_TRUE(ctx.m.blnTickOn);
-    EXPECT_TRUE(ctx.m.blnEveryMinutesOn);
-    EXPECT_EQ(ctx.m.iEveryNext, 15);
+    updateChime(ctx);
+    EXPECT_TRUE(ctx.tick.on);
+    EXPECT_TRUE(ctx.chime.on);
+    EXPECT_EQ(ctx.chime.nextMark, 15);
     runUntil(8, 15, 5);
-    EXPECT_EQ(sound.waves, QStringList({ctx.m.strAppPath + "didi.snd"}));
-    EXPECT_EQ(ctx.m.iEveryNext, 30);
+    EXPECT_EQ(sound.waves, QStringList({ctx.folder + "didi.snd"}));
+    EXPECT_EQ(ctx.chime.nextMark, 30);
 
     // The clock jumps (a suspend): at second 30 the mark is worked out anew.
     clock.set(2002, 5, 1, 8, 47, 29, 900);
-    tick.Timer1_Timer();
-    EXPECT_EQ(ctx.m.iEveryNext, 30);
+    tick.onTick();
+    EXPECT_EQ(ctx.chime.nextMark, 30);
     clock.set(2002, 5, 1, 8, 47, 30, 500);
-    tick.Timer1_Timer();
-    EXPECT_EQ(ctx.m.iEveryNext, 0);
+    tick.onTick();
+    EXPECT_EQ(ctx.chime.nextMark, 0);
     runUntil(9, 0, 2);
     EXPECT_EQ(sound.waves.size(), 2);
 
     // Hourly: a mark of 0 at hour 23 is not stepped.
-    ctx.m.iEveryMinutes = 60;
-    ctx.m.iEveryNext = 0;
+    ctx.chime.interval = 60;
+    ctx.chime.nextMark = 0;
     clock.set(2002, 5, 1, 23, 5, 30);
-    tick.ResyncEveryMark();
-    EXPECT_EQ(ctx.m.iEveryNext, 0);
-    ctx.m.iEveryNext = 20;
-    tick.ResyncEveryMark();
-    EXPECT_EQ(ctx.m.iEveryNext, 21);
+    tick.resyncChimeMark();
+    EXPECT_EQ(ctx.chime.nextMark, 0);
+    ctx.chime.nextMark = 20;
+    tick.resyncChimeMark();
+    EXPECT_EQ(ctx.chime.nextMark, 21);
 }
 
 TEST_F(AlarmTickTest, DeleteAllEmptiesTheDayButNotTheScheduleAndNothingRings) {
     writeFile("future.dat", quotedRecord("Tea2002/05/01once08:00:03") + quotedRecord("2002/05/09once09:00:00"));
-    ctx.touchForm4();
-    ASSERT_EQ(ctx.lstData.count(), 1);
+    ctx.touchAlarmSet();
+    ASSERT_EQ(ctx.today.alarms.count(), 1);
     const QByteArray before = readFile("future.dat");
     runUntil(8, 0, 1);
-    ASSERT_FALSE(ctx.m.strNextAlarm.isEmpty());
+    ASSERT_FALSE(ctx.tick.nextAlarm.isEmpty());
 
-    DeleteAllClick(ctx);
-    EXPECT_EQ(ctx.lstData.count(), 0);
-    EXPECT_TRUE(ctx.lstMessage.isEmpty());
+    deleteAllToday(ctx);
+    EXPECT_EQ(ctx.today.alarms.count(), 0);
+    EXPECT_TRUE(ctx.today.messages.isEmpty());
     runUntil(8, 0, 6);
     EXPECT_TRUE(sound.played.isEmpty());
     EXPECT_TRUE(notices.alarmWindows.isEmpty());
-    EXPECT_TRUE(ctx.m.strNextAlarm.isEmpty());
+    EXPECT_TRUE(ctx.tick.nextAlarm.isEmpty());
     // The schedule and the event list stay as they were.
     EXPECT_EQ(readFile("future.dat"), before);
-    EXPECT_EQ(ctx.Bwklistbox1.lstMain.count(), 2);
+    EXPECT_EQ(ctx.eventList.rows.count(), 2);
 }

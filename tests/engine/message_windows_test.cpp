@@ -1,7 +1,7 @@
 #include "engine/remind_me.h"
-#include "engine/ui/form6.h"
+#include "engine/ui/message_window.h"
 #include "fakes.h"
-#include "sound/ui/form11.h"
+#include "sound/ui/warning_window.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -16,63 +16,63 @@ QDateTime at(int h, int m, int s) {
 } // namespace
 
 TEST_F(MessageWindows, WarningsTakeSerialsThatWrapAndOkGivesTheFrontBack) {
-    ctx.m.lngTopWho = 13;
-    QPointer<Form11> first = new Form11(ctx, "Error # 76\rPath not found");
+    ctx.front.claimant = 13;
+    QPointer<WarningWindow> first = new WarningWindow(ctx, "Error # 76\rPath not found");
     EXPECT_EQ(first->serial(), 1000000);
     EXPECT_EQ(first->text(), "Error # 76\nPath not found");
-    ctx.m.lngWarnSerial = 1998999;
-    QPointer<Form11> last = new Form11(ctx, "b");
+    ctx.front.nextWarningSerial = 1998999;
+    QPointer<WarningWindow> last = new WarningWindow(ctx, "b");
     EXPECT_EQ(last->serial(), 1998999);
-    EXPECT_EQ(ctx.m.lngWarnSerial, 1000000);
-    last->cmdOK_Click();
-    EXPECT_EQ(ctx.m.lngTopWho, 0);
+    EXPECT_EQ(ctx.front.nextWarningSerial, 1000000);
+    last->onOkClicked();
+    EXPECT_EQ(ctx.front.claimant, 0);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(last.isNull());
 
     // Its close box and Escape give the front back as well.
-    ctx.m.lngTopWho = first->serial();
+    ctx.front.claimant = first->serial();
     first->close();
-    EXPECT_EQ(ctx.m.lngTopWho, 0);
-    QPointer<Form11> third = new Form11(ctx, "c");
-    ctx.m.lngTopWho = third->serial();
+    EXPECT_EQ(ctx.front.claimant, 0);
+    QPointer<WarningWindow> third = new WarningWindow(ctx, "c");
+    ctx.front.claimant = third->serial();
     third->reject();
-    EXPECT_EQ(ctx.m.lngTopWho, 0);
+    EXPECT_EQ(ctx.front.claimant, 0);
     third->close();
 }
 
 TEST_F(MessageWindows, AReminderHidesTheWindowAndRingsAgainAfterItsMinutes) {
     clock.set(2002, 5, 1, 8, 30, 59);
-    QPointer<Form6> form = new Form6(ctx, "Dentist at 08:30:00");
+    QPointer<MessageWindow> form = new MessageWindow(ctx, "Dentist at 08:30:00");
     EXPECT_EQ(form->windowTitle(), "Message  01 May 2002 / 08:30 AM");
-    form->txtMinutes->setText("1");
-    form->cbTimesOfPlay->setCurrentIndex(1);
-    form->cmdOK_Click();
+    form->minutesEdit->setText("1");
+    form->playCountBox->setCurrentIndex(1);
+    form->onOkClicked();
     EXPECT_FALSE(form->isVisible());
-    EXPECT_TRUE(form->txtMinutes->text().isEmpty());
-    form->Timer1_Timer();
+    EXPECT_TRUE(form->minutesEdit->text().isEmpty());
+    form->onTick();
     EXPECT_TRUE(sound.played.isEmpty());
 
     // The song as it stands when the reminder rings.
-    ctx.m.strSongName = ctx.m.strAppPath + "other.wav";
+    ctx.soundChoice.songPath = ctx.folder + "other.wav";
     clock.set(2002, 5, 1, 8, 31, 0);
-    form->Timer1_Timer();
-    EXPECT_EQ(sound.played, QStringList({"twice|" + ctx.m.strAppPath + "other.wav"}));
+    form->onTick();
+    EXPECT_EQ(sound.played, QStringList({"twice|" + ctx.folder + "other.wav"}));
     EXPECT_TRUE(form->isVisible());
-    EXPECT_EQ(form->txtMsg(), "Dentist at 08:31:00");
+    EXPECT_EQ(form->messageText(), "Dentist at 08:31:00");
 
     // Zero minutes is refused in words and ends the message.
-    form->txtMinutes->setText("0");
-    form->cmdOK_Click();
+    form->minutesEdit->setText("0");
+    form->onOkClicked();
     EXPECT_EQ(notices.warnings, QStringList({"0 minute is invalid, the message will be ignored"}));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(form.isNull());
 }
 
 TEST_F(MessageWindows, MinutesBoxTakesDigitsAndEditingKeysOnly) {
-    QPointer<Form6> form = new Form6(ctx, "Tea at 08:30:00");
+    QPointer<MessageWindow> form = new MessageWindow(ctx, "Tea at 08:30:00");
     const auto press = [&](int key, const QString& text) {
         QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, text);
-        QApplication::sendEvent(form->txtMinutes, &event);
+        QApplication::sendEvent(form->minutesEdit, &event);
     };
     press(Qt::Key_1, "1");
     press(Qt::Key_Left, "");
@@ -80,10 +80,10 @@ TEST_F(MessageWindows, MinutesBoxTakesDigitsAndEditingKeysOnly) {
     press(Qt::Key_A, "a");
     press(Qt::Key_Return, "\r");
     press(Qt::Key_Escape, QString(QChar(27)));
-    EXPECT_EQ(form->txtMinutes->text(), "21"); // the arrow moved the cursor; letters and Return went nowhere
+    EXPECT_EQ(form->minutesEdit->text(), "21"); // the arrow moved the cursor; letters and Return went nowhere
     EXPECT_TRUE(form->isVisible());            // Return pressed no button and Escape closed nothing
     press(Qt::Key_Backspace, "\b");
-    EXPECT_EQ(form->txtMinutes->text(), "1");
+    EXPECT_EQ(form->minutesEdit->text(), "1");
     form->close();
 }
 
@@ -92,11 +92,11 @@ TEST(RemindMe, OkDecidesBetweenClosingRefusingAndCounting) {
     EXPECT_EQ(r.ok("", "", at(8, 0, 0)), RemindMe::OkResult::Close);
     EXPECT_EQ(r.ok("0", "", at(8, 0, 0)), RemindMe::OkResult::ZeroRefused);
     EXPECT_EQ(r.ok("00", "", at(8, 0, 0)), RemindMe::OkResult::ZeroRefused);
-    EXPECT_FALSE(r.blnCounting);
+    EXPECT_FALSE(r.counting);
     EXPECT_EQ(r.ok("2", "", at(8, 0, 0)), RemindMe::OkResult::Counting);
-    EXPECT_EQ(r.strTimesOfPlay, "once");
+    EXPECT_EQ(r.playWord, "once");
     EXPECT_EQ(r.ok("2", "repeat", at(8, 0, 0)), RemindMe::OkResult::Counting);
-    EXPECT_EQ(r.strTimesOfPlay, "repeat");
+    EXPECT_EQ(r.playWord, "repeat");
 }
 
 TEST(RemindMe, CountsChangesOfTheMinuteAndStampsTheTimeWhenItRings) {
@@ -107,7 +107,7 @@ TEST(RemindMe, CountsChangesOfTheMinuteAndStampsTheTimeWhenItRings) {
     // Set at second 59, one minute rings a second later.
     EXPECT_TRUE(r.step(at(8, 1, 0), text));
     EXPECT_EQ(text, "Dentist at 08:01:00");
-    EXPECT_FALSE(r.blnCounting);
+    EXPECT_FALSE(r.counting);
     EXPECT_FALSE(r.step(at(8, 2, 0), text));
 
     r.ok("3", "", at(9, 10, 0));

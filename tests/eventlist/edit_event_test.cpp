@@ -1,5 +1,5 @@
 #include "eventlist/edit_event.h"
-#include "eventlist/popup_menu.h"
+#include "eventlist/popup_actions.h"
 #include "fakes.h"
 
 #include <gtest/gtest.h>
@@ -9,43 +9,43 @@ namespace {
 struct EditEventTest : ::testing::Test, EngineFixture {
     EditEventTest() {
         clock.set(2002, 5, 1, 12, 0, 0);
-        ctx.touchForm4();
-        Bwklistbox& list = ctx.Bwklistbox1;
-        list.ShowData("-", "2002/05/01-09:00:00", "past today", false);
-        list.ShowData("=", "2002/05/03-13:05:09", "Dentist", false);
-        list.ShowData("#", "2002/05/05-07:00:00", "", false);
+        ctx.touchAlarmSet();
+        EventList& list = ctx.eventList;
+        list.insertRow("-", "2002/05/01-09:00:00", "past today", false);
+        list.insertRow("=", "2002/05/03-13:05:09", "Dentist", false);
+        list.insertRow("#", "2002/05/05-07:00:00", "", false);
         // The row being edited is the current and only highlighted one, as after a plain click.
-        list.lstMain.setListIndex(1);
+        list.rows.setListIndex(1);
     }
 
     // Opens the Edit window's controls on the current row, as the popup does.
     EditControls openCurrent() {
-        Bwklistbox& list = ctx.Bwklistbox1;
-        list.CrackAlarmEvent();
-        return ShowEditEvent(list.PlayTimesIs(), list.DateIs(), list.TimeIs(), list.MessageIs());
+        EventList& list = ctx.eventList;
+        list.crackCurrentRow();
+        return editControlsFor(list.crackedMark(), list.crackedDate(), list.crackedTime(), list.crackedMessage());
     }
 
-    QStringList rows() const { return ctx.Bwklistbox1.lstMain.items(); }
+    QStringList rows() const { return ctx.eventList.rows.items(); }
 };
 
 struct PopupTest : ::testing::Test, EngineFixture {
     PopupTest() {
-        ctx.touchForm4();
+        ctx.touchAlarmSet();
         for (int day = 2; day <= 7; ++day)
-            ctx.Bwklistbox1.ShowData("=", QStringLiteral("2002/05/0%1-08:00:00").arg(day), "m", false);
+            ctx.eventList.insertRow("=", QStringLiteral("2002/05/0%1-08:00:00").arg(day), "m", false);
         writeFile("future.dat", "\"stale\"\r\n");
     }
-    ListModel& lstMain() { return ctx.Bwklistbox1.lstMain; }
+    ListModel& rows() { return ctx.eventList.rows; }
 };
 
 } // namespace
 
 TEST(EditDate, FormMonthAndDayAreCheckedButNotTheYearOrMonthLength) {
     for (const char* good : {"2002/04/31", "2002/02/31", "0000/12/01", "2099/01/31"})
-        EXPECT_TRUE(EditDateIsValid(good)) << good;
+        EXPECT_TRUE(editDateIsValid(good)) << good;
     for (const char* bad : {"", "2002/5/01", "2002/05/011", "02/05/2002", "2002-05-01", "2002/00/01", "2002/13/01",
                             "2002/05/00", "2002/05/32", "2002/05//1", "2002/05/1/", "2002/0a/01", "2002/05/ 1"})
-        EXPECT_FALSE(EditDateIsValid(bad)) << bad;
+        EXPECT_FALSE(editDateIsValid(bad)) << bad;
 }
 
 TEST(EditOpen, RowTimesOpenOnTheTwelveHourClockAndMarksSetThePlayCount) {
@@ -55,9 +55,9 @@ TEST(EditOpen, RowTimesOpenOnTheTwelveHourClockAndMarksSetThePlayCount) {
                                  {"~", "00:30:00", "00", "AM", "3"},
                                  {"#", "23:00:00", "11", "PM", "2"}};
     for (const QStringList& k : cases) {
-        const EditControls c = ShowEditEvent(k[0], "2002/05/03", k[1], "m");
-        EXPECT_EQ(QStringList({c.cbHour, c.txtAm, QString::number(c.cbPlayTimesIndex)}), k.mid(2)) << qPrintable(k[1]);
-        EXPECT_EQ(c.cbMin + c.cbSec, k[1].mid(3, 2) + k[1].right(2));
+        const EditControls c = editControlsFor(k[0], "2002/05/03", k[1], "m");
+        EXPECT_EQ(QStringList({c.hourBox, c.amPm, QString::number(c.playCountIndex)}), k.mid(2)) << qPrintable(k[1]);
+        EXPECT_EQ(c.minuteBox + c.secondBox, k[1].mid(3, 2) + k[1].right(2));
     }
 }
 
@@ -74,139 +74,139 @@ TEST_F(EditEventTest, RefusalsTellTheUserAndChangeNoEvent) {
                                  {"2002/05/01", "11", "59", "59", "Time was passed or next day"}};
     for (const QStringList& k : cases) {
         EditControls c = openCurrent();
-        c.txtDate = k[0], c.cbHour = k[1], c.cbMin = k[2], c.cbSec = k[3], c.txtAm = "AM";
-        EXPECT_FALSE(ConfirmEditEvent(ctx, c)) << qPrintable(k[4]);
+        c.dateEdit = k[0], c.hourBox = k[1], c.minuteBox = k[2], c.secondBox = k[3], c.amPm = "AM";
+        EXPECT_FALSE(confirmEdit(ctx, c)) << qPrintable(k[4]);
         EXPECT_EQ(notices.warnings.takeLast(), k[4]);
     }
     EXPECT_EQ(notices.beeps, 8);
     EXPECT_EQ(rows(), before);
-    EXPECT_EQ(ctx.Bwklistbox1.MultiSelectedItem(), 1);
-    EXPECT_TRUE(ctx.lstData.isEmpty());
+    EXPECT_EQ(ctx.eventList.highlightedCount(), 1);
+    EXPECT_TRUE(ctx.today.alarms.isEmpty());
     EXPECT_FALSE(QFileInfo::exists(path("future.dat")));
 
     // A refused past day keeps the padding the check gave the time boxes.
     EditControls c = openCurrent();
-    c.txtDate = "2002/04/30";
-    c.cbMin = "5";
-    ConfirmEditEvent(ctx, c);
-    EXPECT_EQ(c.cbHour, "01");
-    EXPECT_EQ(c.cbMin, "05");
+    c.dateEdit = "2002/04/30";
+    c.minuteBox = "5";
+    confirmEdit(ctx, c);
+    EXPECT_EQ(c.hourBox, "01");
+    EXPECT_EQ(c.minuteBox, "05");
 }
 
 TEST_F(EditEventTest, LaterDateReplacesTheRowAndRewritesTheSchedule) {
     // Unchanged, a 1 PM time comes back padded and the event keeps 13:05:09.
     EditControls c = openCurrent();
-    ASSERT_TRUE(ConfirmEditEvent(ctx, c));
-    EXPECT_EQ(c.cbHour, "01");
+    ASSERT_TRUE(confirmEdit(ctx, c));
+    EXPECT_EQ(c.hourBox, "01");
     EXPECT_EQ(rows(),
               QStringList({"      -    2002/05/01-09:00:00        past today",
                            "      =    2002/05/03-13:05:09        Dentist", "      #    2002/05/05-07:00:00        "}));
 
-    ctx.Bwklistbox1.lstMain.setListIndex(1);
+    ctx.eventList.rows.setListIndex(1);
     c = openCurrent();
-    c.txtDate = "2002/05/06";
-    c.cbHour = "12";
-    c.txtAm = "AM";
-    c.cbPlayTimesIndex = 3;
-    c.txtInput = "Two\r\nlines";
-    ASSERT_TRUE(ConfirmEditEvent(ctx, c));
+    c.dateEdit = "2002/05/06";
+    c.hourBox = "12";
+    c.amPm = "AM";
+    c.playCountIndex = 3;
+    c.input = "Two\r\nlines";
+    ASSERT_TRUE(confirmEdit(ctx, c));
     EXPECT_EQ(rows(),
               QStringList({"      -    2002/05/01-09:00:00        past today", "      #    2002/05/05-07:00:00        ",
                            "      ~    2002/05/06-00:05:09        Two\r\nlines"}));
-    EXPECT_TRUE(ctx.Bwklistbox1.lstMain.isSelected(2));
-    EXPECT_EQ(ctx.Bwklistbox1.MultiSelectedItem(), 1);
+    EXPECT_TRUE(ctx.eventList.rows.isSelected(2));
+    EXPECT_EQ(ctx.eventList.highlightedCount(), 1);
     EXPECT_EQ(readFile("future.dat"), QByteArray("\"past today2002/05/01once09:00:00\"\r\n"
                                                  "\"2002/05/05thri07:00:00\"\r\n"
                                                  "\"Two\r\nlines2002/05/06repe00:05:09\"\r\n"));
-    EXPECT_TRUE(ctx.lstData.isEmpty());
+    EXPECT_TRUE(ctx.today.alarms.isEmpty());
     EXPECT_TRUE(notices.warnings.isEmpty());
 }
 
 TEST_F(EditEventTest, TodayMovesTheEventIntoTodaysListsAndOutOfTheSchedule) {
     EditControls c = openCurrent();
-    c.txtDate = "2002/05/01";
-    c.cbHour = "12";
-    c.cbMin = "0";
-    c.cbSec = "0";
-    c.txtAm = "PM";
-    c.cbPlayTimesIndex = 2;
+    c.dateEdit = "2002/05/01";
+    c.hourBox = "12";
+    c.minuteBox = "0";
+    c.secondBox = "0";
+    c.amPm = "PM";
+    c.playCountIndex = 2;
     // The present second itself is still in time.
-    ASSERT_TRUE(ConfirmEditEvent(ctx, c));
-    EXPECT_EQ(ctx.lstData.items(), QStringList({"thrice 12:00:00"}));
-    EXPECT_EQ(ctx.lstMessage.items(), QStringList({"Dentist at 12:00:00"}));
-    EXPECT_TRUE(ctx.m.blnTickOn && ctx.m.blnNeedNextAlarm && ctx.m.blnHaveAlarms);
+    ASSERT_TRUE(confirmEdit(ctx, c));
+    EXPECT_EQ(ctx.today.alarms.items(), QStringList({"thrice 12:00:00"}));
+    EXPECT_EQ(ctx.today.messages.items(), QStringList({"Dentist at 12:00:00"}));
+    EXPECT_TRUE(ctx.tick.on && ctx.tick.needNextAlarm && ctx.tick.haveAlarms);
     EXPECT_EQ(rows().size(), 2);
     EXPECT_EQ(readFile("future.dat"),
               QByteArray("\"past today2002/05/01once09:00:00\"\r\n\"2002/05/05thri07:00:00\"\r\n"));
 
     // Without a message no message row comes.
-    ctx.Bwklistbox1.lstMain.setListIndex(1);
+    ctx.eventList.rows.setListIndex(1);
     c = openCurrent();
-    c.txtDate = "2002/05/01";
-    c.cbHour = "1";
-    c.txtAm = "PM";
-    ASSERT_TRUE(ConfirmEditEvent(ctx, c));
-    EXPECT_EQ(ctx.lstData.items(), QStringList({"thrice 12:00:00", "thrice 13:00:00"}));
-    EXPECT_EQ(ctx.lstMessage.count(), 1);
+    c.dateEdit = "2002/05/01";
+    c.hourBox = "1";
+    c.amPm = "PM";
+    ASSERT_TRUE(confirmEdit(ctx, c));
+    EXPECT_EQ(ctx.today.alarms.items(), QStringList({"thrice 12:00:00", "thrice 13:00:00"}));
+    EXPECT_EQ(ctx.today.messages.count(), 1);
     EXPECT_EQ(rows().size(), 1);
 }
 
 TEST_F(EditEventTest, WithHighlightsChangedMeanwhileTheOldEventStays) {
     // An event added for another day while the window stood open comes in highlighted too.
-    ctx.Bwklistbox1.ShowData("-", "2002/06/01-08:00:00", "added", true);
+    ctx.eventList.insertRow("-", "2002/06/01-08:00:00", "added", true);
     EditControls c = openCurrent();
-    c.txtDate = "2002/05/04";
-    ASSERT_TRUE(ConfirmEditEvent(ctx, c));
+    c.dateEdit = "2002/05/04";
+    ASSERT_TRUE(confirmEdit(ctx, c));
     EXPECT_EQ(rows().size(), 5);
-    EXPECT_EQ(ctx.Bwklistbox1.MultiSelectedItem(), 3);
+    EXPECT_EQ(ctx.eventList.highlightedCount(), 3);
 }
 
 TEST_F(PopupTest, EditWantsExactlyOneHighlightedRowAndShowsTheCurrentOne) {
     QStringList shown;
-    const ShowEditEventFn show = [&](const QString& mark, const QString& date, const QString& time,
+    const OpenEditorFn show = [&](const QString& mark, const QString& date, const QString& time,
                                      const QString& message) {
         shown = {mark, date, time, message};
     };
 
     // A Ctrl click took the highlight away from the current row.
-    lstMain().setCurrent(2);
-    PopupEditClick(ctx, show);
+    rows().setCurrent(2);
+    editFromPopup(ctx, show);
     EXPECT_EQ(notices.warnings, QStringList({"Select one alarm event first"}));
 
-    lstMain().setSelected(0, true);
-    lstMain().setSelected(4, true);
-    PopupEditClick(ctx, show);
+    rows().setSelected(0, true);
+    rows().setSelected(4, true);
+    editFromPopup(ctx, show);
     EXPECT_EQ(notices.warnings.last(), "More than one alarm events highlighted");
     EXPECT_EQ(notices.beeps, 2);
     EXPECT_TRUE(shown.isEmpty());
-    EXPECT_EQ(ctx.Bwklistbox1.MultiSelectedItem(), 2);
+    EXPECT_EQ(ctx.eventList.highlightedCount(), 2);
 
     // One highlighted row elsewhere: the fields come from the current row all the same.
-    lstMain().setSelected(0, false);
-    PopupEditClick(ctx, show);
+    rows().setSelected(0, false);
+    editFromPopup(ctx, show);
     EXPECT_EQ(shown, QStringList({"=", "2002/05/04", "08:00:00", "m"}));
     EXPECT_EQ(notices.warnings.size(), 2);
 }
 
 TEST_F(PopupTest, DeleteRemovesEveryHighlightedRowAndRewritesOnce) {
     // Nothing highlighted: nothing at all happens, the file included.
-    lstMain().setCurrent(1);
-    PopupDeleteClick(ctx);
-    EXPECT_EQ(lstMain().count(), 6);
+    rows().setCurrent(1);
+    deleteFromPopup(ctx);
+    EXPECT_EQ(rows().count(), 6);
     EXPECT_EQ(readFile("future.dat"), QByteArray("\"stale\"\r\n"));
 
     for (int row : {0, 2, 3, 5})
-        lstMain().setSelected(row, true);
-    PopupDeleteClick(ctx);
-    EXPECT_EQ(lstMain().items(),
+        rows().setSelected(row, true);
+    deleteFromPopup(ctx);
+    EXPECT_EQ(rows().items(),
               QStringList({"      =    2002/05/03-08:00:00        m", "      =    2002/05/06-08:00:00        m"}));
     EXPECT_EQ(readFile("future.dat"), QByteArray("\"m2002/05/03twic08:00:00\"\r\n\"m2002/05/06twic08:00:00\"\r\n"));
     EXPECT_TRUE(notices.warnings.isEmpty());
 
     // The last rows gone leave an empty file in place.
-    lstMain().setSelected(0, true);
-    lstMain().setSelected(1, true);
-    PopupDeleteClick(ctx);
+    rows().setSelected(0, true);
+    rows().setSelected(1, true);
+    deleteFromPopup(ctx);
     EXPECT_TRUE(QFileInfo::exists(path("future.dat")));
     EXPECT_TRUE(readFile("future.dat").isEmpty());
 }

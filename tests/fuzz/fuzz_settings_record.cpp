@@ -9,13 +9,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     engine.write("tolm.ini", data, size);
     for (int n = 1; n <= settings_records::kRecordCount + 1; ++n) {
         SettingRecord rec;
-        settings_records::readRecord(engine.ctx.m.strAppPath, n, rec);
+        settings_records::readRecord(engine.ctx.folder, n, rec);
         // A record encodes back to its 55 bytes.
         if (SettingsFile::encode(rec).size() != SettingRecord::kLength)
             __builtin_trap();
         (void)rec.keyText();
         (void)rec.valueText();
     }
-    engine.ctx.form7.Load(engine.ctx);
+    SettingsOptions(engine.ctx).load();
     return 0;
 }

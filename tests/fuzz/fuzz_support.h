@@ -1,5 +1,6 @@
 #pragma once
 
+#include "alarmset/windowless_alarm_set.h"
 #include "engine/context.h"
 #include "platform/clock.h"
 #include "sound/null_services.h"
@@ -15,10 +16,14 @@ struct FuzzEngine {
     NullNotices notices;
     NullSound sound;
     Context ctx{clock, notices, sound};
+    WindowlessAlarmSet alarmSet{ctx};
 
-    FuzzEngine() { ctx.m.setStartValues(dir.path()); }
+    FuzzEngine() {
+        ctx.setStartValues(dir.path());
+        ctx.alarmSetUi = &alarmSet;
+    }
     void write(const char* name, const uint8_t* data, size_t size) const {
-        QFile f(ctx.m.strAppPath + QLatin1String(name));
+        QFile f(ctx.folder + QLatin1String(name));
         if (f.open(QIODevice::WriteOnly))
             f.write(reinterpret_cast<const char*>(data), static_cast<qint64>(size));
     }

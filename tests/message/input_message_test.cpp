@@ -14,22 +14,22 @@ struct InputMessageTest : ::testing::Test, EngineFixture {
     const QStringList nothingSaved{"No message input or alarm event was executed"};
 
     InputMessageTest() {
-        ctx.m.strAlarmDate = "2002/05/01"; // the fake clock's today
+        ctx.entry.date = "2002/05/01"; // the fake clock's today
         form.restoreDataList = [this] { ++restored; };
-        Sorting(ctx, "08:30:00", "once", true);
+        insertTodayRow(ctx, "08:30:00", "once", true);
     }
-    void addMessage(const QString& text, const QString& time) { ctx.lstMessage.addItem(text + " at " + time); }
+    void addMessage(const QString& text, const QString& time) { ctx.today.messages.addItem(text + " at " + time); }
     void open(const QString& how) {
         c = MessageControls();
-        form.Load();
-        form.GetOldMessageToTextbox(how, c);
+        form.load();
+        form.openInputMessage(how, c);
     }
     void save(const QString& text) {
-        c.txtInput = text;
-        form.OKClick(c, 9);
-        form.QueryUnload(true, 0, 0);
+        c.input = text;
+        form.save(c, 9);
+        form.closing(true, 0, 0);
     }
-    QStringList messages() const { return ctx.lstMessage.items(); }
+    QStringList messages() const { return ctx.today.messages.items(); }
 };
 
 } // namespace
@@ -45,27 +45,27 @@ TEST_F(InputMessageTest, NewTextForTodayOrForARowWithoutMessage) {
     open("DoubleClick"); // finds "Dentist", so that one leaves the list while the window is open
     save("");
     open("DoubleClick");
-    EXPECT_EQ(c.txtInput, "");
+    EXPECT_EQ(c.input, "");
     save("New");
     EXPECT_EQ(messages(), (QStringList{"Other at 09:00:00", "New at 08:30:00"}));
-    EXPECT_EQ(ctx.lstData.count(), 1);
+    EXPECT_EQ(ctx.today.alarms.count(), 1);
 }
 
 TEST_F(InputMessageTest, AnotherDayGoesToTheScheduleOnSaveAndTheDateCountsAtSave) {
-    ctx.form8 = {"07:15:00", "thri", "#", false, false};
-    ctx.m.strAlarmDate = "2002/05/09";
+    ctx.newEvent = {"07:15:00", "thri", "#", false, false};
+    ctx.entry.date = "2002/05/09";
     open("");
-    form.QueryUnload(true, 0, 0);
+    form.closing(true, 0, 0);
     open("");
     save("");
     EXPECT_FALSE(QFile::exists(path("future.dat")));
 
-    ctx.m.strAlarmDate = "2002/05/01";
+    ctx.entry.date = "2002/05/01";
     open("");
-    ctx.m.strAlarmDate = "2002/05/09"; // the user picked another day meanwhile
+    ctx.entry.date = "2002/05/09"; // the user picked another day meanwhile
     save("Call Bob\r\nat home");
     EXPECT_EQ(readFile("future.dat"), QByteArray("\"Call Bob\r\nat home2002/05/09thri07:15:00\"\r\n"));
-    EXPECT_EQ(ctx.Bwklistbox1.MultiSelectedItem(), 1);
+    EXPECT_EQ(ctx.eventList.highlightedCount(), 1);
     EXPECT_TRUE(messages().isEmpty());
 }
 
@@ -73,14 +73,14 @@ TEST_F(InputMessageTest, OneMessageLivesOnlyInTheBoxWhileOpen) {
     addMessage("Dentist at 07:00:00", "08:30:00"); // a text that itself ends like a tail
     addMessage("Other", "09:00:00");
     open("DoubleClick");
-    EXPECT_EQ(c.txtInput, "Dentist at 07:00:00");
-    EXPECT_EQ(c.cmdCancel, "Abandon");
+    EXPECT_EQ(c.input, "Dentist at 07:00:00");
+    EXPECT_EQ(c.cancelButton, "Abandon");
     EXPECT_EQ(messages(), QStringList{"Other at 09:00:00"});
-    save(c.txtInput);
+    save(c.input);
     EXPECT_EQ(messages(), (QStringList{"Other at 09:00:00", "Dentist at 07:00:00 at 08:30:00"}));
 
     open("DoubleClick");
-    form.QueryUnload(true, 0, 0);
+    form.closing(true, 0, 0);
     EXPECT_EQ(messages(), QStringList{"Other at 09:00:00"});
 }
 
@@ -89,14 +89,14 @@ TEST_F(InputMessageTest, BrowsingSeveralMessagesOfOneTime) {
     addMessage("Other", "09:00:00");
     addMessage("Second", "08:30:00");
     addMessage("Third", "08:30:00");
-    Sorting(ctx, "08:30:00", "once", true); // two rows of one time share their messages
+    insertTodayRow(ctx, "08:30:00", "once", true); // two rows of one time share their messages
     open("DoubleClick");
-    EXPECT_EQ(c.cmdCancel, "Close");
-    EXPECT_TRUE(c.cmdShowMessagesVisible && c.lblNumberOfMessageVisible);
+    EXPECT_EQ(c.cancelButton, "Close");
+    EXPECT_TRUE(c.nextMessageButtonVisible && c.messageNumberLabelVisible);
     QStringList seen;
     for (int i = 0; i < 4; ++i) {
-        seen << c.lblNumberOfMessage + "|" + c.txtInput;
-        form.ShowMessagesClick(c);
+        seen << c.messageNumberLabel + "|" + c.input;
+        form.nextMessage(c);
     }
     EXPECT_EQ(seen, (QStringList{"message 1|First", "message 2|Second", "message 3|Third", "message 1|First"}));
     EXPECT_EQ(messages().size(), 4);
@@ -107,7 +107,7 @@ TEST_F(InputMessageTest, BrowsingSeveralMessagesOfOneTime) {
     open("DoubleClick");
     save("");
     open("DoubleClick");
-    form.QueryUnload(true, 0, 0);
+    form.closing(true, 0, 0);
     EXPECT_EQ(messages(), changed);
 }
 
@@ -115,9 +115,9 @@ TEST_F(InputMessageTest, AnAlarmThatTookTheRowLeavesNothingToSave) {
     addMessage("First", "08:30:00");
     addMessage("Second", "08:30:00");
     open("DoubleClick");
-    ctx.lstData.removeItem(0); // the alarm rang
-    form.ShowMessagesClick(c);
-    EXPECT_EQ(c.lblNumberOfMessage, "alarm events were executed, close me!");
+    ctx.today.alarms.removeItem(0); // the alarm rang
+    form.nextMessage(c);
+    EXPECT_EQ(c.messageNumberLabel, "alarm events were executed, close me!");
     EXPECT_EQ(notices.beeps, 1);
     save("Typed");
     EXPECT_EQ(notices.warnings, nothingSaved);
@@ -126,25 +126,25 @@ TEST_F(InputMessageTest, AnAlarmThatTookTheRowLeavesNothingToSave) {
 
 TEST_F(InputMessageTest, FrontPlaceAndTextSizeThroughTheSettingsFile) {
     open("");
-    EXPECT_EQ(ctx.m.lngTopWho, 1);
-    EXPECT_TRUE(form.Deactivate());
-    ctx.m.lngTopWho = 1000000; // a warning has the front
-    EXPECT_FALSE(form.Deactivate());
-    EXPECT_EQ(ctx.m.lngTopWho, 1000000);
+    EXPECT_EQ(ctx.front.claimant, 1);
+    EXPECT_TRUE(form.deactivated());
+    ctx.front.claimant = 1000000; // a warning has the front
+    EXPECT_FALSE(form.deactivated());
+    EXPECT_EQ(ctx.front.claimant, 1000000);
     EXPECT_EQ(notices.beeps, 1);
 
-    c.txtInput = "x";
-    form.OKClick(c, 10.5);
-    form.QueryUnload(true, 4740.4, 4944.6);
-    EXPECT_EQ(ctx.m.lngTopWho, 0);
+    c.input = "x";
+    form.save(c, 10.5);
+    form.closing(true, 4740.4, 4944.6);
+    EXPECT_EQ(ctx.front.claimant, 0);
     EXPECT_EQ(restored, 1);
-    MessagePlacement placement = form.Load();
+    MessagePlacement placement = form.load();
     EXPECT_TRUE(placement.hasLocation && placement.hasFontSize);
     EXPECT_EQ(placement.top, 4740);
     EXPECT_EQ(placement.left, 4945);
     EXPECT_EQ(placement.fontSize, 10); // rounded half to even
 
     // A minimised window keeps no place.
-    form.QueryUnload(false, 0, 0);
-    EXPECT_EQ(form.Load().top, 4740);
+    form.closing(false, 0, 0);
+    EXPECT_EQ(form.load().top, 4740);
 }

@@ -1,4 +1,4 @@
-#include "eventlist/bwklistbox.h"
+#include "eventlist/event_list.h"
 #include "platform/record_file.h"
 #include "qt_printers.h"
 
@@ -14,10 +14,10 @@
 namespace {
 
 QByteArray schedule(int rows, const QString& message) {
-    Bwklistbox list;
+    EventList list;
     list.beginBulk();
     for (int i = 0; i < rows; ++i)
-        list.ShowData("=", QStringLiteral("2030/01/01-%1:00:00").arg(i % 24, 2, 10, QLatin1Char('0')), message, false);
+        list.insertRow("=", QStringLiteral("2030/01/01-%1:00:00").arg(i % 24, 2, 10, QLatin1Char('0')), message, false);
     list.endBulk();
     return list.scheduleBytes();
 }

@@ -21,7 +21,7 @@ struct SettingsFileTest : ::testing::Test, EngineFixture {
     // Fills the shared buffer the way a previous read would have left it.
     void dirtyBuffer() {
         writeFile("tolm.ini", settingBytes("[Junk]", 77, 88, "leftover"));
-        readRecord(ctx.m.strAppPath, 1, ctx.m.recSetting);
+        readRecord(ctx.folder, 1, ctx.recordBuffer);
         QFile::remove(path("tolm.ini"));
     }
 };
@@ -30,17 +30,17 @@ struct SettingsFileTest : ::testing::Test, EngineFixture {
 TEST_F(SettingsFileTest, OwnRecordWritersFillEverythingFresh) {
     dirtyBuffer();
     // The first writer may be any of them; writing record 13 first leaves twelve zero records before it.
-    ASSERT_TRUE(writeShowSmallClock(ctx.m.strAppPath, true));
+    ASSERT_TRUE(writeShowSmallClock(ctx.folder, true));
     QByteArray file = ini();
     ASSERT_EQ(file.size(), 715);
     EXPECT_EQ(file.left(660), zeros(660));
     EXPECT_EQ(recordAt(file, 13), settingBytes("[ShowSmallClock]", 1, 0, "", 0));
 
-    EXPECT_TRUE(writeForm2Location(ctx.m.strAppPath, -120, 9000));
-    EXPECT_TRUE(write24Hour(ctx.m.strAppPath, false));
-    EXPECT_TRUE(writeEnabledSecond(ctx.m.strAppPath, true));
-    EXPECT_TRUE(writeFontSizeOfClock(ctx.m.strAppPath, 11));
-    EXPECT_TRUE(writeLocationForm16(ctx.m.strAppPath, 2400, 65536));
+    EXPECT_TRUE(writeClockLocation(ctx.folder, -120, 9000));
+    EXPECT_TRUE(write24Hour(ctx.folder, false));
+    EXPECT_TRUE(writeEnabledSecond(ctx.folder, true));
+    EXPECT_TRUE(writeFontSizeOfClock(ctx.folder, 11));
+    EXPECT_TRUE(writeEditWindowLoc(ctx.folder, 2400, 65536));
     file = ini();
     ASSERT_EQ(file.size(), 715);
     EXPECT_EQ(recordAt(file, 5), settingBytes("[Form2Location]", -120, 9000, "", 0));
@@ -52,7 +52,7 @@ TEST_F(SettingsFileTest, OwnRecordWritersFillEverythingFresh) {
     EXPECT_EQ(recordAt(file, 12), settingBytes("[LocationForm16]", 2400, 65536, "", 0));
     EXPECT_EQ(recordAt(file, 13), settingBytes("[ShowSmallClock]", 1, 0, "", 0));
     // Own writers leave the shared buffer alone.
-    EXPECT_EQ(ctx.m.recSetting.lngValue1, 77);
+    EXPECT_EQ(ctx.recordBuffer.value1, 77);
 }
 
 TEST_F(SettingsFileTest, SharedBufferWritersKeepWhatTheyDoNotSet) {
@@ -76,7 +76,7 @@ TEST_F(SettingsFileTest, SharedBufferWritersKeepWhatTheyDoNotSet) {
     ASSERT_TRUE(writeSongName(ctx, "abcdefghijklmnopqrstuvwxyz01234"));
     EXPECT_EQ(recordAt(ini(), 3).mid(25), "abcdefghijklmnopqrstuvwxyz0123");
     SettingRecord rec;
-    ASSERT_TRUE(readRecord(ctx.m.strAppPath, kSongName, rec));
+    ASSERT_TRUE(readRecord(ctx.folder, kSongName, rec));
     EXPECT_EQ(rec.valueText(), "abcdefghijklmnopqrstuvwxyz0123");
 }
 
@@ -87,7 +87,7 @@ TEST_F(SettingsFileTest, ClosingSettingsWritesRecordsFourThenEight) {
         QByteArray word;
     } fonts[] = {{1, "Arial"}, {2, "TimesNewRoman"}, {3, "Normal"}, {0, "Normal"}};
     for (const auto& f : fonts) {
-        ctx.m.iFontChoice = f.choice;
+        ctx.options.fontChoice = f.choice;
         ASSERT_TRUE(writeSettingAndFont(ctx, 1, 0, {true, false, true, false}));
         const QByteArray file = ini();
         EXPECT_EQ(recordAt(file, 4), settingBytes("[Setting]", 1, 0, "ALAEOnDCWSOfUISPOnISOMOf"));
@@ -99,42 +99,42 @@ TEST_F(SettingsFileTest, ClosingSettingsWritesRecordsFourThenEight) {
 }
 
 TEST_F(SettingsFileTest, OnlySongAndSettingsWritersCreateTheFolder) {
-    ctx.m.strAppPath = path("sub/");
+    ctx.folder = path("sub/");
     EXPECT_FALSE(writeTimeInputLoc(ctx, 1, 2));
-    EXPECT_FALSE(writeOwnRecord(ctx.m.strAppPath, kForm2Location, keyOf(kForm2Location), 1, 2));
-    EXPECT_FALSE(QDir(ctx.m.strAppPath).exists());
+    EXPECT_FALSE(writeOwnRecord(ctx.folder, kClockLocation, keyOf(kClockLocation), 1, 2));
+    EXPECT_FALSE(QDir(ctx.folder).exists());
     EXPECT_TRUE(writeSongName(ctx, "ding"));
     EXPECT_TRUE(QFile::exists(path("tolm.ini")));
-    ctx.m.strAppPath = path("other/");
+    ctx.folder = path("other/");
     EXPECT_TRUE(writeSettingAndFont(ctx, 1, 1, {}));
 }
 
 TEST_F(SettingsFileTest, ReadsCheckTheTrimmedKey) {
     SettingRecord rec;
-    rec.lngValue1 = 42;
+    rec.value1 = 42;
     // No file: nothing is read and the record stands as it was.
-    EXPECT_FALSE(readRecord(ctx.m.strAppPath, kForm2Location, rec));
-    EXPECT_EQ(rec.lngValue1, 42);
+    EXPECT_FALSE(readRecord(ctx.folder, kClockLocation, rec));
+    EXPECT_EQ(rec.value1, 42);
 
     writeFile("tolm.ini", zeros(3 * 55) + settingBytes("[Setting]" + zeros(8), 1, 1, "ALAEOn") +
                               settingBytes(" [Form2Location] ", 10, 20, "", 0) + zeros(55) +
                               settingBytes("[FontSize]", 12, 0, "", 0).left(19));
-    EXPECT_TRUE(readRecord(ctx.m.strAppPath, kForm2Location, rec)); // blanks on both sides trim away
-    EXPECT_EQ(rec.lngValue1, 10);
-    EXPECT_EQ(rec.lngValue2, 20);
-    EXPECT_FALSE(readRecord(ctx.m.strAppPath, kSetting, rec)); // zero bytes after a key do not trim
-    EXPECT_EQ(rec.lngValue1, 1);
-    EXPECT_FALSE(readRecord(ctx.m.strAppPath, kTimeInputLoc, rec)); // a gap
-    EXPECT_EQ(rec.strKey, zeros(17));
-    EXPECT_EQ(rec.lngValue1, 0);
+    EXPECT_TRUE(readRecord(ctx.folder, kClockLocation, rec)); // blanks on both sides trim away
+    EXPECT_EQ(rec.value1, 10);
+    EXPECT_EQ(rec.value2, 20);
+    EXPECT_FALSE(readRecord(ctx.folder, kSetting, rec)); // zero bytes after a key do not trim
+    EXPECT_EQ(rec.value1, 1);
+    EXPECT_FALSE(readRecord(ctx.folder, kTimeInputLoc, rec)); // a gap
+    EXPECT_EQ(rec.keyBytes, zeros(17));
+    EXPECT_EQ(rec.value1, 0);
     // The last record is cut short by the end of the file: the missing bytes read as zeros.
-    EXPECT_TRUE(readRecord(ctx.m.strAppPath, kFontSize, rec));
-    EXPECT_EQ(rec.lngValue1, 12);
-    EXPECT_EQ(rec.strValue, zeros(30));
+    EXPECT_TRUE(readRecord(ctx.folder, kFontSize, rec));
+    EXPECT_EQ(rec.value1, 12);
+    EXPECT_EQ(rec.valueBytes, zeros(30));
 
     // Past the end: an emptied record, and no error.
     SettingsFile file;
-    ASSERT_TRUE(file.openForReading(ctx.m.strAppPath));
+    ASSERT_TRUE(file.openForReading(ctx.folder));
     rec = SettingsFile::decode(settingBytes("[AllFont]", 3, 4, "Arial"));
     file.read(kAllFont, rec);
     EXPECT_EQ(SettingsFile::encode(rec), zeros(55));
@@ -142,19 +142,19 @@ TEST_F(SettingsFileTest, ReadsCheckTheTrimmedKey) {
 
     // The key of another record does not pass.
     writeFile("tolm.ini", settingBytes("[MessageInputLoc]", 1, 2, "", 0));
-    EXPECT_FALSE(readRecord(ctx.m.strAppPath, kTimeInputLoc, rec));
-    EXPECT_EQ(rec.lngValue1, 1);
+    EXPECT_FALSE(readRecord(ctx.folder, kTimeInputLoc, rec));
+    EXPECT_EQ(rec.value1, 1);
 }
 
 TEST_F(SettingsFileTest, FileErrorsAreKeptNotThrown) {
     SettingsFile file;
     SettingRecord rec;
-    EXPECT_FALSE(file.openForReading(ctx.m.strAppPath));
+    EXPECT_FALSE(file.openForReading(ctx.folder));
     EXPECT_EQ(file.error().number, 76);
     file.read(4, rec);
     EXPECT_EQ(file.error().number, 52);
     writeFile("tolm.ini", settingBytes("[Setting]", 1, 1, "", 0));
-    ASSERT_TRUE(file.openForReading(ctx.m.strAppPath));
+    ASSERT_TRUE(file.openForReading(ctx.folder));
     file.write(4, rec); // read-only
     EXPECT_TRUE(file.error().isSet());
     file.close();
@@ -164,9 +164,9 @@ TEST_F(SettingsFileTest, FileErrorsAreKeptNotThrown) {
 TEST(SettingsRecordValues, OptionWordsCountOnlyTheExactOnWord) {
     auto words = [](const QByteArray& value) {
         SettingRecord rec;
-        rec.strValue = value.leftJustified(30, ' ');
+        rec.valueBytes = value.leftJustified(30, ' ');
         const OptionWords w = optionWordsOf(rec);
-        return QString("%1%2%3%4").arg(w.autoLoad).arg(w.noSecond).arg(w.internalSpeaker).arg(w.isInsteadMidi);
+        return QString("%1%2%3%4").arg(w.autoLoad).arg(w.noSecond).arg(w.internalSpeaker).arg(w.speakerInsteadOfMidi);
     };
     EXPECT_EQ(words("ALAEOnDCWSOnUISPOnISOMOn"), "1111");
     EXPECT_EQ(words("      DCWSOnUISPOfISOMOn"), "0101");
@@ -175,7 +175,7 @@ TEST(SettingsRecordValues, OptionWordsCountOnlyTheExactOnWord) {
 
     auto font = [](const QByteArray& value) {
         SettingRecord rec;
-        rec.strValue = value.leftJustified(30, '\0');
+        rec.valueBytes = value.leftJustified(30, '\0');
         return fontChoiceOf(rec);
     };
     EXPECT_EQ(font("  ArialBlack"), 1);

@@ -97,18 +97,18 @@ TEST(AudioOutputTest, AirSoundsThroughTheSequencerCommands) {
     const Recording r = record([&](SdlAudio& audio) {
         SdlMidiSequencer sequencer(audio);
         MciSequencerCommands mci(sequencer);
-        // What MidiSound sends, with the file in a folder with a blank.
+        // What playMidi sends, with the file in a folder with a blank.
         QTemporaryDir dir;
         const QString copy = dir.filePath(QStringLiteral("my run air.mid"));
         ASSERT_TRUE(QFile::copy(kData + QStringLiteral("/air.mid"), copy));
-        EXPECT_NE(mci.mciSendStringA(QStringLiteral("close tmpMidiPlay")), 0u);
-        ASSERT_EQ(mci.mciSendStringA(QStringLiteral("open \"") + copy +
+        EXPECT_NE(mci.sendCommand(QStringLiteral("close tmpMidiPlay")), 0u);
+        ASSERT_EQ(mci.sendCommand(QStringLiteral("open \"") + copy +
                                      QStringLiteral("\" type sequencer alias tmpMidiPlay")),
                   0u)
             << sequencer.error().toStdString();
-        ASSERT_EQ(mci.mciSendStringA(QStringLiteral("play tmpMidiPlay")), 0u);
+        ASSERT_EQ(mci.sendCommand(QStringLiteral("play tmpMidiPlay")), 0u);
         QThread::msleep(700);
-        EXPECT_EQ(mci.mciSendStringA(QStringLiteral("close tmpMidiPlay")), 0u);
+        EXPECT_EQ(mci.sendCommand(QStringLiteral("close tmpMidiPlay")), 0u);
     });
     EXPECT_GT(r.peak(), 2000);
 }
@@ -118,13 +118,13 @@ TEST(AudioOutputTest, SweepSoundsAsSquareWavesAtTheTimerFrequencies) {
     const Recording r = record([&](SdlAudio& audio) {
         SquareWaveSpeaker square(audio);
         SpeakerPortModel model(square);
-        Form9 form9(f.ctx, SoundDevices{f.wave, f.mci, model, QString()});
+        SoundPlayer player(f.ctx, SoundDevices{f.wave, f.mci, model, QString()});
         bool present = false;
-        form9.CheckDllFile(present);
+        player.checkSpeaker(present);
         ASSERT_TRUE(present);
         QElapsedTimer clock;
         clock.start();
-        form9.InternalSpeaker();
+        player.sweepSpeaker();
         // The sweep is queued, not waited for.
         EXPECT_LT(clock.elapsed(), 50);
         EXPECT_GT(square.queuedMs(), 500);
@@ -136,7 +136,7 @@ TEST(AudioOutputTest, SweepSoundsAsSquareWavesAtTheTimerFrequencies) {
     size_t start = 0;
     while (start < r.frames() && r.samples[start * r.channels] == 0)
         ++start;
-    const size_t tone = r.rate * Form9::kToneHoldMs / 1000;
+    const size_t tone = r.rate * SoundPlayer::kToneHoldMs / 1000;
     ASSERT_LE(start + 30 * tone, r.frames()) << "the sweep did not sound to its end";
     int i = 0;
     for (int f = 2000; f >= 550; f -= 50, ++i) {
@@ -152,7 +152,7 @@ TEST(AudioOutputTest, SweepSoundsAsSquareWavesAtTheTimerFrequencies) {
 TEST(AudioOutputTest, NoDeviceMeansTheFallbackPath) {
     AudioDriver driver("bellwick-no-such-driver");
     SoundFixture f;
-    QFile::copy(kData + QStringLiteral("/ding.wav"), f.ctx.m.strSongName);
+    QFile::copy(kData + QStringLiteral("/ding.wav"), f.ctx.soundChoice.songPath);
     QFile::copy(kData + QStringLiteral("/air.mid"), f.ctx.appFile(QStringLiteral("air.mid")));
     QElapsedTimer clock;
     clock.start();
@@ -160,12 +160,12 @@ TEST(AudioOutputTest, NoDeviceMeansTheFallbackPath) {
         LinuxSoundDevices outputs;
         SoundDevices devices = outputs.devices();
         devices.midiCopyPath = f.dir.filePath(QStringLiteral("run/air.mid"));
-        Form9 form9(f.ctx, devices);
-        form9.PlaySound(QStringLiteral("once"), f.ctx.m.strSongName);
+        SoundPlayer player(f.ctx, devices);
+        player.playAlarm(QStringLiteral("once"), f.ctx.soundChoice.songPath);
         EXPECT_FALSE(outputs.audio().error().isEmpty());
         SquareWaveSpeaker square(outputs.audio());
         EXPECT_FALSE(square.available());
-        form9.mStop();
+        player.stopSounds();
     }
     EXPECT_EQ(f.log, (QStringList{QStringLiteral("timer off"),
                                   QStringLiteral("box Error found, Sound cannot be played, alarm at 07:30:00 tray=0"),

@@ -7,7 +7,7 @@
 #include "platform/speaker_output.h"
 #include "platform/speaker_ports.h"
 #include "platform/wave_output.h"
-#include "sound/form9.h"
+#include "sound/sound_player.h"
 
 #include <QFileInfo>
 #include <vector>
@@ -29,7 +29,7 @@ struct FakeMci : MciDevice {
     QString midiCopyPath;
     uint32_t playResult = 0;
     FakeMci(QStringList& log, QString midiCopyPath) : log(log), midiCopyPath(std::move(midiCopyPath)) {}
-    uint32_t mciSendStringA(const QString& command) override {
+    uint32_t sendCommand(const QString& command) override {
         log.append(QStringLiteral("mci ") + QString(command).replace(midiCopyPath, QStringLiteral("AIR")));
         return command.startsWith(QLatin1String("play")) ? playResult : 0;
     }
@@ -61,16 +61,16 @@ struct PortLog : SpeakerPorts {
     uint8_t portB = 0;
     bool present = true;
 
-    void vbOutw(int16_t port, int16_t value) override {
+    void writePort(int16_t port, int16_t value) override {
         accesses.push_back({'o', port, value});
         if (port == 0x61)
             portB = static_cast<uint8_t>(value);
     }
-    int16_t vbInpw(int16_t port) override {
+    int16_t readPort(int16_t port) override {
         accesses.push_back({'i', port, port == 0x61 ? portB : 0});
         return port == 0x61 ? portB : 0;
     }
-    void Hold(int ms) override { accesses.push_back({'h', 0, ms}); }
+    void hold(int ms) override { accesses.push_back({'h', 0, ms}); }
     bool available() override { return present; }
     int holds() const {
         int n = 0;
@@ -94,15 +94,15 @@ struct RecordingSpeakerOutput : SpeakerOutput {
 // Notices that write into the shared log, with the state of the tray at the time of a box.
 struct LoggingNotices : RecordingNotices {
     QStringList& log;
-    const Module1* m = nullptr;
+    const FrontState* front = nullptr;
     explicit LoggingNotices(QStringList& log) : log(log) {}
-    void AnswerOk(const QString& text) override { log.append(QStringLiteral("warn ") + text); }
-    void SystemModalBox(const QString& text) override {
-        log.append(QStringLiteral("box %1 tray=%2").arg(text).arg(m->blnTrayEnabled));
+    void answerOk(const QString& text) override { log.append(QStringLiteral("warn ") + text); }
+    void systemModalBox(const QString& text) override {
+        log.append(QStringLiteral("box %1 tray=%2").arg(text).arg(front->trayEnabled));
     }
 };
 
-// A Form9 over fakes, wired as the program wires it: the context's sound is the Form9.
+// A SoundPlayer over fakes, wired as the program wires it: the context's sound is the SoundPlayer.
 struct SoundFixture {
     QTemporaryDir dir;
     QStringList log;
@@ -111,14 +111,16 @@ struct SoundFixture {
     FakeWaveOutput wave{log};
     FakeMci mci{log, dir.path() + QStringLiteral("/run/air.mid")};
     PortLog ports;
-    Form9 form9{ctx, SoundDevices{wave, mci, ports, dir.path() + QStringLiteral("/run/air.mid")}};
-    Context ctx{clock, notices, form9};
+    SoundPlayer player{ctx, SoundDevices{wave, mci, ports, dir.path() + QStringLiteral("/run/air.mid")}};
+    Context ctx{clock, notices, player};
+    WindowlessAlarmSet alarmSet{ctx};
 
     SoundFixture() {
-        ctx.m.setStartValues(dir.path());
-        ctx.m.strNextAlarm = QStringLiteral("07:30:00");
-        notices.m = &ctx.m;
-        ctx.setTimer1Enabled = [this](bool on) {
+        ctx.setStartValues(dir.path());
+        ctx.alarmSetUi = &alarmSet;
+        ctx.tick.nextAlarm = QStringLiteral("07:30:00");
+        notices.front = &ctx.front;
+        ctx.setTickTimerEnabled = [this](bool on) {
             log.append(on ? QStringLiteral("timer on") : QStringLiteral("timer off"));
         };
     }

@@ -20,13 +20,13 @@ const std::vector<int> kSweepDivisors = {597,  612,  628,  645,  663,  682,  702
 TEST(SpeakerTest, OneSweepOnThePorts) {
     SoundFixture f;
     f.ports.portB = 0xA4; // other bits of port B must survive
-    f.form9.InternalSpeaker();
+    f.player.sweepSpeaker();
 
     std::vector<PortLog::Access> expected;
     for (int d : kSweepDivisors) {
         const std::vector<PortLog::Access> tone = {
             {'o', 0x43, 0xB6}, {'o', 0x42, d & 255},         {'o', 0x42, d / 256}, {'i', 0x61, 0xA4},
-            {'o', 0x61, 0xA7}, {'h', 0, Form9::kToneHoldMs}, {'i', 0x61, 0xA7},    {'o', 0x61, 0xA4}};
+            {'o', 0x61, 0xA7}, {'h', 0, SoundPlayer::kToneHoldMs}, {'i', 0x61, 0xA7},    {'o', 0x61, 0xA4}};
         expected.insert(expected.end(), tone.begin(), tone.end());
     }
     ASSERT_EQ(f.ports.accesses.size(), expected.size());
@@ -41,48 +41,48 @@ TEST(SpeakerTest, ModelTurnsTheSweepIntoTones) {
     SoundFixture f;
     RecordingSpeakerOutput output;
     SpeakerPortModel model(output, 0x30);
-    Form9 form9(f.ctx, SoundDevices{f.wave, f.mci, model, QString()});
+    SoundPlayer player(f.ctx, SoundDevices{f.wave, f.mci, model, QString()});
 
-    form9.InternalSpeaker();
+    player.sweepSpeaker();
     ASSERT_EQ(output.tones.size(), kSweepDivisors.size());
     for (size_t i = 0; i < kSweepDivisors.size(); ++i) {
         EXPECT_DOUBLE_EQ(output.tones[i].hz, 1193182.0 / kSweepDivisors[i]);
-        EXPECT_EQ(output.tones[i].ms, Form9::kToneHoldMs);
+        EXPECT_EQ(output.tones[i].ms, SoundPlayer::kToneHoldMs);
     }
     EXPECT_EQ(model.frequency(), 0);
     EXPECT_EQ(model.portB(), 0x30);
 
     bool present = false;
-    form9.CheckDllFile(present);
+    player.checkSpeaker(present);
     EXPECT_TRUE(present);
     output.present = false;
-    form9.CheckDllFile(present);
+    player.checkSpeaker(present);
     EXPECT_FALSE(present);
 }
 
 TEST(SpeakerTest, ModelSoundsOnlyWithGateSpeakerAndSquareWave) {
     RecordingSpeakerOutput output;
     SpeakerPortModel model(output);
-    model.vbOutw(0x43, 0xB6);
-    model.vbOutw(0x42, 0x00);
+    model.writePort(0x43, 0xB6);
+    model.writePort(0x42, 0x00);
     EXPECT_EQ(model.frequency(), 0) << "half a divisor";
-    model.vbOutw(0x42, 0x10);
-    model.vbOutw(0x61, 1);
+    model.writePort(0x42, 0x10);
+    model.writePort(0x61, 1);
     EXPECT_EQ(model.frequency(), 0) << "gate without speaker";
-    model.vbOutw(0x61, 3);
+    model.writePort(0x61, 3);
     EXPECT_DOUBLE_EQ(model.frequency(), 1193182.0 / 0x1000);
-    model.Hold(7);
+    model.hold(7);
     // Low byte only, mode 3.
-    model.vbOutw(0x43, 0x96);
-    model.vbOutw(0x42, 200);
+    model.writePort(0x43, 0x96);
+    model.writePort(0x42, 200);
     EXPECT_DOUBLE_EQ(model.frequency(), 1193182.0 / 200);
     // Mode 2 gives clicks, not a tone; a command for channel 0 leaves channel 2 alone.
-    model.vbOutw(0x43, 0xB4);
-    model.vbOutw(0x42, 0x00);
-    model.vbOutw(0x42, 0x10);
+    model.writePort(0x43, 0xB4);
+    model.writePort(0x42, 0x00);
+    model.writePort(0x42, 0x10);
     EXPECT_EQ(model.frequency(), 0);
-    model.vbOutw(0x43, 0x36);
-    model.Hold(5);
+    model.writePort(0x43, 0x36);
+    model.hold(5);
     ASSERT_EQ(output.tones.size(), 2u);
     EXPECT_DOUBLE_EQ(output.tones[0].hz, 1193182.0 / 0x1000);
     EXPECT_EQ(output.tones[0].ms, 7);

@@ -12,13 +12,13 @@ bool TimeBoxKeys::eventFilter(QObject* watched, QEvent* event) {
         return false;
     if (event->type() == QEvent::KeyPress) {
         const auto* key = static_cast<QKeyEvent*>(event);
-        if (typesCharacter(key) && !TimeBoxKeyPress(m_ctx, key->text().at(0)))
+        if (typesCharacter(key) && !timeBoxKeyPasses(m_ctx, key->text().at(0)))
             return true;
     } else if (!committedText(event).isEmpty()) {
         return true; // digits come as keys; composed characters are never digits
     } else if (event->type() == QEvent::KeyRelease) {
         QString text = box->currentText();
-        TimeBoxKeyUp(m_ctx, text);
+        timeBoxKeyReleased(m_ctx, text);
         if (text != box->currentText())
             box->setEditText(text);
     }

@@ -15,24 +15,24 @@ FrontDialog::FrontDialog(Context& ctx, int32_t frontNumber) : m_ctx(ctx), m_fron
 void FrontDialog::changeEvent(QEvent* event) {
     QDialog::changeEvent(event);
     if (event->type() == QEvent::ActivationChange && !isActiveWindow())
-        QTimer::singleShot(0, this, &FrontDialog::Form_Deactivate);
+        QTimer::singleShot(0, this, &FrontDialog::onDeactivated);
 }
 
-void FrontDialog::Form_Deactivate() {
+void FrontDialog::onDeactivated() {
     if (!isVisible()) {
         close();
         return;
     }
-    if (isActiveWindow() || !m_front.lostFocus(m_ctx.m.lngTopWho))
+    if (isActiveWindow() || !m_front.lostFocus(m_ctx.front.claimant))
         return;
     window_twips::makeTopmost(this);
     activateWindow();
-    m_ctx.notices.Beep();
+    m_ctx.notices.beep();
 }
 
 void FrontDialog::closeEvent(QCloseEvent* event) {
     unloading();
-    Front::WhoWillForeground(m_front.close(m_ctx.m.lngTopWho));
+    Front::bringToFront(m_front.close(m_ctx.front.claimant));
     // Not the dialog's own closing, which would reject and keep the window up.
     event->accept();
 }

@@ -24,5 +24,5 @@ protected:
     FrontClaim m_front;
 
 private:
-    void Form_Deactivate();
+    void onDeactivated();
 };

@@ -1,23 +1,23 @@
 #include "engine/ui/bellwick_app.h"
 
-#include "alarmset/ui/form4.h"
-#include "alarmset/ui/form4_host.h"
-#include "clock/ui/form2.h"
-#include "datafiles/ui/form14.h"
+#include "alarmset/ui/alarm_set_window.h"
+#include "alarmset/ui/alarm_set_host.h"
+#include "clock/ui/desktop_clock.h"
+#include "datafiles/ui/data_file_chooser.h"
 #include "engine/context.h"
 #include "engine/startup.h"
-#include "engine/ui/form1.h"
-#include "eventlist/ui/bwklistbox_view.h"
-#include "eventlist/ui/form12.h"
-#include "eventlist/ui/form15.h"
-#include "message/ui/form5.h"
+#include "engine/ui/tray_icon.h"
+#include "eventlist/ui/event_list_view.h"
+#include "eventlist/ui/delete_chooser_window.h"
+#include "eventlist/ui/event_popup.h"
+#include "message/ui/input_message_window.h"
 #include "platform/clock.h"
 #include "platform/data_folder.h"
 #include "platform/linux/linux_sound_devices.h"
 #include "platform/single_instance.h"
 #include "platform/ui/window_twips.h"
-#include "settings/ui/form7.h"
-#include "sound/form9.h"
+#include "settings/ui/settings_window.h"
+#include "sound/sound_player.h"
 #include "sound/ui/widget_notices.h"
 
 #include <QApplication>
@@ -31,7 +31,7 @@ struct Program {
     SystemClock clock;
     LinuxSoundDevices devices;
     WidgetNotices notices{ctx};
-    Form9 sound{ctx, devices.devices()};
+    SoundPlayer sound{ctx, devices.devices()};
     Context ctx{clock, notices, sound};
 };
 
@@ -49,28 +49,28 @@ int BellwickApp::run() {
     QApplication::setFont(window_twips::designFont(QApplication::font()));
     Program program;
     Context& ctx = program.ctx;
-    ctx.m.strAppPath = data_folder::programFolder();
-    data_folder::prepare(ctx.m.strAppPath, data_folder::bundledFolder());
+    ctx.folder = data_folder::programFolder();
+    data_folder::prepare(ctx.folder, data_folder::bundledFolder());
 
-    Form4Host alarmSet(ctx);
-    ctx.form4Ui = &alarmSet;
+    AlarmSetHost alarmSet(ctx);
+    ctx.alarmSetUi = &alarmSet;
 
-    QPointer<Form7> settingsWindow;
-    QPointer<Form2> desktopClock;
+    QPointer<SettingsWindow> settingsWindow;
+    QPointer<DesktopClock> desktopClock;
     auto clockWindow = [&ctx, &desktopClock, &alarmSet] {
         if (!desktopClock) {
-            desktopClock = new Form2(ctx);
-            desktopClock->showForm4 = [&alarmSet] { alarmSet.showAlarmSet(); };
+            desktopClock = new DesktopClock(ctx);
+            desktopClock->showAlarmSet = [&alarmSet] { alarmSet.showAlarmSet(); };
         }
         return desktopClock.data();
     };
-    Form1Hooks hooks;
-    hooks.showClock = [&clockWindow] { clockWindow()->ShowFromTray(); };
+    TrayHooks hooks;
+    hooks.showClock = [&clockWindow] { clockWindow()->showFromTray(); };
     hooks.unloadClock = [&desktopClock] {
         if (desktopClock)
             desktopClock->close();
     };
-    hooks.mStop = [&program] { program.sound.mStop(); };
+    hooks.stopSounds = [&program] { program.sound.stopSounds(); };
     hooks.showAlarmSet = [&alarmSet] { alarmSet.showAlarmSet(); };
     hooks.showSettings = [&ctx, &settingsWindow] {
         if (settingsWindow && settingsWindow->isMinimized()) {
@@ -78,35 +78,35 @@ int BellwickApp::run() {
             return;
         }
         if (!settingsWindow)
-            settingsWindow = new Form7(ctx);
+            settingsWindow = new SettingsWindow(ctx);
         settingsWindow->show();
         settingsWindow->raise();
         settingsWindow->activateWindow();
     };
     alarmSet.hooks.showSettings = hooks.showSettings;
-    alarmSet.hooks.GetAllMessages = [&ctx](int count, const QList<int>& rows) {
-        Form12::GetAllMessages(ctx, count, rows);
+    alarmSet.hooks.chooseMessageToDelete = [&ctx](int count, const QList<int>& rows) {
+        DeleteChooserWindow::chooseMessageToDelete(ctx, count, rows);
     };
     alarmSet.hooks.showEventPopup = [&ctx, &alarmSet](QPoint globalPos) {
-        Form15::popupAt(ctx, globalPos, alarmSet.form() ? alarmSet.form()->Bwklistbox1 : nullptr);
+        EventPopup::popupAt(ctx, globalPos, alarmSet.form() ? alarmSet.form()->eventListView : nullptr);
     };
-    alarmSet.hooks.cmdLoad = [&ctx] { Form14::openLoad(ctx); };
-    alarmSet.hooks.cmdSaveFile = [&ctx] { Form14::openSave(ctx); };
-    alarmSet.hooks.cmdEditor = [&ctx] { Form14::openEditor(ctx); };
-    QPointer<Form5> messageInput;
-    alarmSet.hooks.GetOldMessageToTextbox = [&ctx, &messageInput](const QString& how) {
+    alarmSet.hooks.loadButton = [&ctx] { DataFileChooser::openLoad(ctx); };
+    alarmSet.hooks.saveFileButton = [&ctx] { DataFileChooser::openSave(ctx); };
+    alarmSet.hooks.editorButton = [&ctx] { DataFileChooser::openEditor(ctx); };
+    QPointer<InputMessageWindow> messageInput;
+    alarmSet.hooks.openInputMessage = [&ctx, &messageInput](const QString& how) {
         if (!messageInput)
-            messageInput = new Form5(ctx);
-        messageInput->GetOldMessageToTextbox(how);
+            messageInput = new InputMessageWindow(ctx);
+        messageInput->openInputMessage(how);
     };
-    Form1 form1(ctx, hooks);
+    TrayIcon tray(ctx, hooks);
     StartupHooks startup;
     startup.showSmallClock = [&clockWindow] {
-        Form2* clock = clockWindow();
+        DesktopClock* clock = clockWindow();
         clock->show();
-        clock->mOn->setChecked(true);
+        clock->showAtStartAction->setChecked(true);
     };
-    fForm1Load(ctx, startup);
-    form1.Form_Load();
+    startUp(ctx, startup);
+    tray.load();
     return QApplication::exec();
 }

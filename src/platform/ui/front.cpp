@@ -11,10 +11,10 @@ void Front::registerWindow(int who, QWidget* window) {
     windows()[who] = window;
 }
 
-void Front::WhoWillForeground(int tmpWho) {
-    if (tmpWho != 1 && tmpWho != 13 && tmpWho != 157)
+void Front::bringToFront(int who) {
+    if (who != 1 && who != 13 && who != 157)
         return;
-    const auto it = windows().find(tmpWho);
+    const auto it = windows().find(who);
     if (it == windows().end() || !it->second || !it->second->isVisible())
         return;
     window_twips::makeTopmost(it->second);

@@ -11,7 +11,7 @@ class Front {
 public:
     static void registerWindow(int who, QWidget* window);
     // Gives the front back to the window of that number, if it is visible; other numbers do nothing.
-    static void WhoWillForeground(int tmpWho);
+    static void bringToFront(int who);
 
 private:
     static std::map<int, QPointer<QWidget>>& windows();

@@ -58,7 +58,7 @@ QRegion toLogicalRegion(const QRegion& devicePixels, double ratio) {
     return logical;
 }
 
-void SetWindowRgn(QWidget& window, const QRegion& devicePixels) {
+void setWindowRegion(QWidget& window, const QRegion& devicePixels) {
     if (setX11Shape(window, devicePixels))
         return;
     window.setMask(toLogicalRegion(devicePixels, window.devicePixelRatioF()));

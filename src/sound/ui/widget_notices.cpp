@@ -1,36 +1,36 @@
 #include "sound/ui/widget_notices.h"
 
-#include "engine/ui/form6.h"
-#include "sound/ui/form10.h"
-#include "sound/ui/form11.h"
+#include "engine/ui/message_window.h"
+#include "sound/ui/error_list_window.h"
+#include "sound/ui/warning_window.h"
 
 #include <QApplication>
 #include <QMessageBox>
 
-void WidgetNotices::AnswerOk(const QString& text) {
-    new Form11(m_ctx, text);
+void WidgetNotices::answerOk(const QString& text) {
+    new WarningWindow(m_ctx, text);
 }
 
-void WidgetNotices::ShowAlarmWindow(const QString& text) {
-    new Form6(m_ctx, text);
+void WidgetNotices::showAlarmWindow(const QString& text) {
+    new MessageWindow(m_ctx, text);
 }
 
-ErrorList& WidgetNotices::NewErrorList() {
-    return *new Form10();
+ErrorList& WidgetNotices::newErrorList() {
+    return *new ErrorListWindow();
 }
 
-ErrorList& WidgetNotices::SharedErrorList() {
+ErrorList& WidgetNotices::sharedErrorList() {
     // The shared list lives until its OK is pressed; the next use after that opens a fresh one.
     if (!m_shared)
-        m_shared = new Form10();
+        m_shared = new ErrorListWindow();
     return *m_shared;
 }
 
-void WidgetNotices::Beep() {
+void WidgetNotices::beep() {
     QApplication::beep();
 }
 
-void WidgetNotices::SystemModalBox(const QString& text) {
+void WidgetNotices::systemModalBox(const QString& text) {
     QMessageBox box(QMessageBox::NoIcon, QStringLiteral("Bellwick Alarm Clock sp"),
                     QString(text).replace(QLatin1Char('\r'), QLatin1Char('\n')), QMessageBox::Ok);
     box.setWindowFlag(Qt::WindowStaysOnTopHint);

@@ -5,21 +5,21 @@
 #include <QPointer>
 
 class Context;
-class Form10;
+class ErrorListWindow;
 
 // The windows through which the program speaks: warnings, message windows, error lists, system-modal boxes.
 class WidgetNotices : public Notices {
 public:
     explicit WidgetNotices(Context& ctx) : m_ctx(ctx) {}
 
-    void AnswerOk(const QString& text) override;
-    void ShowAlarmWindow(const QString& text) override;
-    ErrorList& NewErrorList() override;
-    ErrorList& SharedErrorList() override;
-    void Beep() override;
-    void SystemModalBox(const QString& text) override;
+    void answerOk(const QString& text) override;
+    void showAlarmWindow(const QString& text) override;
+    ErrorList& newErrorList() override;
+    ErrorList& sharedErrorList() override;
+    void beep() override;
+    void systemModalBox(const QString& text) override;
 
 private:
     Context& m_ctx;
-    QPointer<Form10> m_shared;
+    QPointer<ErrorListWindow> m_shared;
 };

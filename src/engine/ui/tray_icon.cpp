@@ -1,0 +1,144 @@
+#include "engine/ui/tray_icon.h"
+
+#include "engine/context.h"
+#include "platform/ui/pictures.h"
+#include "sound/notices.h"
+#include "sound/ui/about_box.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QCursor>
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QMenu>
+#include <QUrl>
+
+namespace {
+QIcon trayIcon(bool enabled) {
+    QIcon icon;
+    for (const int size : {16, 22, 24, 32, 48, 64})
+        icon.addPixmap(pictures::clock(size, enabled));
+    return icon;
+}
+} // namespace
+
+TrayIcon::TrayIcon(Context& ctx, TrayHooks hooks) : m_ctx(ctx), m_hooks(std::move(hooks)), m_tick(ctx) {
+    m_timer.setTimerType(Qt::PreciseTimer);
+    m_timer.setInterval(800);
+    connect(&m_timer, &QTimer::timeout, this, [this] { m_tick.onTick(); });
+    m_timer.start();
+    m_ctx.setTickTimerEnabled = [this](bool on) {
+        // An error box closing must not wake a clock the user has disabled.
+        if (on && !disabled())
+            m_timer.start();
+        else
+            m_timer.stop();
+    };
+    buildMenu();
+}
+
+void TrayIcon::buildMenu() {
+    m_popup = new QMenu();
+    auto add = [this](const QString& caption, void (TrayIcon::*slot)()) {
+        QAction* action = m_popup->addAction(caption);
+        connect(action, &QAction::triggered, this, slot);
+        return action;
+    };
+    add(QStringLiteral(" About  "), &TrayIcon::onOpen);
+    m_popup->addSeparator();
+    add(QStringLiteral(" Alarm Set  "), &TrayIcon::onAlarmSet);
+    add(QStringLiteral(" Show"), &TrayIcon::onShowClock);
+    add(QStringLiteral(" Settings  "), &TrayIcon::onSettings);
+    m_popup->addSeparator();
+    add(QStringLiteral(" Help  "), &TrayIcon::onHelp);
+    add(QStringLiteral(" Stop  "), &TrayIcon::onStop);
+    m_popup->addSeparator();
+    m_disable = m_popup->addAction(QStringLiteral(" Disable  "));
+    m_disable->setCheckable(true);
+    connect(m_disable, &QAction::triggered, this, &TrayIcon::onDisable);
+    add(QStringLiteral(" Remove  "), &TrayIcon::onRemove);
+
+    // While an error box is up the icon does nothing, its menu included.
+    connect(m_popup, &QMenu::aboutToShow, this, [this] {
+        if (!m_ctx.front.trayEnabled)
+            QMetaObject::invokeMethod(m_popup, &QMenu::close, Qt::QueuedConnection);
+    });
+    m_tray.setContextMenu(m_popup);
+    connect(&m_tray, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
+        if (reason == QSystemTrayIcon::Trigger)
+            trayMessage(514);
+    });
+}
+
+void TrayIcon::load() {
+    m_tray.setIcon(trayIcon(true));
+    m_tray.setToolTip(QStringLiteral("Bwk"));
+    m_tray.show();
+}
+
+bool TrayIcon::disabled() const {
+    return m_disable->isChecked();
+}
+
+void TrayIcon::trayMessage(int message) {
+    if (!m_ctx.front.trayEnabled)
+        return;
+    if (message == 514)
+        onStop();
+    else if (message == 517)
+        m_popup->popup(QCursor::pos());
+}
+
+void TrayIcon::onOpen() {
+    (new AboutBox())->show();
+}
+
+void TrayIcon::onAlarmSet() {
+    if (m_hooks.showAlarmSet)
+        m_hooks.showAlarmSet();
+}
+
+void TrayIcon::onShowClock() {
+    if (m_hooks.showClock)
+        m_hooks.showClock();
+}
+
+void TrayIcon::onSettings() {
+    if (m_hooks.showSettings)
+        m_hooks.showSettings();
+}
+
+void TrayIcon::onHelp() {
+    const QString help = m_ctx.appFile(QStringLiteral("help/tolmhelp.html"));
+    if (QFileInfo::exists(help)) {
+        QDesktopServices::openUrl(QUrl::fromLocalFile(help));
+        return;
+    }
+    m_ctx.notices.answerOk(QStringLiteral("Help file not found, please visit Bellwick's home page for getting help!"));
+    m_ctx.notices.beep();
+}
+
+void TrayIcon::onStop() {
+    if (m_hooks.stopSounds)
+        m_hooks.stopSounds();
+    m_ctx.soundChoice.repeatSweep = false;
+}
+
+void TrayIcon::onDisable() {
+    // The action has already turned its tick over.
+    if (m_disable->isChecked()) {
+        m_timer.stop();
+        m_tray.setIcon(trayIcon(false));
+    } else {
+        m_timer.start();
+        m_tray.setIcon(trayIcon(true));
+    }
+}
+
+void TrayIcon::onRemove() {
+    if (m_hooks.unloadClock)
+        m_hooks.unloadClock();
+    m_tray.hide();
+    // No other window's closing logic runs: every file is complete at all times.
+    QCoreApplication::exit(0);
+}

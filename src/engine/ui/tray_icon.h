@@ -1,0 +1,61 @@
+#pragma once
+
+#include "engine/alarm_tick.h"
+
+#include <QObject>
+#include <QSystemTrayIcon>
+#include <QTimer>
+
+#include <functional>
+
+class Context;
+class QAction;
+class QMenu;
+
+// What the tray menu opens, wired by the program's start.
+struct TrayHooks {
+    std::function<void()> stopSounds;        // ends wave, midi and speaker sweeps
+    std::function<void()> showAlarmSet; // the Alarm Set window, wanted from now on
+    std::function<void()> showClock;    // the desktop clock
+    std::function<void()> showSettings; // the Settings window
+    std::function<void()> unloadClock;  // the desktop clock goes, saving its place
+};
+
+// The never-seen start-up object: the 800 ms tick, the tray icon and its menu.
+class TrayIcon : public QObject {
+    Q_OBJECT
+public:
+    TrayIcon(Context& ctx, TrayHooks hooks);
+
+    // Shows the tray icon; the tick runs from construction on.
+    void load();
+
+    AlarmTick& tick() { return m_tick; }
+    QTimer& timer() { return m_timer; }
+    QSystemTrayIcon& tray() { return m_tray; }
+    QMenu* menu() const { return m_popup; }
+    bool disabled() const;
+
+    // The mouse on the tray icon: 514 left button up, 517 right button up.
+    void trayMessage(int message);
+
+    void onOpen();
+    void onAlarmSet();
+    void onShowClock();
+    void onSettings();
+    void onHelp();
+    void onStop();
+    void onDisable();
+    void onRemove();
+
+private:
+    void buildMenu();
+
+    Context& m_ctx;
+    TrayHooks m_hooks;
+    AlarmTick m_tick;
+    QTimer m_timer;
+    QSystemTrayIcon m_tray;
+    QMenu* m_popup = nullptr;
+    QAction* m_disable = nullptr;
+};

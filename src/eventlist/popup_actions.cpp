@@ -1,0 +1,37 @@
+#include "eventlist/popup_actions.h"
+
+#include "engine/context.h"
+#include "eventlist/save_all_events.h"
+#include "sound/notices.h"
+
+namespace {
+void warn(Context& ctx, const QString& words) {
+    ctx.notices.answerOk(words);
+    ctx.notices.beep();
+}
+} // namespace
+
+void editFromPopup(Context& ctx, const OpenEditorFn& showEditEvent) {
+    EventList& list = ctx.eventList;
+    const int highlighted = list.highlightedCount();
+    if (highlighted == 0) {
+        warn(ctx, QStringLiteral("Select one alarm event first"));
+        return;
+    }
+    if (highlighted > 1) {
+        warn(ctx, QStringLiteral("More than one alarm events highlighted"));
+        return;
+    }
+    list.crackCurrentRow();
+    if (showEditEvent)
+        showEditEvent(list.crackedMark(), list.crackedDate(), list.crackedTime(), list.crackedMessage());
+}
+
+void deleteFromPopup(Context& ctx) {
+    EventList& list = ctx.eventList;
+    if (list.highlightedCount() < 1)
+        return;
+    while (list.highlightedCount() >= 1)
+        list.removeFirstHighlighted();
+    saveAllEvents(ctx);
+}

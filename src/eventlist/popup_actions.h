@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+class Context;
+
+// Opens the Edit window with the four fields of a row: mark, date, time, message.
+using OpenEditorFn =
+    std::function<void(const QString& mark, const QString& date, const QString& time, const QString& message)>;
+
+// editAction of the event list's menu: exactly one highlighted row is wanted; the fields shown are the current row's.
+void editFromPopup(Context& ctx, const OpenEditorFn& showEditEvent);
+
+// deleteAction: every highlighted row goes, without a question, and the schedule is rewritten once.
+// Nothing at all happens when no row is highlighted.
+void deleteFromPopup(Context& ctx);

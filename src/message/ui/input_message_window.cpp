@@ -1,0 +1,212 @@
+#include "message/ui/input_message_window.h"
+
+#include "engine/context.h"
+#include "message/message_text.h"
+#include "message/ui/message_text_box.h"
+#include "platform/twips.h"
+#include "platform/ui/front.h"
+#include "platform/ui/window_twips.h"
+#include "sound/notices.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QTimer>
+
+using window_twips::place;
+using window_twips::px;
+
+namespace {
+constexpr double kWidth = 4332;
+constexpr double kHeight = 2880;
+constexpr double kFirstLeft = 4944;
+constexpr double kFirstTop = 4740;
+constexpr double kFirstFontSize = 9;
+} // namespace
+
+InputMessageWindow::InputMessageWindow(Context& ctx, QWidget* parent)
+    : QWidget(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
+                          Qt::WindowStaysOnTopHint),
+      m_ctx(ctx), m_core(ctx) {
+    setWindowTitle(QStringLiteral("Input Message"));
+    setFixedSize(px(this, kWidth), px(this, kHeight));
+    // The layout is measured for an 8-point face of Arial's widths; wider desktop faces would cut captions.
+    QFont design = window_twips::designFont(font());
+    setFont(design);
+
+    input = new MessageTextBox(this);
+    place(input, 240, 240, 3852, 2052);
+    okButton = new QPushButton(QStringLiteral("Save"), this);
+    place(okButton, 2040, 2400, 972, 372);
+    cancelButton = new QPushButton(QStringLiteral("Abandon"), this);
+    place(cancelButton, 3240, 2400, 972, 372);
+    nextMessageButton = new QPushButton(QStringLiteral(">"), this);
+    place(nextMessageButton, 240, 0, 492, 252);
+    messageNumberLabel = new QLabel(this);
+    place(messageNumberLabel, 840, 0, 3492, 252);
+    fontSizeLabel = new QLabel(QStringLiteral("Font size :"), this);
+    place(fontSizeLabel, 120, 2520, 852, 252);
+    minusLabel = new QLabel(QStringLiteral("-"), this);
+    place(minusLabel, 1080, 2520, 252, 252);
+    plusLabel = new QLabel(QStringLiteral("+"), this);
+    place(plusLabel, 1440, 2520, 252, 252);
+    for (QLabel* sign : {minusLabel, plusLabel}) {
+        QFont bold = sign->font();
+        bold.setBold(true);
+        sign->setFont(bold);
+        sign->setAlignment(Qt::AlignCenter);
+        sign->setCursor(Qt::PointingHandCursor);
+        sign->installEventFilter(this);
+    }
+    // Return belongs to the text: no button is pressed by it.
+    for (QPushButton* button : {okButton, cancelButton, nextMessageButton}) {
+        button->setAutoDefault(false);
+        button->setDefault(false);
+    }
+    setTabOrder(input, okButton);
+    setTabOrder(okButton, cancelButton);
+
+    connect(okButton, &QPushButton::clicked, this, &InputMessageWindow::onOkClicked);
+    connect(cancelButton, &QPushButton::clicked, this, &InputMessageWindow::onCancelClicked);
+    connect(nextMessageButton, &QPushButton::clicked, this, &InputMessageWindow::onNextMessageClicked);
+
+    showControls(MessageControls());
+    Front::registerWindow(1, this);
+}
+
+void InputMessageWindow::load() {
+    // Every load starts from the window as it was drawn.
+    input->clear();
+    showControls(MessageControls());
+    setFontSize(kFirstFontSize);
+    move(px(this, kFirstLeft), px(this, kFirstTop));
+
+    const MessagePlacement placement = m_core.load();
+    if (placement.hasLocation)
+        move(px(this, placement.left), px(this, placement.top));
+    if (placement.hasFontSize && placement.fontSize > 0)
+        setFontSize(placement.fontSize);
+    window_twips::makeTopmost(this);
+}
+
+void InputMessageWindow::openInputMessage(const QString& origin) {
+    if (!m_core.loaded())
+        load();
+    show();
+    raise();
+    activateWindow();
+    MessageControls c = controls();
+    m_core.openInputMessage(origin, c);
+    showControls(c);
+}
+
+MessageControls InputMessageWindow::controls() const {
+    MessageControls c;
+    c.input = input->message();
+    c.cancelButton = cancelButton->text();
+    c.nextMessageButtonVisible = !nextMessageButton->isHidden();
+    c.messageNumberLabelVisible = !messageNumberLabel->isHidden();
+    c.messageNumberLabel = messageNumberLabel->text();
+    return c;
+}
+
+void InputMessageWindow::showControls(const MessageControls& c) {
+    if (input->message() != c.input)
+        input->setMessage(c.input);
+    cancelButton->setText(c.cancelButton);
+    nextMessageButton->setVisible(c.nextMessageButtonVisible);
+    messageNumberLabel->setVisible(c.messageNumberLabelVisible);
+    messageNumberLabel->setText(c.messageNumberLabel);
+}
+
+void InputMessageWindow::setFontSize(double pointSize) {
+    QFont font(QStringLiteral("Times New Roman"));
+    font.setPointSizeF(pointSize);
+    input->setFont(font);
+}
+
+void InputMessageWindow::onOkClicked() {
+    m_core.save(controls(), input->font().pointSizeF());
+    close();
+}
+
+void InputMessageWindow::onCancelClicked() {
+    close();
+}
+
+void InputMessageWindow::onNextMessageClicked() {
+    MessageControls c = controls();
+    m_core.nextMessage(c);
+    showControls(c);
+}
+
+void InputMessageWindow::onPlusClicked() {
+    double size = input->font().pointSizeF();
+    if (message_text::larger(size))
+        setFontSize(size);
+    else
+        m_ctx.notices.beep();
+}
+
+void InputMessageWindow::onMinusClicked() {
+    double size = input->font().pointSizeF();
+    if (message_text::smaller(size))
+        setFontSize(size);
+    else
+        m_ctx.notices.beep();
+}
+
+bool InputMessageWindow::eventFilter(QObject* watched, QEvent* event) {
+    if ((watched == plusLabel || watched == minusLabel) && event->type() == QEvent::MouseButtonRelease) {
+        auto* mouse = static_cast<QMouseEvent*>(event);
+        auto* label = static_cast<QLabel*>(watched);
+        if (mouse->button() == Qt::LeftButton && label->rect().contains(mouse->position().toPoint())) {
+            if (label == plusLabel)
+                onPlusClicked();
+            else
+                onMinusClicked();
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void InputMessageWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && !isActiveWindow() && m_core.loaded())
+        QTimer::singleShot(0, this, &InputMessageWindow::onDeactivated);
+}
+
+void InputMessageWindow::onDeactivated() {
+    if (!m_core.loaded())
+        return;
+    if (!isVisible()) {
+        unload();
+        return;
+    }
+    // Only a window of our own taking the focus counts; switching to another program does not.
+    const QWidget* active = QApplication::activeWindow();
+    if (isActiveWindow() || !active)
+        return;
+    if (m_core.deactivated()) {
+        window_twips::makeTopmost(this);
+        activateWindow();
+    }
+}
+
+void InputMessageWindow::closeEvent(QCloseEvent* event) {
+    unload();
+    event->accept();
+}
+
+void InputMessageWindow::unload() {
+    if (!m_core.loaded())
+        return;
+    const double perPixel = window_twips::twipsPerPixel(this);
+    const double ratio = devicePixelRatioF();
+    const bool normal = !(windowState() & (Qt::WindowMinimized | Qt::WindowMaximized));
+    m_core.closing(normal, twips::toTwips(qRound(y() * ratio), perPixel),
+                       twips::toTwips(qRound(x() * ratio), perPixel));
+    hide();
+}

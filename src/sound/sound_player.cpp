@@ -1,0 +1,171 @@
+#include "sound/sound_player.h"
+
+#include "engine/context.h"
+#include "platform/mci_commands.h"
+#include "platform/numeric.h"
+#include "platform/speaker_ports.h"
+#include "platform/wave_output.h"
+#include "sound/notices.h"
+#include "sound/wave_player.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace {
+
+const QString kMidiAlias = QStringLiteral("tmpMidiPlay");
+
+// Copies a file over another; a failure keeps the older copy.
+void copyOver(const QString& from, const QString& to) {
+    QFile source(from);
+    if (!source.open(QIODevice::ReadOnly))
+        return;
+    const QString folder = QFileInfo(to).absolutePath();
+    if (!QDir().mkpath(folder))
+        return;
+    QFile::setPermissions(folder, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+    QSaveFile target(to);
+    if (!target.open(QIODevice::WriteOnly))
+        return;
+    const QByteArray bytes = source.readAll();
+    if (source.error() != QFileDevice::NoError || target.write(bytes) != bytes.size()) {
+        target.cancelWriting();
+        return;
+    }
+    target.commit();
+}
+
+} // namespace
+
+void SoundPlayer::playAlarm(const QString& playWord, const QString& soundPath) {
+    if (!m_ctx.options.soundOn)
+        return;
+    if (m_ctx.options.internalSpeaker) {
+        bool present = false;
+        checkSpeaker(present);
+        if (present) {
+            playOnSpeaker(playWord);
+            return;
+        }
+        speakerWarning();
+    }
+    playWaveFile(QString(), 1);
+    int16_t canPlay = -1;
+    {
+        WavePlayer player(m_devices.wave);
+        player.play(playWord, soundPath, canPlay);
+    }
+    if (canPlay != 0)
+        return;
+    if (m_ctx.options.speakerInsteadOfMidi) {
+        bool present = false;
+        checkSpeaker(present);
+        if (present) {
+            playOnSpeaker(playWord);
+            return;
+        }
+        reportSoundError(canPlay);
+        speakerWarning();
+    } else {
+        reportSoundError(canPlay);
+    }
+}
+
+void SoundPlayer::speakerWarning() {
+    m_ctx.notices.answerOk(
+        QStringLiteral("cannot play sound from internal speaker, refer to trouble shooting in help"));
+}
+
+void SoundPlayer::reportSoundError(int16_t canPlay) {
+    if (!QFileInfo(m_ctx.soundChoice.songPath).isFile()) {
+        m_ctx.front.trayEnabled = false;
+        m_ctx.setTickTimerEnabled(false);
+        m_ctx.notices.systemModalBox(m_ctx.soundChoice.songPath.mid(7) + QStringLiteral(", wave file not found, alarm at ") +
+                                     m_ctx.tick.nextAlarm);
+        m_ctx.setTickTimerEnabled(true);
+        m_ctx.front.trayEnabled = true;
+    } else if (canPlay == 0 && m_ctx.options.errorPopups && m_ctx.options.soundOn) {
+        playMidi();
+    }
+}
+
+void SoundPlayer::playMidi() {
+    if (!m_ctx.options.soundOn)
+        return;
+    const QString source = m_ctx.appFile(QStringLiteral("air.mid"));
+    if (QFileInfo(source).isFile())
+        copyOver(source, m_devices.midiCopyPath);
+    QString path = QDir::toNativeSeparators(m_devices.midiCopyPath);
+    if (path.contains(QLatin1Char(' ')))
+        path = QLatin1Char('"') + path + QLatin1Char('"');
+    // Only the result of "play" counts: a failed open makes it fail too.
+    sendCommand(QStringLiteral("close ") + kMidiAlias);
+    sendCommand(QStringLiteral("open ") + path + QStringLiteral(" type sequencer alias ") + kMidiAlias);
+    if (sendCommand(QStringLiteral("play ") + kMidiAlias) != 0) {
+        m_ctx.front.trayEnabled = false;
+        m_ctx.setTickTimerEnabled(false);
+        m_ctx.notices.systemModalBox(QStringLiteral("Error found, Sound cannot be played, alarm at ") + m_ctx.tick.nextAlarm);
+        m_ctx.setTickTimerEnabled(true);
+        m_ctx.front.trayEnabled = true;
+    }
+}
+
+void SoundPlayer::playWaveFile(const QString& name, int flags) {
+    if (name.isEmpty() || (flags & 4)) {
+        m_devices.wave.stop();
+        return;
+    }
+    m_devices.wave.play(name, 1);
+}
+
+uint32_t SoundPlayer::sendCommand(const QString& command) {
+    return m_devices.mci.sendCommand(command);
+}
+
+void SoundPlayer::sweepSpeaker() {
+    SpeakerPorts& ports = m_devices.ports;
+    for (int f = 2000; f >= 550; f -= 50) {
+        const float timerClock = 1193280.0f;
+        const auto divisor = static_cast<int16_t>(roundHalfEven(timerClock / static_cast<float>(f)));
+        const int16_t low = divisor & 255;
+        const int16_t high = divisor / 256;
+        ports.writePort(0x43, 0xB6);
+        ports.writePort(0x42, low);
+        ports.writePort(0x42, high);
+        const int16_t x = ports.readPort(0x61);
+        ports.writePort(0x61, static_cast<int16_t>(x | 3));
+        ports.hold(kToneHoldMs);
+        const int16_t y = ports.readPort(0x61);
+        ports.writePort(0x61, static_cast<int16_t>(y & 252));
+    }
+}
+
+void SoundPlayer::playOnSpeaker(const QString& playWord) {
+    int count = 0;
+    if (playWord == QLatin1String("once")) {
+        count = 1;
+    } else if (playWord == QLatin1String("twice")) {
+        count = 2;
+    } else if (playWord == QLatin1String("thrice")) {
+        count = 3;
+    } else if (playWord == QLatin1String("repeat")) {
+        m_ctx.soundChoice.repeatSweep = true;
+    }
+    for (int i = 0; i < count; ++i) {
+        sweepSpeaker();
+        QCoreApplication::processEvents();
+    }
+}
+
+void SoundPlayer::checkSpeaker(bool& present) {
+    present = m_devices.ports.available();
+}
+
+void SoundPlayer::stopSounds() {
+    playWaveFile(QString(), 4);
+    sendCommand(QStringLiteral("close ") + kMidiAlias);
+    m_ctx.soundChoice.repeatSweep = false;
+}

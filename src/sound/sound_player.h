@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/sound_devices.h"
+#include "sound/alarm_sound.h"
+
+#include <QString>
+#include <cstdint>
+
+class Context;
+
+// The procedures of sound output: the alarm sound with its fallbacks (wave, midi, internal speaker),
+// the speaker sweep, and the stop of the tray.
+class SoundPlayer : public AlarmSound {
+public:
+    // The hold of one tone of the sweep: 30 tones make 600 ms, within one 800 ms tick.
+    static constexpr int kToneHoldMs = 20;
+
+    // Only keeps the references, so the context may still be under construction.
+    SoundPlayer(Context& ctx, const SoundDevices& devices) : m_ctx(ctx), m_devices(devices) {}
+
+    void playAlarm(const QString& playWord, const QString& soundPath) override;
+    // Flags: 1 play asynchronously (every play is); 4, or the empty name, stops the wave.
+    void playWaveFile(const QString& name, int flags) override;
+    // Queues one falling sweep on the speaker's ports and returns; the sweep sounds meanwhile.
+    void sweepSpeaker() override;
+
+    void reportSoundError(int16_t canPlay);
+    void playMidi();
+    void playOnSpeaker(const QString& playWord);
+    void checkSpeaker(bool& present);
+    uint32_t sendCommand(const QString& command);
+
+    // The tray's Stop (and its left click): ends the wave, the midi, and the repeating sweeps after the
+    // one that is sounding.
+    void stopSounds();
+
+private:
+    void speakerWarning();
+
+    Context& m_ctx;
+    SoundDevices m_devices;
+};

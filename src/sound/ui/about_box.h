@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QDialog>
+
+// The About box.
+class AboutBox : public QDialog {
+    Q_OBJECT
+public:
+    AboutBox();
+};

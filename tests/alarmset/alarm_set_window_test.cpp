@@ -1,0 +1,168 @@
+#include "alarmset/ui/drop_down_combo.h"
+#include "alarmset/ui/alarm_set_window.h"
+#include "alarmset/ui/alarm_set_host.h"
+#include "alarmset/ui/picture_box.h"
+#include "eventlist/ui/event_list_view.h"
+#include "fakes.h"
+
+#include <QCalendarWidget>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+struct AlarmSetWindowTest : ::testing::Test, EngineFixture {
+    AlarmSetHost host{ctx};
+    AlarmSetWindow* f = nullptr;
+
+    AlarmSetWindowTest() {
+        clock.set(2002, 5, 1, 20, 0, 0);
+        ctx.alarmSetUi = &host;
+        ctx.touchAlarmSet();
+        f = host.form();
+    }
+    ~AlarmSetWindowTest() override { ctx.alarmSetUi = nullptr; }
+};
+
+} // namespace
+
+TEST_F(AlarmSetWindowTest, LoadShowsTheDayAndTheHalfOfTheDay) {
+    ASSERT_NE(f, nullptr);
+    EXPECT_FALSE(f->isVisible());
+    EXPECT_EQ(f->amPm->text(), "PM");
+    EXPECT_EQ(f->dateLabel->text(), "2002/05/01");
+    EXPECT_EQ(ctx.entry.lastPlayWord, "once");
+    EXPECT_EQ(f->hourBox->count(), 12);
+    EXPECT_EQ(f->hourBox->currentText(), "");
+    EXPECT_EQ(f->minuteBox->count(), 10);
+    EXPECT_EQ(f->playCountBox->currentIndex(), -1);
+}
+
+TEST_F(AlarmSetWindowTest, TypedEntryAndTheAddButtonPutTheRowInTheList) {
+    typeText(f->hourBox, "8");
+    typeText(f->minuteBox, "3a0");
+    typeText(f->secondBox, "5");
+    EXPECT_EQ(notices.beeps, 1); // the letter
+    f->addButton->click();
+    EXPECT_EQ(ctx.today.alarms.items(), QStringList({"once 20:30:05"}));
+    EXPECT_EQ(f->hourBox->currentText(), "08");
+    EXPECT_EQ(f->secondBox->currentText(), "05");
+    EXPECT_EQ(f->todayList->model()->rowCount(), 1);
+    EXPECT_TRUE(f->todayList->selectionModel()->isRowSelected(0, QModelIndex()));
+
+    // Enter presses the default button: the same entry goes in again, ahead of the first.
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r");
+    QApplication::sendEvent(f->hourBox, &enter);
+    EXPECT_EQ(ctx.today.alarms.count(), 2);
+
+    // A third digit wipes the box.
+    typeText(f->minuteBox, "5");
+    EXPECT_EQ(f->minuteBox->currentText(), "");
+    EXPECT_EQ(notices.beeps, 2);
+}
+
+TEST_F(AlarmSetWindowTest, CloseBoxHidesAndExitStoresThePlace) {
+    f->show();
+    ctx.tick.alarmSetWanted = true;
+    ctx.newEvent.time = "20:30:00";
+    f->close();
+    EXPECT_FALSE(f->isVisible());
+    EXPECT_TRUE(ctx.tick.alarmSetWanted);
+    EXPECT_EQ(ctx.newEvent.time, "");
+    EXPECT_FALSE(QFile::exists(path("tolm.ini")));
+
+    host.showAlarmSet();
+    EXPECT_TRUE(f->isVisible());
+    f->exitButton->click();
+    EXPECT_FALSE(f->isVisible());
+    EXPECT_FALSE(ctx.tick.alarmSetWanted);
+    EXPECT_EQ(readFile("tolm.ini").left(14), "[TimeInputLoc]");
+}
+
+TEST_F(AlarmSetWindowTest, MessageViewAndComingListToggle) {
+    f->show();
+    ctx.today.alarms.addItem("once 21:00:00");
+    ctx.today.messages.addItem("Call home at 21:00:00");
+    f->viewMessagesButton->click();
+    EXPECT_TRUE(f->messageView->isVisible());
+    EXPECT_EQ(f->messageView->toPlainText(), "\n_09:00:00 PM  /  Call home");
+    EXPECT_EQ(f->viewMessagesButton->text(), "Hide Messages");
+    f->viewMessagesButton->click();
+    EXPECT_FALSE(f->messageView->isVisible());
+    // A long message wraps inside the view rather than running off its right edge.
+    ctx.today.messages.clear();
+    ctx.today.messages.addItem(QString(30, 'w').append(" ").repeated(5) + "at 21:00:00");
+    f->viewMessagesButton->click();
+    QApplication::processEvents();
+    EXPECT_EQ(f->messageView->horizontalScrollBar()->maximum(), 0);
+    QTextCursor end = f->messageView->textCursor();
+    end.movePosition(QTextCursor::End);
+    const QRect last = f->messageView->cursorRect(end);
+    EXPECT_GT(last.top(), 3 * last.height()); // two blocks, laid out on more than three lines
+    EXPECT_LT(last.right(), f->messageView->viewport()->width());
+    f->viewMessagesButton->click();
+
+    f->comingAction->trigger();
+    EXPECT_TRUE(f->eventListView->isVisible());
+    f->comingAction->trigger();
+    EXPECT_FALSE(f->eventListView->isVisible());
+}
+
+TEST_F(AlarmSetWindowTest, NoSecondModeHidesTheSecondsAndShadingSwapsTheList) {
+    f->show();
+    host.setNoSecondMode(true);
+    EXPECT_FALSE(f->secondBox->isVisible());
+    host.setNoSecondMode(false);
+    EXPECT_TRUE(f->secondBox->isVisible());
+
+    host.setTodayListShaded(true);
+    EXPECT_FALSE(f->todayList->isVisible());
+    EXPECT_TRUE(f->hourglass->isVisible());
+    host.setTodayListShaded(false);
+    EXPECT_TRUE(f->todayList->isVisible());
+}
+
+TEST_F(AlarmSetWindowTest, TitleClockRunsOnlyWhileTheWindowIsShown) {
+    const QString laidOut = f->windowTitle();
+    f->onTick();
+    EXPECT_EQ(f->windowTitle(), laidOut);
+    f->show();
+    f->onTick();
+    EXPECT_EQ(f->windowTitle(), "Bellwick Alarm Clock sp...01 May 2002 / 08:00 PM");
+}
+
+TEST_F(AlarmSetWindowTest, ChoosingAnIntervalEnablesEveryAndTickingItLocksTheInterval) {
+    f->show();
+    EXPECT_FALSE(f->chimeBox->isEnabled());
+    f->chimeIntervalBox->setCurrentIndex(6); // "15"
+    emit f->chimeIntervalBox->activated(6);
+    EXPECT_TRUE(f->chimeBox->isEnabled());
+    f->chimeBox->click();
+    EXPECT_TRUE(ctx.chime.on);
+    EXPECT_EQ(ctx.chime.interval, 15);
+    EXPECT_FALSE(f->chimeIntervalBox->isEnabled());
+    f->chimeBox->click();
+    EXPECT_FALSE(ctx.chime.on);
+    EXPECT_TRUE(ctx.tick.on); // unchecking leaves the tick as it was
+    EXPECT_TRUE(f->chimeIntervalBox->isEnabled());
+}
+
+TEST_F(AlarmSetWindowTest, CtrlClickOnThePickedRowKeepsItPicked) {
+    f->show();
+    ctx.today.alarms.addItem("once 21:00:00");
+    ctx.today.alarms.addItem("once 22:00:00");
+    const QRect second = f->todayList->visualRect(ctx.today.alarms.index(1));
+    QTest::mouseClick(f->todayList->viewport(), Qt::LeftButton, Qt::NoModifier, second.center());
+    ASSERT_EQ(ctx.today.alarms.listIndex(), 1);
+    QTest::mouseClick(f->todayList->viewport(), Qt::LeftButton, Qt::ControlModifier, second.center());
+    EXPECT_EQ(ctx.today.alarms.listIndex(), 1);
+    EXPECT_TRUE(ctx.today.alarms.isSelected(1));
+    EXPECT_EQ(ctx.today.alarms.selCount(), 1);
+}

@@ -1,0 +1,220 @@
+#include "clock/ui/desktop_clock.h"
+
+#include "clock/clock_text.h"
+#include "fake_screen.h"
+#include "fakes.h"
+#include "settings/settings_records.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct ClockRig {
+    EngineFixture engine;
+    FakeScreen screen;
+    DockingHandler dock{screen};
+    QPointer<DesktopClock> form;
+
+    explicit ClockRig(int32_t dpi = 120) : screen(dpi) {}
+    ~ClockRig() { delete form.data(); }
+
+    DesktopClock& load() {
+        form = new DesktopClock(engine.ctx, screen, dock);
+        return *form;
+    }
+    void writeRecord(int n, const QString& key, int32_t v1, int32_t v2 = 0) {
+        settings_records::writeOwnRecord(engine.ctx.folder, n, key, v1, v2);
+    }
+    // value1 of record n, or -1 when its key does not match.
+    int32_t stored(int n, int32_t* value2 = nullptr) {
+        SettingRecord rec;
+        if (!settings_records::readRecord(engine.ctx.folder, n, rec))
+            return -1;
+        if (value2)
+            *value2 = rec.value2;
+        return rec.value1;
+    }
+};
+
+void send(QWidget* target, QEvent::Type type, Qt::MouseButton button, QPointF at, Qt::MouseButtons held = {}) {
+    QMouseEvent event(type, at, target->mapToGlobal(at), button, held, Qt::NoModifier);
+    QApplication::sendEvent(target, &event);
+}
+
+void processDeletes() {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+TEST(DesktopClock, LoadStartsAtTheTopWithDefaultsOrTakesItsRecords) {
+    ClockRig first;
+    DesktopClock& f = first.load();
+    EXPECT_EQ(f.topTwips(), 0);
+    EXPECT_EQ(f.pos().x(), (1024 - 250) / 2);
+    EXPECT_TRUE(f.timeLabel->text().isEmpty()); // blank until the first tick
+    EXPECT_EQ(f.timer->interval(), 400);
+    EXPECT_TRUE(f.timer->isActive());
+    EXPECT_FALSE(f.hour24Action->isChecked());
+    EXPECT_TRUE(f.secondsAction->isChecked());
+    EXPECT_FALSE(f.showAtStartAction->isChecked());
+    EXPECT_FLOAT_EQ(f.face().labelFontSize, 9);
+    EXPECT_EQ(first.dock.window(), &f);
+    EXPECT_TRUE(first.dock.alwaysOnTop());
+    first.engine.clock.set(2026, 11, 19, 15, 7, 9);
+    f.onTick();
+    EXPECT_EQ(f.timeLabel->text(), QStringLiteral("03 : 07 : 09  PM"));
+
+    ClockRig rig(96);
+    rig.writeRecord(5, QStringLiteral("[Form2Location]"), 600, 1200);
+    rig.writeRecord(9, QStringLiteral("[24Hour]"), 2); // only 1 means on
+    rig.writeRecord(10, QStringLiteral("[EnabledSecond]"), 0);
+    rig.writeRecord(11, QStringLiteral("[FontSizeOfClock]"), 10);
+    DesktopClock& g = rig.load();
+    EXPECT_EQ(g.topTwips(), 600);
+    EXPECT_EQ(g.leftTwips(), 1200);
+    EXPECT_FALSE(g.hour24());
+    EXPECT_FLOAT_EQ(g.face().labelTop, 42); // 12, and two pixels down at 96
+    EXPECT_EQ(g.timeLabel->y(), 3);
+    rig.engine.clock.set(2026, 11, 19, 15, 7, 9);
+    g.onTick();
+    EXPECT_EQ(g.timeLabel->text(), QStringLiteral("03 : 07  PM"));
+
+    ClockRig other;
+    other.writeRecord(9, QStringLiteral("[24Hour]"), 1);
+    other.writeRecord(11, QStringLiteral("[FontSize]"), 8); // wrong key: ignored
+    DesktopClock& h = other.load();
+    EXPECT_TRUE(h.hour24Action->isChecked());
+    EXPECT_FLOAT_EQ(h.face().labelFontSize, 9);
+    other.engine.clock.set(2026, 11, 19, 15, 7, 9);
+    h.onTick();
+    EXPECT_EQ(h.timeLabel->text(), QStringLiteral("15 : 07 : 09"));
+}
+
+TEST(DesktopClock, OutlineAndFaceKeepTheirPixelsAtEveryDensity) {
+    struct Row {
+        int32_t dpi;
+        QSize window;
+        int labelX; // the high band leaves the label's left as designed
+    };
+    for (const Row r : {Row{96, {200, 68}, 10}, Row{120, {250, 85}, 10}, Row{144, {300, 102}, 12}}) {
+        ClockRig rig(r.dpi);
+        DesktopClock& f = rig.load();
+        EXPECT_EQ(f.size(), r.window) << r.dpi;
+        EXPECT_EQ(f.mask().boundingRect(), QRect(1, 1, 155, 21)) << r.dpi;
+        EXPECT_TRUE(f.mask().contains(QPoint(78, 11)));
+        EXPECT_FALSE(f.mask().contains(QPoint(1, 1)));
+        EXPECT_EQ(f.timeLabel->x(), r.labelX) << r.dpi;
+        EXPECT_EQ(f.timeLabel->width(), 131) << r.dpi;
+        EXPECT_EQ(f.closeEnd->x(), 140) << r.dpi;
+    }
+}
+
+TEST(DesktopClock, MenuTogglesAndSizesAreStoredAtOnce) {
+    ClockRig rig(144);
+    DesktopClock& f = rig.load();
+    EXPECT_EQ(f.size8Action->text(), QStringLiteral(" 8"));
+    EXPECT_EQ(f.showAtStartAction->text(), QStringLiteral(" On"));
+    f.hour24Action->trigger();
+    f.secondsAction->trigger();
+    f.showAtStartAction->trigger();
+    EXPECT_TRUE(f.hour24());
+    EXPECT_EQ(rig.stored(9), 1);
+    EXPECT_EQ(rig.stored(10), 0);
+    EXPECT_EQ(rig.stored(13), 1);
+    rig.engine.clock.set(2026, 11, 19, 15, 7, 9);
+    f.onTick();
+    EXPECT_EQ(f.timeLabel->text(), QStringLiteral("15 : 07"));
+    f.hour24Action->trigger();
+    EXPECT_EQ(rig.stored(9), 0);
+
+    // At 144 dots per inch " 8" shrinks the font and lifts the text one pixel; the record keeps 8.
+    f.size8Action->trigger();
+    EXPECT_NEAR(f.timeLabel->font().pointSizeF(), 8 - 8.0 * 2 / 12, 0.01);
+    EXPECT_EQ(f.timeLabel->y(), 3); // 26 twips
+    EXPECT_EQ(rig.stored(11), 8);
+    EXPECT_EQ(f.mask().boundingRect(), QRect(1, 1, 155, 21)); // the outline is not rebuilt
+}
+
+TEST(DesktopClock, CloseAreaSwitchesToTheDateAndBackThenClosesStoringThePlace) {
+    ClockRig rig;
+    DesktopClock& f = rig.load();
+    rig.engine.clock.set(2026, 11, 19, 15, 7, 9);
+    send(f.closeEnd, QEvent::MouseButtonPress, Qt::RightButton, {5, 5});
+    EXPECT_FALSE(f.timer->isActive());
+    EXPECT_EQ(f.timeLabel->text(), clockDateText(QDate(2026, 11, 19)));
+    send(f.closeEnd, QEvent::MouseButtonPress, Qt::RightButton, {5, 5});
+    EXPECT_TRUE(f.timer->isActive());
+
+    f.setTop(1200);
+    f.setLeft(2400);
+    send(f.closeEnd, QEvent::MouseButtonPress, Qt::LeftButton, {5, 5});
+    processDeletes();
+    EXPECT_TRUE(rig.form.isNull());
+    int32_t left = 0;
+    EXPECT_EQ(rig.stored(5, &left), 1200);
+    EXPECT_EQ(left, 2400);
+}
+
+TEST(DesktopClock, LabelDragsOnLeftAndHandsOverToTheAlarmSetWindowOnRight) {
+    ClockRig rig;
+    DesktopClock& f = rig.load();
+    int shown = 0;
+    f.showAlarmSet = [&] { ++shown; };
+    send(f.timeLabel, QEvent::MouseButtonPress, Qt::RightButton, {20, 5});
+    EXPECT_EQ(shown, 1);
+    EXPECT_TRUE(rig.engine.ctx.alarmSetLoaded());
+    EXPECT_TRUE(rig.engine.ctx.tick.alarmSetWanted);
+
+    f.setTop(480); // 40 pixels down; 30 pixels up proposes 120 twips, within reach of the edge
+    send(f.timeLabel, QEvent::MouseButtonPress, Qt::LeftButton, {50, 10});
+    send(f.timeLabel, QEvent::MouseMove, Qt::NoButton, {50, -20}, Qt::LeftButton);
+    EXPECT_EQ(f.topTwips(), 0);
+    EXPECT_TRUE(rig.dock.dockedTop());
+    send(f.timeLabel, QEvent::MouseMove, Qt::NoButton, {50, 300}); // no button: no drag
+    EXPECT_EQ(f.topTwips(), 0);
+}
+
+TEST(DesktopClock, ReleaseAboveTheTopRollsUpAndAMoveOrTheTrayBringsItBack) {
+    struct Row {
+        int32_t dpi;
+        int windowY, cursorStep;
+    };
+    for (const Row r : {Row{120, -20, 12}, Row{96, -15, 15}, Row{144, -24, 10}}) {
+        ClockRig rig(r.dpi);
+        DesktopClock& f = rig.load();
+        rig.screen.cursor = QPoint(300, 2);
+        f.move(f.pos().x(), -3);
+        send(f.timeLabel, QEvent::MouseButtonRelease, Qt::LeftButton, {20, 5});
+        EXPECT_EQ(f.pos().y(), r.windowY) << r.dpi;
+        EXPECT_TRUE(f.rolledUp());
+        ASSERT_EQ(rig.screen.cursorMoves.size(), 1u);
+        EXPECT_EQ(rig.screen.cursorMoves[0], QPoint(300, 2 + r.cursorStep)) << r.dpi;
+
+        if (r.dpi == 120) {
+            send(f.timeLabel, QEvent::MouseMove, Qt::NoButton, {20, 10});
+            EXPECT_EQ(f.topTwips(), 0);
+            EXPECT_FALSE(f.rolledUp());
+        } else if (r.dpi == 96) {
+            // The tray brings it back but leaves the flag, which the next move above the edge clears.
+            f.showFromTray();
+            EXPECT_TRUE(f.isVisible());
+            EXPECT_EQ(f.topTwips(), 0);
+            EXPECT_TRUE(f.rolledUp());
+            f.move(f.pos().x(), -2);
+            send(f.timeLabel, QEvent::MouseMove, Qt::NoButton, {20, 10});
+            EXPECT_EQ(f.topTwips(), 0);
+            EXPECT_FALSE(f.rolledUp());
+        } else {
+            f.close(); // closed while rolled up: no place is stored
+            processDeletes();
+            EXPECT_EQ(rig.stored(5), -1);
+        }
+    }
+}
+
+} // namespace

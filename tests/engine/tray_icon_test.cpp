@@ -1,0 +1,125 @@
+#include "engine/startup.h"
+#include "engine/ui/tray_icon.h"
+#include "fakes.h"
+#include "platform/single_instance.h"
+#include "settings/settings_records.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QSaveFile>
+#include <gtest/gtest.h>
+
+namespace {
+
+struct TrayIconTest : ::testing::Test, EngineFixture {
+    int stops = 0;
+    TrayIcon tray{ctx, TrayHooks{[this] { ++stops; }, {}, {}, {}, {}}};
+};
+
+} // namespace
+
+TEST_F(TrayIconTest, MenuCaptionsInOrderTheTickRunsEvery800msAndHelpWithoutItsFileWarns) {
+    QStringList captions;
+    for (QAction* a : tray.menu()->actions())
+        captions.append(a->isSeparator() ? "-" : a->text());
+    EXPECT_EQ(captions, QStringList({" About  ", "-", " Alarm Set  ", " Show", " Settings  ", "-", " Help  ", " Stop  ",
+                                     "-", " Disable  ", " Remove  "}));
+    EXPECT_EQ(tray.timer().interval(), 800);
+    EXPECT_TRUE(tray.timer().isActive());
+
+    tray.onHelp();
+    EXPECT_EQ(notices.warnings,
+              QStringList({"Help file not found, please visit Bellwick's home page for getting help!"}));
+    EXPECT_EQ(notices.beeps, 1);
+}
+
+TEST_F(TrayIconTest, LeftClickStopsUnlessAnErrorBoxIsUp) {
+    ctx.soundChoice.repeatSweep = true;
+    tray.trayMessage(514);
+    EXPECT_EQ(stops, 1);
+    EXPECT_FALSE(ctx.soundChoice.repeatSweep);
+    ctx.soundChoice.repeatSweep = true;
+    ctx.front.trayEnabled = false;
+    tray.trayMessage(514);
+    EXPECT_EQ(stops, 1);
+    EXPECT_TRUE(ctx.soundChoice.repeatSweep);
+}
+
+TEST_F(TrayIconTest, DisableStopsTheTickAndKeepsTheRepeatFlag) {
+    ctx.soundChoice.repeatSweep = true;
+    QAction* disable = tray.menu()->actions().at(9);
+    disable->trigger();
+    EXPECT_TRUE(tray.disabled());
+    EXPECT_FALSE(tray.timer().isActive());
+    EXPECT_TRUE(ctx.soundChoice.repeatSweep);
+    // An error box closing while disabled leaves the tick stopped.
+    ctx.setTickTimerEnabled(false);
+    ctx.setTickTimerEnabled(true);
+    EXPECT_FALSE(tray.timer().isActive());
+    disable->trigger();
+    EXPECT_TRUE(tray.timer().isActive());
+    // The timer hook of the sound's error boxes drives the same timer.
+    ctx.setTickTimerEnabled(false);
+    EXPECT_FALSE(tray.timer().isActive());
+    ctx.setTickTimerEnabled(true);
+    EXPECT_TRUE(tray.timer().isActive());
+}
+
+namespace {
+struct StartupTest : ::testing::Test, EngineFixture {};
+} // namespace
+
+TEST_F(StartupTest, FirstRunKeepsTheDefaultsAndLoadsNoWindow) {
+    ctx.options.soundOn = false;
+    bool clockShown = false;
+    startUp(ctx, {[&] { clockShown = true; }});
+    EXPECT_TRUE(ctx.options.soundOn);
+    EXPECT_TRUE(ctx.options.errorPopups);
+    EXPECT_EQ(ctx.front.nextWarningSerial, 1000000);
+    EXPECT_EQ(ctx.chime.nextMark, -1);
+    EXPECT_EQ(ctx.options.fontChoice, 0);
+    EXPECT_EQ(ctx.soundChoice.songPath, ctx.folder + "ding.wav");
+    EXPECT_FALSE(ctx.alarmSetLoaded());
+    EXPECT_FALSE(ctx.settings.loaded);
+    EXPECT_FALSE(clockShown);
+}
+
+TEST_F(StartupTest, SavedSettingsLoadTheDayFileTheOptionsAndTheClock) {
+    clock.set(2002, 5, 1, 8, 0, 0);
+    writeFile("my.dat", "\"once 09:00:00\"\r\n");
+    settings_records::writeSettingAndFont(ctx, 0, 1, {true, true, false, false});
+    settings_records::writeShowSmallClock(ctx.folder, true);
+    bool clockShown = false;
+    startUp(ctx, {[&] { clockShown = true; }});
+    EXPECT_TRUE(ctx.alarmSetLoaded());
+    EXPECT_EQ(ctx.today.alarms.items(), QStringList({"once 09:00:00"}));
+    EXPECT_TRUE(ctx.settings.loaded);
+    EXPECT_FALSE(ctx.options.soundOn);
+    EXPECT_TRUE(ctx.options.noSecond);
+    EXPECT_TRUE(clockShown);
+}
+
+TEST_F(StartupTest, SettingsWithoutAFontRecordChooseTheThirdFont) {
+    settings_records::writeShowSmallClock(ctx.folder, false);
+    startUp(ctx, {});
+    EXPECT_EQ(ctx.options.fontChoice, 3);
+    EXPECT_FALSE(ctx.alarmSetLoaded());
+}
+
+TEST(SingleInstance, SecondCopyIsRefusedAndADeadOwnersLockIsTakenOver) {
+    QTemporaryDir dir;
+    const QString lock = dir.path() + "/sub/bellwick.lock";
+    {
+        SingleInstance first(lock);
+        EXPECT_FALSE(first.isAnotherRunning());
+        SingleInstance second(lock);
+        EXPECT_TRUE(second.isAnotherRunning());
+    }
+    // A lock left by a process that no longer runs.
+    QSaveFile stale(lock);
+    ASSERT_TRUE(stale.open(QIODevice::WriteOnly));
+    stale.write("999999\nbellwick\n" + QSysInfo::machineHostName().toUtf8() + "\n");
+    ASSERT_TRUE(stale.commit());
+    SingleInstance third(lock);
+    EXPECT_FALSE(third.isAnotherRunning());
+}

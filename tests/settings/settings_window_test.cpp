@@ -1,0 +1,108 @@
+#include "settings/settings_options.h"
+#include "settings/ui/settings_window.h"
+
+#include "fakes.h"
+
+#include <QCheckBox>
+#include <QCoreApplication>
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
+#include <QRadioButton>
+#include <gtest/gtest.h>
+
+namespace {
+struct SettingsWindowTest : ::testing::Test, EngineFixture {
+    QPointer<SettingsWindow> form;
+    ~SettingsWindowTest() override { delete form.data(); }
+
+    void open() { form = new SettingsWindow(ctx); }
+    template <typename T> T* child(const char* name) const {
+        T* w = form->findChild<T*>(QLatin1String(name));
+        EXPECT_NE(w, nullptr) << name;
+        return w;
+    }
+    bool shown(const char* name) const { return !child<QWidget>(name)->isHidden(); }
+    void click(const char* name) { child<QAbstractButton>(name)->click(); }
+};
+} // namespace
+
+TEST_F(SettingsWindowTest, VisibilityFollowsSoundAndSpeaker) {
+    open();
+    EXPECT_EQ(form->windowTitle(), "Settings");
+    EXPECT_TRUE(child<QCheckBox>("soundOnBox")->isChecked());
+    EXPECT_TRUE(shown("errorPopupsBox"));
+    EXPECT_FALSE(shown("testSpeakerButton"));
+    EXPECT_FALSE(shown("testLabel"));
+
+    click("soundOnBox");
+    EXPECT_FALSE(ctx.options.soundOn);
+    EXPECT_FALSE(shown("errorPopupsBox"));
+    EXPECT_TRUE(shown("errorPopupsLabel"));
+    click("internalSpeakerBox");
+    EXPECT_FALSE(shown("testSpeakerButton"));
+    click("soundOnBox");
+    EXPECT_TRUE(shown("errorPopupsBox"));
+    EXPECT_TRUE(shown("testSpeakerButton"));
+    EXPECT_TRUE(shown("testLabel"));
+
+    click("testSpeakerButton");
+    EXPECT_EQ(sound.played, QStringList{"once|" + ctx.soundChoice.songPath});
+
+    // A change made elsewhere, as the Alarm Set window's load does, shows at once.
+    SettingsOptions(ctx).setSoundOn(false);
+    EXPECT_FALSE(child<QCheckBox>("soundOnBox")->isChecked());
+    EXPECT_FALSE(shown("testSpeakerButton"));
+}
+
+TEST_F(SettingsWindowTest, NextFlipsThePages) {
+    open();
+    EXPECT_FALSE(shown("autostartFrame"));
+    click("nextPageButton");
+    for (const char* name : {"speakerFrame", "optionsFrame", "fontFrame"})
+        EXPECT_FALSE(shown(name)) << name;
+    EXPECT_TRUE(shown("autostartFrame"));
+    click("nextPageButton");
+    EXPECT_TRUE(shown("speakerFrame"));
+    EXPECT_FALSE(shown("autostartFrame"));
+}
+
+TEST_F(SettingsWindowTest, FontOfTheFileAppliesToTheListedControls) {
+    writeFile("tolm.ini", QByteArray(7 * 55, '\0') + settingBytes("[AllFont]", 0, 0, "TimesNewRoman"));
+    open();
+    EXPECT_EQ(child<QLabel>("soundOnLabel")->font().family(), "Times New Roman");
+    EXPECT_EQ(child<QLabel>("testLabel")->font().pointSize(), 10);
+    EXPECT_EQ(child<QRadioButton>("fontButtons3")->font().pointSize(), 10);
+    EXPECT_NE(child<QPushButton>("autostartOnButton")->font().family(), "Times New Roman");
+    // The choice itself comes from the variable, not from the file.
+    EXPECT_TRUE(child<QRadioButton>("fontButtons3")->isChecked());
+}
+
+TEST_F(SettingsWindowTest, ClosingWritesRecordsFourAndEight) {
+    open();
+    click("errorPopupsBox");
+    click("noSecondBox");
+    click("fontButtons1");
+    EXPECT_EQ(ctx.options.fontChoice, 1);
+    form->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(form.isNull());
+    EXPECT_FALSE(ctx.settings.loaded);
+
+    const QByteArray file = readFile("tolm.ini");
+    ASSERT_EQ(file.size(), 8 * 55);
+    EXPECT_EQ(file.mid(3 * 55, 55), settingBytes("[Setting]", 1, 0, "ALAEOfDCWSOnUISPOfISOMOf"));
+    EXPECT_EQ(file.mid(7 * 55, 55), settingBytes("[AllFont]", 1, 0, "Arial"));
+    EXPECT_EQ(file.left(3 * 55), QByteArray(3 * 55, '\0'));
+}
+
+TEST_F(SettingsWindowTest, AWindowOpenedAgainKeepsShowingChanges) {
+    open();
+    QPointer<SettingsWindow> first = form;
+    first->close();
+    open(); // before the first one is deleted
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(first.isNull());
+    SettingsOptions(ctx).setSoundOn(false);
+    EXPECT_FALSE(child<QCheckBox>("soundOnBox")->isChecked());
+}

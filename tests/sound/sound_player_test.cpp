@@ -1,0 +1,268 @@
+#include "sound_fakes.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+namespace {
+
+const QString kSpeakerWarning =
+    QStringLiteral("warn cannot play sound from internal speaker, refer to trouble shooting in help");
+
+struct Chain {
+    const char* name;
+    // S sound on, I internal speaker, M speaker instead of midi, L library there, X wave exists, P wave plays,
+    // E error boxes pop up
+    const char* on;
+    uint32_t midiPlayResult;
+    QStringList expected; // "SONG" stands for the song's path without its first 7 characters
+    int sweeps;
+};
+
+const QString kWave1 = QStringLiteral("wave ding.wav x1");
+const QString kStop = QStringLiteral("wave stop");
+const QStringList kMidi = {QStringLiteral("mci close tmpMidiPlay"),
+                           QStringLiteral("mci open AIR type sequencer alias tmpMidiPlay"),
+                           QStringLiteral("mci play tmpMidiPlay")};
+const QStringList kNotFound = {QStringLiteral("timer off"),
+                               QStringLiteral("box SONG, wave file not found, alarm at 07:30:00 tray=0"),
+                               QStringLiteral("timer on")};
+const QStringList kMidiFailed = {QStringLiteral("timer off"),
+                                 QStringLiteral("box Error found, Sound cannot be played, alarm at 07:30:00 tray=0"),
+                                 QStringLiteral("timer on")};
+
+QStringList operator+(const QString& a, const QStringList& b) {
+    return QStringList{a} + b;
+}
+
+TEST(SoundPlayerTest, EveryChainOfPlaySound) {
+    const std::vector<Chain> chains = {
+        {"sound off", "IMLXPE", 0, {}, 0},
+        {"wave plays", "SLXPE", 0, {kStop, kWave1}, 0},
+        {"speaker chosen", "SILXPE", 0, {}, 1},
+        {"speaker chosen, library missing", "SIXPE", 0, {kSpeakerWarning, kStop, kWave1}, 0},
+        // When the wave player refuses:
+        {"instead of midi, library, wave missing", "SML", 0, {kStop, kWave1}, 1},
+        {"instead of midi, library, wave there", "SMLXE", 0, {kStop, kWave1}, 1},
+        {"instead of midi, no library, wave missing", "SME", 0,
+         QStringList{kStop, kWave1} + kNotFound + QStringList{kSpeakerWarning}, 0},
+        {"instead of midi, no library, error pop", "SMXE", 0,
+         QStringList{kStop, kWave1} + kMidi + QStringList{kSpeakerWarning}, 0},
+        {"instead of midi, no library, no error pop", "SMX", 0, {kStop, kWave1, kSpeakerWarning}, 0},
+        {"midi, wave missing", "SE", 0, QStringList{kStop, kWave1} + kNotFound, 0},
+        {"midi, wave missing, library there", "SL", 0, QStringList{kStop, kWave1} + kNotFound, 0},
+        {"midi", "SXE", 0, QStringList{kStop, kWave1} + kMidi, 0},
+        {"midi, library there", "SLXE", 0, QStringList{kStop, kWave1} + kMidi, 0},
+        {"silence", "SLX", 0, {kStop, kWave1}, 0},
+        {"midi cannot play", "SXE", 263, QStringList{kStop, kWave1} + kMidi + kMidiFailed, 0},
+        {"speaker chosen, library missing, nothing plays", "SIME", 0,
+         kSpeakerWarning + QStringList{kStop, kWave1} + kNotFound + QStringList{kSpeakerWarning}, 0},
+    };
+    for (const Chain& c : chains) {
+        SCOPED_TRACE(c.name);
+        SoundFixture f;
+        const auto on = [&](char flag) { return std::strchr(c.on, flag) != nullptr; };
+        f.ctx.options.soundOn = on('S');
+        f.ctx.options.internalSpeaker = on('I');
+        f.ctx.options.speakerInsteadOfMidi = on('M');
+        f.ctx.options.errorPopups = on('E');
+        f.ports.present = on('L');
+        f.wave.playable = on('P');
+        f.mci.playResult = c.midiPlayResult;
+        if (on('X'))
+            writeBytes(f.ctx.soundChoice.songPath, "RIFF");
+
+        f.ctx.sound.playAlarm(QStringLiteral("once"), f.ctx.soundChoice.songPath);
+
+        QStringList expected = c.expected;
+        expected.replaceInStrings(QStringLiteral("SONG"), f.ctx.soundChoice.songPath.mid(7));
+        EXPECT_EQ(f.log, expected);
+        EXPECT_EQ(f.sweeps(), c.sweeps);
+        EXPECT_TRUE(f.ctx.front.trayEnabled);
+        EXPECT_FALSE(f.ctx.soundChoice.repeatSweep);
+    }
+}
+
+TEST(SoundPlayerTest, TheNotFoundBoxCutsSevenCharactersWhateverTheFolder) {
+    SoundFixture f;
+    f.wave.playable = false;
+    f.ctx.soundChoice.songPath = QStringLiteral("/x/a.wav");
+    f.ctx.tick.nextAlarm = QStringLiteral("23:59");
+    f.player.playAlarm(QStringLiteral("once"), f.ctx.soundChoice.songPath);
+    EXPECT_EQ(f.log.at(3), QStringLiteral("box v, wave file not found, alarm at 23:59 tray=0"));
+
+    SoundFixture g;
+    g.wave.playable = false;
+    g.ctx.soundChoice.songPath = QStringLiteral("a.wav");
+    g.player.playAlarm(QStringLiteral("once"), g.ctx.soundChoice.songPath);
+    EXPECT_EQ(g.log.at(3), QStringLiteral("box , wave file not found, alarm at 07:30:00 tray=0"));
+}
+
+TEST(SoundPlayerTest, PlayWordDecidesTheCount) {
+    const struct {
+        const char* word;
+        int times;
+        bool repeat;
+    } words[] = {{"once", 1, false}, {"twice", 2, false}, {"thrice", 3, false}, {"repeat", 0, true}};
+    for (const auto& w : words) {
+        SCOPED_TRACE(w.word);
+        SoundFixture wave;
+        wave.player.playAlarm(QString::fromLatin1(w.word), wave.ctx.soundChoice.songPath);
+        EXPECT_EQ(wave.log, (QStringList{kStop, QStringLiteral("wave ding.wav x%1").arg(w.times)}));
+        // A wave never sets the repeating sweep.
+        EXPECT_FALSE(wave.ctx.soundChoice.repeatSweep);
+
+        SoundFixture speaker;
+        speaker.ctx.options.internalSpeaker = true;
+        speaker.player.playAlarm(QString::fromLatin1(w.word), speaker.ctx.soundChoice.songPath);
+        // "repeat" plays no sweep itself: the tick does, one each time it fires.
+        EXPECT_EQ(speaker.ports.holds(), 30 * (w.repeat ? 0 : w.times));
+        EXPECT_EQ(speaker.ctx.soundChoice.repeatSweep, w.repeat);
+    }
+    // Any other word: the wave once, the speaker never.
+    SoundFixture other;
+    other.ctx.options.internalSpeaker = true;
+    other.player.playAlarm(QStringLiteral("Once"), other.ctx.soundChoice.songPath);
+    other.ctx.options.internalSpeaker = false;
+    other.player.playAlarm(QString(), other.ctx.soundChoice.songPath);
+    EXPECT_EQ(other.ports.holds(), 0);
+    EXPECT_EQ(other.log, (QStringList{kStop, kWave1}));
+}
+
+TEST(SoundPlayerTest, RepeatWithoutLibraryNeverRepeats) {
+    SoundFixture f;
+    f.ctx.options.internalSpeaker = true;
+    f.ports.present = false;
+    f.player.playAlarm(QStringLiteral("repeat"), f.ctx.soundChoice.songPath);
+    EXPECT_FALSE(f.ctx.soundChoice.repeatSweep);
+    EXPECT_EQ(f.log, (QStringList{kSpeakerWarning, kStop, QStringLiteral("wave ding.wav x0")}));
+}
+
+TEST(SoundPlayerTest, StopEndsWaveMidiAndRepeat) {
+    SoundFixture f;
+    f.ctx.soundChoice.repeatSweep = true;
+    f.player.stopSounds();
+    EXPECT_EQ(f.log, (QStringList{kStop, QStringLiteral("mci close tmpMidiPlay")}));
+    EXPECT_FALSE(f.ctx.soundChoice.repeatSweep);
+}
+
+TEST(SoundPlayerTest, SndPlaySoundPlaysOnceOrStops) {
+    SoundFixture f;
+    f.player.playWaveFile(f.ctx.appFile(QStringLiteral("didi.snd")), 1);
+    f.player.playWaveFile(QString(), 1);
+    f.player.playWaveFile(f.ctx.appFile(QStringLiteral("didi.snd")), 4);
+    EXPECT_EQ(f.log, (QStringList{QStringLiteral("wave didi.snd x1"), kStop, kStop}));
+}
+
+TEST(SoundPlayerTest, MidiCopiesAirOverTheFixedCopy) {
+    SoundFixture f;
+    const QString copy = f.dir.path() + QStringLiteral("/run/air.mid");
+    writeBytes(f.ctx.appFile(QStringLiteral("air.mid")), "new air");
+    f.player.playMidi();
+    EXPECT_EQ(readBytes(copy), QByteArray("new air"));
+    EXPECT_EQ(f.log, kMidi);
+    // The folder of the copy is the user's own.
+    EXPECT_EQ(QFileInfo(QFileInfo(copy).path()).permissions() & (QFileDevice::ReadOther | QFileDevice::WriteOther),
+              QFileDevice::Permissions());
+
+    // Without air.mid the older copy stands and is played.
+    QFile::remove(f.ctx.appFile(QStringLiteral("air.mid")));
+    f.player.playMidi();
+    EXPECT_EQ(readBytes(copy), QByteArray("new air"));
+    EXPECT_EQ(f.log, kMidi + kMidi);
+
+    f.ctx.options.soundOn = false;
+    f.player.playMidi();
+    EXPECT_EQ(f.log.size(), 6);
+}
+
+// playMidi through the command interpreter, as the program runs it.
+struct MidiFixture : SoundFixture {
+    FakeSequencer sequencer;
+    MciSequencerCommands commands{sequencer};
+    SoundPlayer midiForm{ctx, SoundDevices{wave, commands, ports, dir.path() + QStringLiteral("/my run/air.mid")}};
+};
+
+TEST(SoundPlayerTest, MidiRestartsFromTheBeginningAndQuotesBlanks) {
+    MidiFixture f;
+    const QString copy = f.dir.path() + QStringLiteral("/my run/air.mid");
+    writeBytes(f.ctx.appFile(QStringLiteral("air.mid")), "air");
+    f.midiForm.playMidi();
+    f.midiForm.playMidi();
+    EXPECT_EQ(f.sequencer.log,
+              (QStringList{QStringLiteral("open ") + copy, QStringLiteral("play"), QStringLiteral("close"),
+                           QStringLiteral("open ") + copy, QStringLiteral("play")}));
+    EXPECT_TRUE(f.log.isEmpty());
+    f.midiForm.stopSounds();
+    EXPECT_EQ(f.sequencer.log.last(), QStringLiteral("close"));
+    EXPECT_TRUE(f.commands.openAlias().isEmpty());
+}
+
+TEST(SoundPlayerTest, MidiWithNoFileAnywhereShowsTheBox) {
+    MidiFixture f;
+    f.midiForm.playMidi();
+    EXPECT_TRUE(f.sequencer.log.isEmpty());
+    EXPECT_EQ(f.log, kMidiFailed);
+    EXPECT_TRUE(f.ctx.front.trayEnabled);
+}
+
+struct MciFixture {
+    QTemporaryDir dir;
+    FakeSequencer sequencer;
+    MciSequencerCommands mci{sequencer};
+    QString file(const QString& name) const {
+        writeBytes(dir.filePath(name), {});
+        return dir.filePath(name);
+    }
+};
+
+TEST(MciCommandsTest, OpenPlayClose) {
+    MciFixture f;
+    const QString air = f.file(QStringLiteral("air.mid"));
+    EXPECT_EQ(f.mci.sendCommand(QStringLiteral("open ") + air + QStringLiteral(" type sequencer alias tmpMidiPlay")),
+              0u);
+    EXPECT_EQ(f.mci.openAlias(), QStringLiteral("tmpMidiPlay"));
+    EXPECT_EQ(f.mci.sendCommand(QStringLiteral("PLAY tmpmidiplay")), 0u);
+    EXPECT_EQ(f.mci.sendCommand(QStringLiteral("close tmpMidiPlay")), 0u);
+    EXPECT_EQ(f.sequencer.log,
+              (QStringList{QStringLiteral("open ") + air, QStringLiteral("play"), QStringLiteral("close")}));
+    EXPECT_TRUE(f.mci.openAlias().isEmpty());
+    // A closed device answers with an error and touches nothing.
+    EXPECT_EQ(f.mci.sendCommand(QStringLiteral("close tmpMidiPlay")), MciSequencerCommands::kInvalidDeviceName);
+    EXPECT_EQ(f.mci.sendCommand(QStringLiteral("play tmpMidiPlay")), MciSequencerCommands::kInvalidDeviceName);
+    EXPECT_EQ(f.sequencer.log.size(), 3);
+}
+
+TEST(MciCommandsTest, OpenFailures) {
+    MciFixture f;
+    const QString missing = f.dir.filePath(QStringLiteral("none.mid"));
+    EXPECT_EQ(f.mci.sendCommand(QStringLiteral("open ") + missing + QStringLiteral(" type sequencer alias a")),
+              MciSequencerCommands::kFileNotFound);
+    const QString air = f.file(QStringLiteral("air.mid"));
+    EXPECT_EQ(f.mci.sendCommand(QStringLiteral("open ") + air + QStringLiteral(" type waveaudio alias a")),
+              MciSequencerCommands::kInvalidDeviceName);
+    EXPECT_EQ(f.mci.sendCommand(QStringLiteral("open ") + air + QStringLiteral(" shareable a")),
+              MciSequencerCommands::kUnrecognizedKeyword);
+    EXPECT_EQ(f.mci.sendCommand(QStringLiteral("seek a to start")), MciSequencerCommands::kUnrecognizedCommand);
+    EXPECT_EQ(f.mci.sendCommand(QString()), MciSequencerCommands::kUnrecognizedCommand);
+    EXPECT_TRUE(f.sequencer.log.isEmpty());
+
+    f.sequencer.opens = false;
+    EXPECT_EQ(f.mci.sendCommand(QStringLiteral("open ") + air + QStringLiteral(" type sequencer alias a")),
+              MciSequencerCommands::kCannotLoadDriver);
+    EXPECT_EQ(f.mci.sendCommand(QStringLiteral("play a")), MciSequencerCommands::kInvalidDeviceName);
+}
+
+TEST(MciCommandsTest, QuotedNamesAndOneDeviceAtATime) {
+    MciFixture f;
+    const QString air = f.file(QStringLiteral("my air.mid"));
+    EXPECT_EQ(f.mci.sendCommand(QStringLiteral("open \"") + air + QStringLiteral("\" type sequencer")), 0u);
+    // Without an alias the device is named by its file.
+    EXPECT_EQ(f.mci.openAlias(), air);
+    EXPECT_EQ(f.mci.sendCommand(QStringLiteral("open \"") + air + QStringLiteral("\" alias b")),
+              MciSequencerCommands::kDeviceOpen);
+    EXPECT_EQ(f.mci.sendCommand(QStringLiteral("play \"") + air + QStringLiteral("\"")), 0u);
+    EXPECT_EQ(f.sequencer.log, (QStringList{QStringLiteral("open ") + air, QStringLiteral("play")}));
+}
+
+} // namespace
