@@ -48,7 +48,8 @@ std::vector<uint8_t> wave(const std::vector<double>& samples) {
 
 // A struck bell: inharmonic partials, each with its own decay.
 std::vector<double> bell(double fundamental, double seconds, double gain) {
-    const double partials[][3] = {{1.0, 1.0, 2.5}, {2.0, 0.6, 3.5}, {2.76, 0.4, 5.0}, {5.4, 0.25, 8.0}, {8.9, 0.1, 12.0}};
+    const double partials[][3] = {
+        {1.0, 1.0, 2.5}, {2.0, 0.6, 3.5}, {2.76, 0.4, 5.0}, {5.4, 0.25, 8.0}, {8.9, 0.1, 12.0}};
     std::vector<double> s(static_cast<size_t>(seconds * kRate));
     for (size_t i = 0; i < s.size(); ++i) {
         const double t = static_cast<double>(i) / kRate;
@@ -77,8 +78,8 @@ std::vector<uint8_t> midi() {
     track.insert(track.end(), {0xFF, 0x51, 0x03, 0x07, 0xA1, 0x20}); // 120 bpm
     delta(0);
     track.insert(track.end(), {0xC0, 10}); // music box
-    const int notes[][2] = {{72, 480}, {76, 480}, {79, 480}, {84, 960}, {83, 240}, {81, 240}, {79, 480},
-                            {77, 480}, {76, 480}, {74, 480}, {72, 1440}};
+    const int notes[][2] = {{72, 480}, {76, 480}, {79, 480}, {84, 960}, {83, 240}, {81, 240},
+                            {79, 480}, {77, 480}, {76, 480}, {74, 480}, {72, 1440}};
     for (const auto& n : notes) {
         delta(0);
         track.insert(track.end(), {0x90, static_cast<uint8_t>(n[0]), 96});

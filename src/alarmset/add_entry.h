@@ -11,7 +11,7 @@ struct EntryControls {
     QString minuteBox;
     QString secondBox;
     int secondIndex = -1;
-    QString amPm;             // "AM" or "PM"
+    QString amPm;            // "AM" or "PM"
     int playCountIndex = -1; // -1 while nothing was chosen
     QString playCountText;   // the chosen item
 };

@@ -8,9 +8,11 @@
 // What the Alarm Set procedures ask of their window and of the windows beside it. An empty member is a
 // window that isn't there (yet): the call is skipped.
 struct AlarmSetLinks {
-    // InputMessageWindow: the message box for the event just entered (empty text) or for the selected row ("DoubleClick").
+    // InputMessageWindow: the message box for the event just entered (empty text) or for the selected row
+    // ("DoubleClick").
     std::function<void(const QString&)> openInputMessage;
-    // DeleteChooserWindow: the user picks which of several messages of one time goes; the indexes are rows of todayMessages.
+    // DeleteChooserWindow: the user picks which of several messages of one time goes; the indexes are rows of
+    // todayMessages.
     std::function<void(int, const QList<int>&)> chooseMessageToDelete;
     // Hides todayList under the hourglass (true) while another window works on its current row.
     std::function<void(bool)> setTodayListShaded;

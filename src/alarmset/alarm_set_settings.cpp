@@ -1,11 +1,11 @@
 #include "alarmset/alarm_set_settings.h"
 
 #include "engine/context.h"
-#include "settings/settings_options.h"
 #include "engine/schedule_file.h"
 #include "platform/clock.h"
 #include "platform/numeric.h"
 #include "settings/settings_file.h"
+#include "settings/settings_options.h"
 #include "settings/settings_records.h"
 
 using namespace settings_records;
@@ -30,9 +30,9 @@ void loadAlarmSetSettings(Context& ctx, AlarmSetLoadResult& result) {
     if (readRecord(appPath, kSetting, rec)) {
         // Taken before SettingsWindow is touched: its own load reads into the same buffer.
         const bool soundOn = rec.value1 == 1;
-        const bool errMsgPop = rec.value2 == 1;
+        const bool errorPopups = rec.value2 == 1;
         SettingsOptions(ctx).setSoundOn(soundOn);
-        SettingsOptions(ctx).setErrorPopups(errMsgPop);
+        SettingsOptions(ctx).setErrorPopups(errorPopups);
     }
 }
 

@@ -8,7 +8,7 @@ class ListModel;
 
 // What the load of the Alarm Set window takes from the clock and from tolm.ini.
 struct AlarmSetLoadResult {
-    QString amPm;             // half of the day of the present time
+    QString amPm;              // half of the day of the present time
     bool havePosition = false; // record 1 was found
     int32_t top = 0;           // twips
     int32_t left = 0;          // twips

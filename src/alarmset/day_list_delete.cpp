@@ -7,7 +7,7 @@
 namespace {
 
 bool hasSelectedRow(const Context& ctx) {
-    return ctx.today.alarms.listIndex() >= 0;
+    return ctx.today.alarms.currentIndex() >= 0;
 }
 
 void retakeHead(Context& ctx) {
@@ -20,7 +20,7 @@ void retakeHead(Context& ctx) {
 } // namespace
 
 void deleteTodayRow(Context& ctx, const AlarmSetLinks& links) {
-    const QString selected = ctx.today.alarms.item(ctx.today.alarms.listIndex());
+    const QString selected = ctx.today.alarms.item(ctx.today.alarms.currentIndex());
     const QStringView time = alarm_event::timeOf(selected);
     QList<int> rows;
     for (int i = 0; i < ctx.today.messages.count(); ++i) {
@@ -37,7 +37,7 @@ void deleteTodayRow(Context& ctx, const AlarmSetLinks& links) {
         return;
     if (rows.size() == 1)
         ctx.today.messages.removeItem(rows.first());
-    ctx.today.alarms.removeItem(ctx.today.alarms.listIndex());
+    ctx.today.alarms.removeItem(ctx.today.alarms.currentIndex());
 }
 
 void deleteSelectedRow(Context& ctx, const AlarmSetLinks& links) {

@@ -3,7 +3,8 @@
 class Context;
 struct AlarmSetLinks;
 
-// Removes the selected row of todayList with its message; several messages of its time go to DeleteChooserWindow to choose.
+// Removes the selected row of todayList with its message; several messages of its time go to DeleteChooserWindow to
+// choose.
 void deleteTodayRow(Context& ctx, const AlarmSetLinks& links);
 // deleteButton: the selected row goes, and the tick takes row 0 anew, selection or not.
 void deleteSelectedRow(Context& ctx, const AlarmSetLinks& links);

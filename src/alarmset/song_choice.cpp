@@ -10,8 +10,8 @@ namespace {
 
 const QLatin1String kWave(".wav");
 
-bool chosen(const QStringList& items, int listIndex) {
-    return listIndex >= 0 && listIndex < items.size();
+bool chosen(const QStringList& items, int currentIndex) {
+    return currentIndex >= 0 && currentIndex < items.size();
 }
 
 } // namespace
@@ -24,17 +24,17 @@ void listSongs(Context& ctx, QStringList& songs) {
         songs.append(name.left(name.size() - 4));
 }
 
-void chooseSong(Context& ctx, const QStringList& songs, int listIndex) {
-    if (!chosen(songs, listIndex))
+void chooseSong(Context& ctx, const QStringList& songs, int currentIndex) {
+    if (!chosen(songs, currentIndex))
         return;
-    const QString& song = songs.at(listIndex);
+    const QString& song = songs.at(currentIndex);
     ctx.soundChoice.songPath = ctx.folder + song + kWave;
     // A failed write is silent: the song stays in use until the next start.
     settings_records::writeSongName(ctx, song);
 }
 
-void playSongTrial(Context& ctx, const QStringList& songs, int listIndex) {
-    if (!chosen(songs, listIndex))
+void playSongTrial(Context& ctx, const QStringList& songs, int currentIndex) {
+    if (!chosen(songs, currentIndex))
         return;
-    ctx.sound.playWaveFile(ctx.folder + songs.at(listIndex) + kWave, 1);
+    ctx.sound.playWaveFile(ctx.folder + songs.at(currentIndex) + kWave, 1);
 }

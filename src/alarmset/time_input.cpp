@@ -55,8 +55,7 @@ void timeBoxKeyReleased(Context& ctx, QString& text) {
     ctx.notices.beep();
 }
 
-void pickDate(Context& ctx, const QDate& day, const QColor& dateFore, const QColor& dateBack,
-               DateLabel& dateLabel) {
+void pickDate(Context& ctx, const QDate& day, const QColor& dateFore, const QColor& dateBack, DateLabel& dateLabel) {
     ctx.entry.date = dateText(QDateTime(day, QTime(0, 0)));
     if (ctx.entry.date == ctx.clock.dateText()) {
         dateLabel.fore = dateFore;

@@ -28,5 +28,4 @@ struct DateLabel {
     QColor back;
 };
 // The day clicked becomes alarmDate; a day other than today swaps the label's laid-out colours.
-void pickDate(Context& ctx, const QDate& day, const QColor& dateFore, const QColor& dateBack,
-               DateLabel& dateLabel);
+void pickDate(Context& ctx, const QDate& day, const QColor& dateFore, const QColor& dateBack, DateLabel& dateLabel);

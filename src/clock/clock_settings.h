@@ -6,7 +6,7 @@
 // What the clock finds of its own records in tolm.ini when it loads. A record counts only when its
 // trimmed key matches; without the file every default stands.
 struct ClockStoredSettings {
-    bool hasLocation = false; // "[Form2Location]": top, left in twips
+    bool hasLocation = false; // the location record: top, left in twips
     int32_t top = 0;
     int32_t left = 0;
     bool has24Hour = false; // "[24Hour]": only 1 means on

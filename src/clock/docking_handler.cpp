@@ -79,7 +79,7 @@ void DockingHandler::updateDrag(float X, float Y) {
     const double tppX = m_screen.twipsPerPixelX();
     const double tppY = m_screen.twipsPerPixelY();
     m_window->setWindowPos(m_insertAfter, rounded(newLeft / tppX), rounded(newTop / tppY), rounded(W / tppX),
-                               rounded(H / tppY));
+                           rounded(H / tppY));
 }
 
 void DockingHandler::setAlwaysOnTop(bool value) {
@@ -89,7 +89,6 @@ void DockingHandler::setAlwaysOnTop(bool value) {
         return;
     const double tppX = m_screen.twipsPerPixelX();
     const double tppY = m_screen.twipsPerPixelY();
-    m_window->setWindowPos(m_insertAfter, rounded(m_window->leftTwips() / tppX),
-                               rounded(m_window->topTwips() / tppY), rounded(m_window->widthTwips() / tppX),
-                               rounded(m_window->heightTwips() / tppY));
+    m_window->setWindowPos(m_insertAfter, rounded(m_window->leftTwips() / tppX), rounded(m_window->topTwips() / tppY),
+                           rounded(m_window->widthTwips() / tppX), rounded(m_window->heightTwips() / tppY));
 }

@@ -99,7 +99,7 @@ QRegion ellipseRegion(int32_t left, int32_t top, int32_t right, int32_t bottom) 
 }
 
 QRegion roundRectRegion(int32_t left, int32_t top, int32_t right, int32_t bottom, int32_t cornerWidth,
-                           int32_t cornerHeight) {
+                        int32_t cornerHeight) {
     return roundedBox(left, top, right, bottom, cornerWidth, cornerHeight);
 }
 

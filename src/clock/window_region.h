@@ -17,7 +17,7 @@ struct ShapeControl {
 QRegion rectRegion(int32_t left, int32_t top, int32_t right, int32_t bottom);
 QRegion ellipseRegion(int32_t left, int32_t top, int32_t right, int32_t bottom);
 QRegion roundRectRegion(int32_t left, int32_t top, int32_t right, int32_t bottom, int32_t cornerWidth,
-                           int32_t cornerHeight);
+                        int32_t cornerHeight);
 
 // The union of the shapes' regions, in pixels. Boxes are turned into pixels at the design's 12 twips a pixel
 // whatever the screen, so the outline keeps its pixel size at every density. A shape of unknown kind

@@ -2,7 +2,7 @@
 
 void FrontClaim::open(int32_t& claimant) {
     if (!m_stored) {
-        m_prevTop = claimant;
+        m_previousHolder = claimant;
         m_stored = true;
     }
     claimant = m_number;
@@ -17,5 +17,5 @@ bool FrontClaim::lostFocus(int32_t& claimant) const {
 
 int32_t FrontClaim::close(int32_t& claimant) const {
     claimant = 0;
-    return m_prevTop;
+    return m_previousHolder;
 }

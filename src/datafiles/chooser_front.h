@@ -17,10 +17,10 @@ public:
     int32_t close(int32_t& claimant) const;
 
     int32_t number() const { return m_number; }
-    int32_t previousFront() const { return m_prevTop; }
+    int32_t previousFront() const { return m_previousHolder; }
 
 private:
     int32_t m_number;
-    int32_t m_prevTop = 0;
+    int32_t m_previousHolder = 0;
     bool m_stored = false;
 };

@@ -99,7 +99,7 @@ void writeDataFile(Context& ctx, const QString& fileName) {
 }
 
 void saveDataFile(Context& ctx, const QString& fileName,
-                   const std::function<void(const QString&, const QString&)>& fileAlreadyExist) {
+                  const std::function<void(const QString&, const QString&)>& fileAlreadyExist) {
     if (QFileInfo::exists(ctx.appFile(fileName))) {
         if (fileAlreadyExist)
             fileAlreadyExist(QStringLiteral("AlarmSet"), fileName);

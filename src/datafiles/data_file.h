@@ -12,7 +12,7 @@ void loadDataFile(Context& ctx, const QString& fileName);
 // Writes the day's lists to a data file; when the name exists already, asks first through fileAlreadyExist
 // (origin "AlarmSet" and the name) and writes nothing now.
 void saveDataFile(Context& ctx, const QString& fileName,
-                   const std::function<void(const QString& origin, const QString& fileName)>& fileAlreadyExist);
+                  const std::function<void(const QString& origin, const QString& fileName)>& fileAlreadyExist);
 
 // Replaces the file with the rows of todayList, then those of todayMessages. Reports a failure in the user's words.
 void writeDataFile(Context& ctx, const QString& fileName);

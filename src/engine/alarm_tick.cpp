@@ -1,9 +1,9 @@
 #include "engine/alarm_tick.h"
 
 #include "engine/alarm_event.h"
+#include "engine/alarm_set_ui.h"
 #include "engine/context.h"
 #include "engine/event_checker.h"
-#include "engine/alarm_set_ui.h"
 #include "engine/schedule_file.h"
 #include "platform/clock.h"
 #include "sound/alarm_sound.h"
@@ -145,7 +145,7 @@ void updateChime(Context& ctx) {
     int16_t flag = 0;
     const QTime now = ctx.clock.now().time();
     EventChecker().startChime(ctx.chime.controls, ctx.chime.interval, flag, ctx.chime.nextMark, now.hour(),
-                                     now.minute());
+                              now.minute());
     if (flag == 1)
         ctx.tick.on = true;
     ctx.chime.on = ctx.chime.controls.checked;

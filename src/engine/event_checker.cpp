@@ -42,8 +42,8 @@ void EventChecker::checkMessageRow(const QString& text, int16_t& flag) const {
         flag = 0;
 }
 
-void EventChecker::startChime(ChimeControls& controls, int16_t& interval, int16_t& flag,
-                                     int16_t& nextMark, int hour, int minute) const {
+void EventChecker::startChime(ChimeControls& controls, int16_t& interval, int16_t& flag, int16_t& nextMark, int hour,
+                              int minute) const {
     if (!controls.checked) {
         controls.intervalEnabled = true;
         return;

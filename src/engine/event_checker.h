@@ -22,8 +22,8 @@ public:
     };
     // While the box is ticked: the interval and the first mark to come from (hour, minute), flag 1,
     // the interval box disabled. When it is cleared the interval box is enabled again.
-    void startChime(ChimeControls& controls, int16_t& interval, int16_t& flag, int16_t& nextMark,
-                           int hour, int minute) const;
+    void startChime(ChimeControls& controls, int16_t& interval, int16_t& flag, int16_t& nextMark, int hour,
+                    int minute) const;
 };
 
 // "hh:mm:ss" with hours 00-23 and minutes and seconds 00-59.

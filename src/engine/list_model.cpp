@@ -21,7 +21,7 @@ void ListModel::addItem(const QString& text, int index) {
 void ListModel::removeItem(int index) {
     if (index < 0 || index >= count())
         return;
-    const bool wasCurrent = listIndex() == index;
+    const bool wasCurrent = currentIndex() == index;
     beginRemoveRows(QModelIndex(), index, index);
     m_rows.removeAt(index);
     endRemoveRows();
@@ -44,12 +44,12 @@ void ListModel::setItem(int index, const QString& text) {
     emit dataChanged(this->index(index), this->index(index));
 }
 
-int ListModel::listIndex() const {
+int ListModel::currentIndex() const {
     const QModelIndex current = m_selection.currentIndex();
     return current.isValid() ? current.row() : -1;
 }
 
-void ListModel::setListIndex(int index) {
+void ListModel::selectOnly(int index) {
     if (index < 0 || index >= count()) {
         m_selection.clear();
         return;
@@ -72,7 +72,7 @@ void ListModel::setSelected(int index, bool on) {
     m_selection.select(this->index(index), on ? QItemSelectionModel::Select : QItemSelectionModel::Deselect);
 }
 
-int ListModel::selCount() const {
+int ListModel::selectedCount() const {
     return static_cast<int>(m_selection.selectedRows().size());
 }
 
@@ -154,7 +154,7 @@ int ListModel::insertSortedBatch(const QStringList& newRows, const KeyOf& key, c
         for (int r = range.top(); r <= range.bottom(); ++r)
             oldHighlight[r] = true;
     }
-    const int oldCurrent = listIndex();
+    const int oldCurrent = currentIndex();
 
     QStringList merged;
     merged.reserve(m_rows.size() + newRows.size());

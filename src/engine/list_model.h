@@ -27,14 +27,14 @@ public:
     void setItem(int index, const QString& text);
 
     // The current row, -1 for none.
-    int listIndex() const;
+    int currentIndex() const;
     // Makes the row current and the only highlighted one; -1 clears both.
-    void setListIndex(int index);
+    void selectOnly(int index);
     void setCurrent(int index);
 
     bool isSelected(int index) const;
     void setSelected(int index, bool on);
-    int selCount() const;
+    int selectedCount() const;
     int firstSelected() const;
 
     // Inserts rows into a list kept in ascending key order, as if each had been inserted in turn ahead

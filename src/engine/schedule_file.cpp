@@ -24,12 +24,11 @@ void filterTodayRow(const QString& rowText, bool& valid) {
         valid = false;
 }
 
-void insertTodayRow(Context& ctx, const QString& alarmTime, const QString& playWord,
-             bool /*acceptSameTime*/) {
+void insertTodayRow(Context& ctx, const QString& alarmTime, const QString& playWord, bool /*acceptSameTime*/) {
     const QString row = alarm_event::todayRow(playWord, alarmTime);
     const int at = ctx.today.alarms.sortedInsertPosition(QStringView(alarmTime), todayRowTime);
     ctx.today.alarms.addItem(row, at);
-    ctx.today.alarms.setListIndex(at);
+    ctx.today.alarms.selectOnly(at);
     ctx.newEvent.added = true;
     ctx.tick.needNextAlarm = true;
 }
@@ -38,22 +37,20 @@ void insertTodayRows(Context& ctx, const QStringList& todayRows) {
     if (todayRows.isEmpty())
         return;
     const int last = ctx.today.alarms.insertSortedBatch(todayRows, todayRowTime);
-    ctx.today.alarms.setListIndex(last);
+    ctx.today.alarms.selectOnly(last);
     ctx.newEvent.added = true;
     ctx.tick.needNextAlarm = true;
 }
 
 void appendToSchedule(Context& ctx, const QString& message) {
-    const QString line =
-        alarm_event::scheduleLine(message, ctx.entry.date, ctx.newEvent.playWord, ctx.newEvent.time);
+    const QString line = alarm_event::scheduleLine(message, ctx.entry.date, ctx.newEvent.playWord, ctx.newEvent.time);
     FileError error;
     if (!record_file::appendRecords(ctx.appFile(QStringLiteral("future.dat")), {line}, error)) {
         ctx.notices.answerOk(QStringLiteral("Error occurred when saving alarm events to disk, data may be lost, ") +
                              QStringLiteral("Error # ") + numberForMessage(error.number) + QLatin1Char('\r') +
                              error.description);
     }
-    ctx.eventList.insertRow(ctx.newEvent.mark, ctx.entry.date + QLatin1Char('-') + ctx.newEvent.time,
-                             message, true);
+    ctx.eventList.insertRow(ctx.newEvent.mark, ctx.entry.date + QLatin1Char('-') + ctx.newEvent.time, message, true);
 }
 
 void loadSchedule(Context& ctx, const QString& fileName) {

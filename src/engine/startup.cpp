@@ -2,9 +2,9 @@
 
 #include "datafiles/data_file.h"
 #include "engine/context.h"
-#include "settings/settings_options.h"
 #include "platform/numeric.h"
 #include "settings/settings_file.h"
+#include "settings/settings_options.h"
 #include "settings/settings_records.h"
 #include "sound/notices.h"
 

@@ -6,7 +6,7 @@
 
 namespace {
 bool hasCurrentRow(const Context& ctx) {
-    return ctx.today.alarms.listIndex() >= 0;
+    return ctx.today.alarms.currentIndex() >= 0;
 }
 } // namespace
 
@@ -16,9 +16,9 @@ QString DeleteChooser::messageOf(const Context& ctx, int entry) const {
     return alarm_event::messageOfMessageRow(ctx.today.messages.item(row));
 }
 
-bool DeleteChooser::chooseMessageToDelete(const Context& ctx, int indexOfDimension, const QList<int>& doomedRows,
-                                   QString& messageText) {
-    m_indexOfDimension = indexOfDimension;
+bool DeleteChooser::chooseMessageToDelete(const Context& ctx, int messageTotal, const QList<int>& doomedRows,
+                                          QString& messageText) {
+    m_messageTotal = messageTotal;
     m_doomedRows = doomedRows;
     if (!hasCurrentRow(ctx))
         return false;
@@ -27,7 +27,7 @@ bool DeleteChooser::chooseMessageToDelete(const Context& ctx, int indexOfDimensi
 }
 
 void DeleteChooser::showNext(Context& ctx, QString& messageText, QString& informationLabel) {
-    if (m_nextMessage >= m_indexOfDimension)
+    if (m_nextMessage >= m_messageTotal)
         m_nextMessage = 0;
     if (hasCurrentRow(ctx)) {
         messageText = messageOf(ctx, m_nextMessage);
@@ -44,7 +44,7 @@ void DeleteChooser::remove(Context& ctx) {
     const int entry = m_nextMessage - 1;
     if (entry >= 0 && entry < m_doomedRows.size())
         ctx.today.messages.removeItem(m_doomedRows.at(entry)); // a number past the list is passed over
-    ctx.today.alarms.removeItem(ctx.today.alarms.listIndex());
+    ctx.today.alarms.removeItem(ctx.today.alarms.currentIndex());
     ctx.tick.needNextAlarm = true;
     ctx.tick.haveAlarms = ctx.today.alarms.count() > 0;
     ctx.tick.nextAlarm.clear();

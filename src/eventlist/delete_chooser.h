@@ -12,7 +12,8 @@ public:
     // Keeps the count and a copy of the rows. With a current row in todayList the first message is put into
     // messageText and true says the window shows; false says it closes. The browsing place is that of a
     // new chooser, 1, and an open window that is asked again keeps its place.
-    bool chooseMessageToDelete(const Context& ctx, int indexOfDimension, const QList<int>& doomedRows, QString& messageText);
+    bool chooseMessageToDelete(const Context& ctx, int messageTotal, const QList<int>& doomedRows,
+                               QString& messageText);
 
     // ">": the next message, round to the first. When the current row of todayList is gone, the information
     // text changes instead and the beep sounds.
@@ -27,7 +28,7 @@ public:
 private:
     QString messageOf(const Context& ctx, int entry) const;
 
-    int m_indexOfDimension = 0;
+    int m_messageTotal = 0;
     QList<int> m_doomedRows;
     int m_nextMessage = 1;
 };

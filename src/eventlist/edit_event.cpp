@@ -48,7 +48,7 @@ const QStringList& editPlayWords() {
 }
 
 EditControls editControlsFor(const QString& markField, const QString& dateField, const QString& timeField,
-                           const QString& messageField) {
+                             const QString& messageField) {
     EditControls c;
     static const QString marks = QStringLiteral("-=#~");
     const qsizetype markIndex = markField.size() == 1 ? marks.indexOf(markField.at(0)) : -1;
@@ -95,7 +95,8 @@ bool confirmEdit(Context& ctx, EditControls& c) {
     padToTwo(c.minuteBox);
     padToTwo(c.secondBox);
 
-    const QString newTime = twentyFourHour(c.hourBox, c.amPm) + QLatin1Char(':') + c.minuteBox + QLatin1Char(':') + c.secondBox;
+    const QString newTime =
+        twentyFourHour(c.hourBox, c.amPm) + QLatin1Char(':') + c.minuteBox + QLatin1Char(':') + c.secondBox;
     const QString playWord = editPlayWords().value(c.playCountIndex);
     // The day of the check is that of the press, not of the opening.
     const QString today = ctx.clock.dateText();

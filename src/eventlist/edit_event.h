@@ -21,7 +21,7 @@ const QStringList& editPlayWords();
 
 // The controls for one event of the list: the hour on the 12-hour clock, and "x" (and any odd mark) as once.
 EditControls editControlsFor(const QString& markField, const QString& dateField, const QString& timeField,
-                           const QString& messageField);
+                             const QString& messageField);
 
 // The date as the edit accepts it: "yyyy/mm/dd" with month 1-12 and day 1-31; the year and the month's
 // length are not looked at.

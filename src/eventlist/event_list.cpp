@@ -30,7 +30,7 @@ void EventList::removeFirstHighlighted() {
 }
 
 void EventList::crackCurrentRow() {
-    const int current = rows.listIndex();
+    const int current = rows.currentIndex();
     if (current < 0)
         return;
     const alarm_event::CrackedRow cracked = alarm_event::crackRow(rows.item(current));

@@ -10,13 +10,12 @@
 class EventList {
 public:
     // Inserts one row ahead of the first row of an equal or later date-time, highlighted or not.
-    void insertRow(const QString& markText, const QString& dateTime, const QString& messageText,
-                  bool highlight);
+    void insertRow(const QString& markText, const QString& dateTime, const QString& messageText, bool highlight);
     void clear();
     // Removes the first highlighted row, if any.
     void removeFirstHighlighted();
-    int highlightedCount() const { return rows.selCount(); }
-    int currentRow() const { return rows.listIndex(); }
+    int highlightedCount() const { return rows.selectedCount(); }
+    int currentRow() const { return rows.currentIndex(); }
 
     // Splits the current row into the four fields; nothing when there is no current row.
     void crackCurrentRow();

@@ -11,7 +11,7 @@ void warn(Context& ctx, const QString& words) {
 }
 } // namespace
 
-void editFromPopup(Context& ctx, const OpenEditorFn& showEditEvent) {
+void editFromPopup(Context& ctx, const OpenEditorFn& openEditor) {
     EventList& list = ctx.eventList;
     const int highlighted = list.highlightedCount();
     if (highlighted == 0) {
@@ -23,8 +23,8 @@ void editFromPopup(Context& ctx, const OpenEditorFn& showEditEvent) {
         return;
     }
     list.crackCurrentRow();
-    if (showEditEvent)
-        showEditEvent(list.crackedMark(), list.crackedDate(), list.crackedTime(), list.crackedMessage());
+    if (openEditor)
+        openEditor(list.crackedMark(), list.crackedDate(), list.crackedTime(), list.crackedMessage());
 }
 
 void deleteFromPopup(Context& ctx) {

@@ -11,7 +11,7 @@ using OpenEditorFn =
     std::function<void(const QString& mark, const QString& date, const QString& time, const QString& message)>;
 
 // editAction of the event list's menu: exactly one highlighted row is wanted; the fields shown are the current row's.
-void editFromPopup(Context& ctx, const OpenEditorFn& showEditEvent);
+void editFromPopup(Context& ctx, const OpenEditorFn& openEditor);
 
 // deleteAction: every highlighted row goes, without a question, and the schedule is rewritten once.
 // Nothing at all happens when no row is highlighted.

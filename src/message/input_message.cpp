@@ -1,8 +1,8 @@
 #include "message/input_message.h"
 
 #include "engine/alarm_event.h"
-#include "engine/context.h"
 #include "engine/alarm_set_ui.h"
+#include "engine/context.h"
 #include "engine/schedule_file.h"
 #include "platform/clock.h"
 #include "platform/numeric.h"
@@ -40,12 +40,12 @@ MessagePlacement InputMessage::load() {
     return placement;
 }
 
-bool InputMessage::hasCurrentDataRow() const {
-    return m_ctx.today.alarms.listIndex() >= 0;
+bool InputMessage::hasCurrentTodayRow() const {
+    return m_ctx.today.alarms.currentIndex() >= 0;
 }
 
-QString InputMessage::currentDataTime() const {
-    return alarm_event::timeOf(m_ctx.today.alarms.item(m_ctx.today.alarms.listIndex())).toString();
+QString InputMessage::currentTodayTime() const {
+    return alarm_event::timeOf(m_ctx.today.alarms.item(m_ctx.today.alarms.currentIndex())).toString();
 }
 
 void InputMessage::openInputMessage(const QString& origin, MessageControls& c) {
@@ -55,7 +55,7 @@ void InputMessage::openInputMessage(const QString& origin, MessageControls& c) {
     if (origin != kDoubleClick)
         return;
 
-    const QString time = currentDataTime();
+    const QString time = currentTodayTime();
     for (int i = 0; i < m_ctx.today.messages.count(); ++i) {
         const QString row = m_ctx.today.messages.item(i);
         if (alarm_event::timeOf(row) != time)
@@ -83,7 +83,7 @@ void InputMessage::nextMessage(MessageControls& c) {
     ++m_currentMessage;
     if (m_currentMessage >= m_messageCount)
         m_currentMessage = 0;
-    if (!hasCurrentDataRow()) {
+    if (!hasCurrentTodayRow()) {
         c.messageNumberLabel = QStringLiteral("alarm events were executed, close me!");
         m_ctx.notices.beep();
         return;
@@ -107,13 +107,13 @@ void InputMessage::save(const MessageControls& c, double fontSize) {
     }
     // The date is looked at now, not when the window opened.
     if (m_ctx.entry.date == m_ctx.clock.dateText() || m_origin == kDoubleClick) {
-        if (!hasCurrentDataRow()) {
+        if (!hasCurrentTodayRow()) {
             warnNothingSaved();
             return;
         }
         if (m_currentMessage != -1 && m_currentMessage < m_messageRows.size())
             m_ctx.today.messages.removeItem(m_messageRows.at(m_currentMessage));
-        m_ctx.today.messages.addItem(alarm_event::messageRow(c.input, currentDataTime()));
+        m_ctx.today.messages.addItem(alarm_event::messageRow(c.input, currentTodayTime()));
         return;
     }
     appendToSchedule(m_ctx, c.input);
@@ -132,8 +132,8 @@ void InputMessage::closing(bool normalState, double topTwips, double leftTwips) 
         settings_records::writeMessageInputLoc(m_ctx, static_cast<int32_t>(roundHalfEven(topTwips)),
                                                static_cast<int32_t>(roundHalfEven(leftTwips)));
     }
-    if (restoreDataList)
-        restoreDataList();
+    if (restoreTodayList)
+        restoreTodayList();
     else if (m_ctx.alarmSetUi)
         m_ctx.alarmSetUi->setTodayListShaded(false);
     m_ctx.front.claimant = 0;

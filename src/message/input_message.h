@@ -51,7 +51,7 @@ public:
     void closing(bool normalState, double topTwips, double leftTwips);
 
     // Brings todayList back from under the hourglass. Unset, it asks the Alarm Set window, if there is one.
-    std::function<void()> restoreDataList;
+    std::function<void()> restoreTodayList;
 
     const QString& origin() const { return m_origin; }
     int16_t messageCount() const { return m_messageCount; }
@@ -59,8 +59,8 @@ public:
     const QList<int16_t>& messageRows() const { return m_messageRows; }
 
 private:
-    bool hasCurrentDataRow() const;
-    QString currentDataTime() const;
+    bool hasCurrentTodayRow() const;
+    QString currentTodayTime() const;
     void warnNothingSaved();
 
     Context& m_ctx;

@@ -1,7 +1,7 @@
 #include "settings/settings_options.h"
 
-#include "engine/context.h"
 #include "engine/alarm_set_ui.h"
+#include "engine/context.h"
 #include "settings/autostart.h"
 #include "settings/settings_file.h"
 #include "settings/settings_records.h"
@@ -36,10 +36,10 @@ void SettingsOptions::load() {
     SettingRecord& rec = ctx.recordBuffer;
     if (readRecord(ctx.folder, kSetting, rec)) {
         const int32_t soundOn = rec.value1;
-        const int32_t errMsgPop = rec.value2;
+        const int32_t errorPopups = rec.value2;
         const OptionWords words = optionWordsOf(rec);
         setSoundOn(soundOn == 1);
-        setErrorPopups(errMsgPop == 1);
+        setErrorPopups(errorPopups == 1);
         setAutoLoad(words.autoLoad);
         setNoSecond(words.noSecond);
         setInternalSpeaker(words.internalSpeaker);
@@ -53,7 +53,8 @@ void SettingsOptions::load() {
 void SettingsOptions::close() {
     if (!ctx.settings.loaded)
         return;
-    const OptionWords words{m_boxes.autoLoadBox, m_boxes.noSecondBox, m_boxes.internalSpeakerBox, m_boxes.speakerInsteadOfMidiBox};
+    const OptionWords words{m_boxes.autoLoadBox, m_boxes.noSecondBox, m_boxes.internalSpeakerBox,
+                            m_boxes.speakerInsteadOfMidiBox};
     writeSettingAndFont(ctx, m_boxes.soundOnBox ? 1 : 0, m_boxes.errorPopupsBox ? 1 : 0, words);
     ctx.settings.loaded = false;
 }
@@ -124,7 +125,7 @@ void SettingsOptions::setFontChoice(int index) {
 }
 
 void SettingsOptions::nextPage() {
-    m_boxes.page1Visible = !m_boxes.page1Visible;
+    m_boxes.firstPageVisible = !m_boxes.firstPageVisible;
     notify();
 }
 

@@ -114,11 +114,11 @@ bool writeFontSize(Context& ctx, int32_t size) {
     return writeBuffer(ctx, kFontSize);
 }
 
-bool writeSettingAndFont(Context& ctx, int32_t soundOn, int32_t errMsgPop, const OptionWords& words) {
+bool writeSettingAndFont(Context& ctx, int32_t soundOn, int32_t errorPopups, const OptionWords& words) {
     SettingRecord& rec = ctx.recordBuffer;
     rec.setKey(keyOf(kSetting));
     rec.value1 = soundOn;
-    rec.value2 = errMsgPop;
+    rec.value2 = errorPopups;
     const bool on[4] = {words.autoLoad, words.noSecond, words.internalSpeaker, words.speakerInsteadOfMidi};
     rec.setValue(QLatin1String(on[0] ? kWords[0].on : kWords[0].off));
     for (int i = 1; i < 4; ++i)

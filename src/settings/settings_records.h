@@ -34,10 +34,10 @@ bool readRecord(const QString& appPath, int record, SettingRecord& rec);
 
 // Record 4's value: four 6-character words, each "...On" or "...Of".
 struct OptionWords {
-    bool autoLoad = false;        // autoLoadBox, "ALAEOn"
-    bool noSecond = false;        // noSecondBox, "DCWSOn"
-    bool internalSpeaker = false; // internalSpeakerBox, "UISPOn"
-    bool speakerInsteadOfMidi = false;   // speakerInsteadOfMidiBox, "ISOMOn"
+    bool autoLoad = false;             // autoLoadBox, "ALAEOn"
+    bool noSecond = false;             // noSecondBox, "DCWSOn"
+    bool internalSpeaker = false;      // internalSpeakerBox, "UISPOn"
+    bool speakerInsteadOfMidi = false; // speakerInsteadOfMidiBox, "ISOMOn"
 };
 // Only the exact "On" word at its place counts as on; anything else, blanks included, is off.
 OptionWords optionWordsOf(const SettingRecord& rec);
@@ -54,7 +54,7 @@ bool writeSongName(Context& ctx, const QString& shortName);
 bool writeFontSize(Context& ctx, int32_t size);
 // Records 4 and 8, written when the Settings window closes; record 8 follows ctx.options.fontChoice.
 // Creates the program folder when missing.
-bool writeSettingAndFont(Context& ctx, int32_t soundOn, int32_t errMsgPop, const OptionWords& words);
+bool writeSettingAndFont(Context& ctx, int32_t soundOn, int32_t errorPopups, const OptionWords& words);
 
 // Writers with a record of their own, filled fresh: value2 as given and a value of zero bytes.
 bool writeOwnRecord(const QString& appPath, int record, const QString& key, int32_t value1, int32_t value2);

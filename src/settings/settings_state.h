@@ -15,8 +15,8 @@ struct SettingsBoxes {
     int fontButton = 0; // the option button that is set, 1 to 3; none before the first load
 
     bool errorPopupsBoxVisible = true;
-    bool testVisible = false; // testSpeakerButton and testLabel
-    bool page1Visible = true; // the three option frames; else autostartFrame
+    bool testVisible = false;     // testSpeakerButton and testLabel
+    bool firstPageVisible = true; // the three option frames; else autostartFrame
     QString autostartLabel;
 
     // The font the load found in the file: 1 Arial, 2 Times New Roman, 3 as laid out.

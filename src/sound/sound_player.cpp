@@ -83,8 +83,8 @@ void SoundPlayer::reportSoundError(int16_t canPlay) {
     if (!QFileInfo(m_ctx.soundChoice.songPath).isFile()) {
         m_ctx.front.trayEnabled = false;
         m_ctx.setTickTimerEnabled(false);
-        m_ctx.notices.systemModalBox(m_ctx.soundChoice.songPath.mid(7) + QStringLiteral(", wave file not found, alarm at ") +
-                                     m_ctx.tick.nextAlarm);
+        m_ctx.notices.systemModalBox(m_ctx.soundChoice.songPath.mid(7) +
+                                     QStringLiteral(", wave file not found, alarm at ") + m_ctx.tick.nextAlarm);
         m_ctx.setTickTimerEnabled(true);
         m_ctx.front.trayEnabled = true;
     } else if (canPlay == 0 && m_ctx.options.errorPopups && m_ctx.options.soundOn) {
@@ -107,7 +107,8 @@ void SoundPlayer::playMidi() {
     if (sendCommand(QStringLiteral("play ") + kMidiAlias) != 0) {
         m_ctx.front.trayEnabled = false;
         m_ctx.setTickTimerEnabled(false);
-        m_ctx.notices.systemModalBox(QStringLiteral("Error found, Sound cannot be played, alarm at ") + m_ctx.tick.nextAlarm);
+        m_ctx.notices.systemModalBox(QStringLiteral("Error found, Sound cannot be played, alarm at ") +
+                                     m_ctx.tick.nextAlarm);
         m_ctx.setTickTimerEnabled(true);
         m_ctx.front.trayEnabled = true;
     }

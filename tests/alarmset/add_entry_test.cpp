@@ -30,7 +30,7 @@ struct AddEntryTest : ::testing::Test, EngineFixture {
     // Adds and answers the row it left selected, or the empty text.
     QString add() {
         addEntry(ctx, entry, ctx.entry.lastPlayWord, links);
-        return ctx.today.alarms.item(ctx.today.alarms.listIndex());
+        return ctx.today.alarms.item(ctx.today.alarms.currentIndex());
     }
 };
 

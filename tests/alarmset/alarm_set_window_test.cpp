@@ -1,6 +1,6 @@
-#include "alarmset/ui/drop_down_combo.h"
-#include "alarmset/ui/alarm_set_window.h"
 #include "alarmset/ui/alarm_set_host.h"
+#include "alarmset/ui/alarm_set_window.h"
+#include "alarmset/ui/drop_down_combo.h"
 #include "alarmset/ui/picture_box.h"
 #include "eventlist/ui/event_list_view.h"
 #include "fakes.h"
@@ -160,9 +160,9 @@ TEST_F(AlarmSetWindowTest, CtrlClickOnThePickedRowKeepsItPicked) {
     ctx.today.alarms.addItem("once 22:00:00");
     const QRect second = f->todayList->visualRect(ctx.today.alarms.index(1));
     QTest::mouseClick(f->todayList->viewport(), Qt::LeftButton, Qt::NoModifier, second.center());
-    ASSERT_EQ(ctx.today.alarms.listIndex(), 1);
+    ASSERT_EQ(ctx.today.alarms.currentIndex(), 1);
     QTest::mouseClick(f->todayList->viewport(), Qt::LeftButton, Qt::ControlModifier, second.center());
-    EXPECT_EQ(ctx.today.alarms.listIndex(), 1);
+    EXPECT_EQ(ctx.today.alarms.currentIndex(), 1);
     EXPECT_TRUE(ctx.today.alarms.isSelected(1));
-    EXPECT_EQ(ctx.today.alarms.selCount(), 1);
+    EXPECT_EQ(ctx.today.alarms.selectedCount(), 1);
 }

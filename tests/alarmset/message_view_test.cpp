@@ -1,5 +1,5 @@
-#include "alarmset/day_list_delete.h"
 #include "alarmset/alarm_set_links.h"
+#include "alarmset/day_list_delete.h"
 #include "alarmset/message_view.h"
 #include "eventlist/delete_chooser.h"
 #include "fakes.h"
@@ -39,7 +39,7 @@ struct DeleteChooserTest : ::testing::Test, EngineFixture {
         ctx.today.messages.addItem("Coffee at 10:00:00");
         ctx.today.messages.addItem("Other at 09:00:00");
         ctx.today.messages.addItem("Call Bob at 10:00:00");
-        ctx.today.alarms.setListIndex(1);
+        ctx.today.alarms.selectOnly(1);
         ctx.tick.nextAlarm = "09:00:00";
         ctx.tick.nextPlayWord = "once";
     }
@@ -85,7 +85,7 @@ TEST_F(DayListTest, ViewStaysHiddenWithoutTodayRowsAndTwoRowsShareOneMessage) {
 
 TEST_F(DayListTest, DeleteTakesTheRowWithItsOnlyMessage) {
     rows({"once 08:30:00", "twice 08:30:00", "once 09:00:00"}, {"Tea at 08:30:00", "Other at 09:00:00"});
-    ctx.today.alarms.setListIndex(1);
+    ctx.today.alarms.selectOnly(1);
     ctx.tick.nextAlarm = "08:30:00";
     ctx.tick.needNextAlarm = false;
     deleteSelectedRow(ctx, links);
@@ -97,7 +97,7 @@ TEST_F(DayListTest, DeleteTakesTheRowWithItsOnlyMessage) {
     EXPECT_TRUE(calls.isEmpty());
 
     // No message of its time: only the row goes.
-    ctx.today.alarms.setListIndex(0);
+    ctx.today.alarms.selectOnly(0);
     deleteSelectedRow(ctx, links);
     EXPECT_EQ(ctx.today.alarms.items(), QStringList({"once 09:00:00"}));
     EXPECT_EQ(ctx.today.messages.count(), 1);
@@ -105,7 +105,7 @@ TEST_F(DayListTest, DeleteTakesTheRowWithItsOnlyMessage) {
 
 TEST_F(DayListTest, DeleteOfATimeWithTwoMessagesLeavesTheChoiceToTheDeleteChooser) {
     rows({"once 08:00:00", "once 08:30:00"}, {"A at 08:30:00", "B at 08:00:00", "C at 08:30:00"});
-    ctx.today.alarms.setListIndex(1);
+    ctx.today.alarms.selectOnly(1);
     deleteSelectedRow(ctx, links);
     EXPECT_EQ(calls, QStringList({"shaded", "DeleteChooserWindow:2 0 2"}));
     EXPECT_EQ(ctx.today.alarms.count(), 2);
@@ -114,7 +114,7 @@ TEST_F(DayListTest, DeleteOfATimeWithTwoMessagesLeavesTheChoiceToTheDeleteChoose
 
 TEST_F(DayListTest, DeleteWithoutSelectionRemovesNothingButRetakesTheHead) {
     rows({"once 08:00:00"}, {"A at 08:00:00"});
-    ctx.today.alarms.setListIndex(-1);
+    ctx.today.alarms.selectOnly(-1);
     ctx.tick.nextAlarm = "08:00:00";
     ctx.tick.nextPlayWord = "once";
     ctx.tick.needNextAlarm = false;
@@ -130,7 +130,7 @@ TEST_F(DayListTest, DoubleClickOpensTheMessagesOnlyWhenNothingIsInFront) {
     rows({"once 08:00:00"}, {});
     openRowMessages(ctx, links);
     EXPECT_TRUE(calls.isEmpty()); // no selected row
-    ctx.today.alarms.setListIndex(0);
+    ctx.today.alarms.selectOnly(0);
     ctx.front.claimant = 157;
     openRowMessages(ctx, links);
     EXPECT_TRUE(calls.isEmpty());
@@ -178,7 +178,7 @@ TEST_F(DeleteChooserTest, WhenTheAlarmRangMeanwhileNothingIsRemoved) {
 
 TEST_F(DeleteChooserTest, RowNumbersThatNameNoRowArePassedOverAndTheLastRowLeavesNoAlarms) {
     ctx.today.alarms.removeItem(0);
-    ctx.today.alarms.setListIndex(0);
+    ctx.today.alarms.selectOnly(0);
     ASSERT_TRUE(chooser.chooseMessageToDelete(ctx, 2, {0, 7}, messageText));
     chooser.showNext(ctx, messageText, informationLabel);
     EXPECT_EQ(messageText, "");

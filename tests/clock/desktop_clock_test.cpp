@@ -70,7 +70,7 @@ TEST(DesktopClock, LoadStartsAtTheTopWithDefaultsOrTakesItsRecords) {
     EXPECT_EQ(f.timeLabel->text(), QStringLiteral("03 : 07 : 09  PM"));
 
     ClockRig rig(96);
-    rig.writeRecord(5, QStringLiteral("[Form2Location]"), 600, 1200);
+    rig.writeRecord(5, settings_records::keyOf(settings_records::kClockLocation), 600, 1200);
     rig.writeRecord(9, QStringLiteral("[24Hour]"), 2); // only 1 means on
     rig.writeRecord(10, QStringLiteral("[EnabledSecond]"), 0);
     rig.writeRecord(11, QStringLiteral("[FontSizeOfClock]"), 10);

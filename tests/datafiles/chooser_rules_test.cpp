@@ -1,8 +1,8 @@
 #include "alarmset/ui/picture_box.h"
 #include "datafiles/chooser_front.h"
 #include "datafiles/chooser_rules.h"
-#include "datafiles/ui/overwrite_question.h"
 #include "datafiles/ui/data_file_chooser.h"
+#include "datafiles/ui/overwrite_question.h"
 #include "fakes.h"
 
 #include <QLineEdit>

@@ -25,7 +25,7 @@ TEST_F(DataFileTest, LoadMergesComingRowsAndDropsPassedOnesSilently) {
     loadDataFile(ctx, "my.dat");
     EXPECT_EQ(ctx.today.alarms.items(), QStringList({"repeat 12:30:00", "twice 13:00:00"}));
     // The first row into an empty list stands unselected; later ones leave the last inserted selected.
-    EXPECT_EQ(ctx.today.alarms.listIndex(), 0);
+    EXPECT_EQ(ctx.today.alarms.currentIndex(), 0);
     EXPECT_EQ(ctx.today.messages.items(), QStringList({"Dentist at 13:00:00"}));
     EXPECT_TRUE(ctx.tick.on && ctx.tick.needNextAlarm && ctx.tick.haveAlarms);
     EXPECT_TRUE(notices.shared.lines.isEmpty());

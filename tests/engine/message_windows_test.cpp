@@ -81,7 +81,7 @@ TEST_F(MessageWindows, MinutesBoxTakesDigitsAndEditingKeysOnly) {
     press(Qt::Key_Return, "\r");
     press(Qt::Key_Escape, QString(QChar(27)));
     EXPECT_EQ(form->minutesEdit->text(), "21"); // the arrow moved the cursor; letters and Return went nowhere
-    EXPECT_TRUE(form->isVisible());            // Return pressed no button and Escape closed nothing
+    EXPECT_TRUE(form->isVisible());             // Return pressed no button and Escape closed nothing
     press(Qt::Key_Backspace, "\b");
     EXPECT_EQ(form->minutesEdit->text(), "1");
     form->close();

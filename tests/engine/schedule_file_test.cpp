@@ -134,11 +134,11 @@ TEST_F(ScheduleFile, SortingPutsNewRowsAheadOfEqualTimesAndSelectsThem) {
     insertTodayRow(ctx, "09:00:00", "thrice", true);
     insertTodayRow(ctx, "10:00:00", "repeat", true);
     EXPECT_EQ(today(), QStringList({"twice 08:00:00", "thrice 09:00:00", "once 09:00:00", "repeat 10:00:00"}));
-    EXPECT_EQ(ctx.today.alarms.listIndex(), 3);
+    EXPECT_EQ(ctx.today.alarms.currentIndex(), 3);
     // A batch gives the same order as one-by-one inserts, and selects the last row given.
     Context& c = ctx;
     insertTodayRows(c, {"once 09:00:00", "twice 07:00:00", "thrice 09:00:00"});
     EXPECT_EQ(today(), QStringList({"twice 07:00:00", "twice 08:00:00", "thrice 09:00:00", "once 09:00:00",
                                     "thrice 09:00:00", "once 09:00:00", "repeat 10:00:00"}));
-    EXPECT_EQ(ctx.today.alarms.listIndex(), 2);
+    EXPECT_EQ(ctx.today.alarms.currentIndex(), 2);
 }

@@ -15,7 +15,7 @@ struct EditEventTest : ::testing::Test, EngineFixture {
         list.insertRow("=", "2002/05/03-13:05:09", "Dentist", false);
         list.insertRow("#", "2002/05/05-07:00:00", "", false);
         // The row being edited is the current and only highlighted one, as after a plain click.
-        list.rows.setListIndex(1);
+        list.rows.selectOnly(1);
     }
 
     // Opens the Edit window's controls on the current row, as the popup does.
@@ -102,7 +102,7 @@ TEST_F(EditEventTest, LaterDateReplacesTheRowAndRewritesTheSchedule) {
               QStringList({"      -    2002/05/01-09:00:00        past today",
                            "      =    2002/05/03-13:05:09        Dentist", "      #    2002/05/05-07:00:00        "}));
 
-    ctx.eventList.rows.setListIndex(1);
+    ctx.eventList.rows.selectOnly(1);
     c = openCurrent();
     c.dateEdit = "2002/05/06";
     c.hourBox = "12";
@@ -140,7 +140,7 @@ TEST_F(EditEventTest, TodayMovesTheEventIntoTodaysListsAndOutOfTheSchedule) {
               QByteArray("\"past today2002/05/01once09:00:00\"\r\n\"2002/05/05thri07:00:00\"\r\n"));
 
     // Without a message no message row comes.
-    ctx.eventList.rows.setListIndex(1);
+    ctx.eventList.rows.selectOnly(1);
     c = openCurrent();
     c.dateEdit = "2002/05/01";
     c.hourBox = "1";
@@ -164,7 +164,7 @@ TEST_F(EditEventTest, WithHighlightsChangedMeanwhileTheOldEventStays) {
 TEST_F(PopupTest, EditWantsExactlyOneHighlightedRowAndShowsTheCurrentOne) {
     QStringList shown;
     const OpenEditorFn show = [&](const QString& mark, const QString& date, const QString& time,
-                                     const QString& message) {
+                                  const QString& message) {
         shown = {mark, date, time, message};
     };
 

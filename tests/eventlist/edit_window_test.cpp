@@ -1,7 +1,7 @@
 #include "alarmset/ui/drop_down_combo.h"
+#include "eventlist/ui/edit_event_window.h"
 #include "eventlist/ui/event_list_view.h"
 #include "eventlist/ui/event_popup.h"
-#include "eventlist/ui/edit_event_window.h"
 #include "fakes.h"
 #include "message/ui/message_text_box.h"
 #include "platform/ui/window_twips.h"
@@ -29,7 +29,7 @@ struct EditWindowTest : ::testing::Test, EngineFixture {
         ctx.touchAlarmSet();
         eventList.resize(350, 114);
         ctx.eventList.insertRow("=", "2002/05/03-13:05:09", "Two\r\nlines", false);
-        ctx.eventList.rows.setListIndex(0);
+        ctx.eventList.rows.selectOnly(0);
     }
     ~EditWindowTest() override {
         delete EditEventWindow::instance();
@@ -156,8 +156,8 @@ TEST_F(EventListViewTest, RightPressOpensThePopupOnlyWithACurrentRowAndMovesNoth
 
     press(Qt::RightButton, 4);
     ASSERT_EQ(popups.size(), 1);
-    EXPECT_EQ(popups[0], view->rows->viewport()->mapToGlobal(
-                             view->rows->visualRect(ctx.eventList.rows.index(4)).center()));
+    EXPECT_EQ(popups[0],
+              view->rows->viewport()->mapToGlobal(view->rows->visualRect(ctx.eventList.rows.index(4)).center()));
     EXPECT_EQ(ctx.eventList.currentRow(), 3);
     EXPECT_EQ(ctx.eventList.highlightedCount(), 2);
     EXPECT_FALSE(ctx.eventList.rows.isSelected(4));

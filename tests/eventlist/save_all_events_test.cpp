@@ -16,7 +16,7 @@ struct SaveAllEventsTest : ::testing::Test, EngineFixture {
     void fillRows(int n) {
         for (int i = 0; i < n; ++i)
             ctx.eventList.insertRow("=", QStringLiteral("2002/05/%1-08:30:00").arg(i % 28 + 1, 2, 10, QChar('0')),
-                                     QStringLiteral("Message number %1").arg(i), false);
+                                    QStringLiteral("Message number %1").arg(i), false);
     }
 };
 

@@ -15,7 +15,7 @@ struct InputMessageTest : ::testing::Test, EngineFixture {
 
     InputMessageTest() {
         ctx.entry.date = "2002/05/01"; // the fake clock's today
-        form.restoreDataList = [this] { ++restored; };
+        form.restoreTodayList = [this] { ++restored; };
         insertTodayRow(ctx, "08:30:00", "once", true);
     }
     void addMessage(const QString& text, const QString& time) { ctx.today.messages.addItem(text + " at " + time); }

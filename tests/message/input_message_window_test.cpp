@@ -18,7 +18,7 @@ struct InputMessageWindowTest : ::testing::Test, EngineFixture {
 
     InputMessageWindowTest() {
         ctx.entry.date = "2002/05/01";
-        form.restoreDataList() = [this] { ++restored; };
+        form.restoreTodayList() = [this] { ++restored; };
         insertTodayRow(ctx, "08:30:00", "once", true);
     }
     void type(const QString& keys) {

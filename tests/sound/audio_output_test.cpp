@@ -102,9 +102,9 @@ TEST(AudioOutputTest, AirSoundsThroughTheSequencerCommands) {
         const QString copy = dir.filePath(QStringLiteral("my run air.mid"));
         ASSERT_TRUE(QFile::copy(kData + QStringLiteral("/air.mid"), copy));
         EXPECT_NE(mci.sendCommand(QStringLiteral("close tmpMidiPlay")), 0u);
-        ASSERT_EQ(mci.sendCommand(QStringLiteral("open \"") + copy +
-                                     QStringLiteral("\" type sequencer alias tmpMidiPlay")),
-                  0u)
+        ASSERT_EQ(
+            mci.sendCommand(QStringLiteral("open \"") + copy + QStringLiteral("\" type sequencer alias tmpMidiPlay")),
+            0u)
             << sequencer.error().toStdString();
         ASSERT_EQ(mci.sendCommand(QStringLiteral("play tmpMidiPlay")), 0u);
         QThread::msleep(700);

@@ -24,9 +24,10 @@ TEST(SpeakerTest, OneSweepOnThePorts) {
 
     std::vector<PortLog::Access> expected;
     for (int d : kSweepDivisors) {
-        const std::vector<PortLog::Access> tone = {
-            {'o', 0x43, 0xB6}, {'o', 0x42, d & 255},         {'o', 0x42, d / 256}, {'i', 0x61, 0xA4},
-            {'o', 0x61, 0xA7}, {'h', 0, SoundPlayer::kToneHoldMs}, {'i', 0x61, 0xA7},    {'o', 0x61, 0xA4}};
+        const std::vector<PortLog::Access> tone = {{'o', 0x43, 0xB6},    {'o', 0x42, d & 255},
+                                                   {'o', 0x42, d / 256}, {'i', 0x61, 0xA4},
+                                                   {'o', 0x61, 0xA7},    {'h', 0, SoundPlayer::kToneHoldMs},
+                                                   {'i', 0x61, 0xA7},    {'o', 0x61, 0xA4}};
         expected.insert(expected.end(), tone.begin(), tone.end());
     }
     ASSERT_EQ(f.ports.accesses.size(), expected.size());

@@ -8,7 +8,8 @@
 
 // The windows the Alarm Set window opens that other parts of the program build. An empty hook does nothing.
 struct AlarmSetHooks {
-    // InputMessageWindow, the message box: "" for the event just entered, "DoubleClick" for the selected row of todayList.
+    // InputMessageWindow, the message box: "" for the event just entered, "DoubleClick" for the selected row of
+    // todayList.
     std::function<void(const QString&)> openInputMessage;
     // DeleteChooserWindow: which of several messages of one time goes.
     std::function<void(int, const QList<int>&)> chooseMessageToDelete;

@@ -1,13 +1,13 @@
 #include "alarmset/ui/alarm_set_window.h"
 
 #include "alarmset/add_entry.h"
-#include "alarmset/day_list_delete.h"
 #include "alarmset/alarm_set_settings.h"
+#include "alarmset/day_list_delete.h"
 #include "alarmset/song_choice.h"
 #include "alarmset/time_input.h"
+#include "alarmset/ui/alarm_set_hooks.h"
 #include "alarmset/ui/button_faces.h"
 #include "alarmset/ui/drop_down_combo.h"
-#include "alarmset/ui/alarm_set_hooks.h"
 #include "alarmset/ui/key_filters.h"
 #include "alarmset/ui/picture_box.h"
 #include "alarmset/ui/picture_button.h"
@@ -66,7 +66,8 @@ void setEditTextIfChanged(QComboBox* box, const QString& text) {
 
 } // namespace
 
-AlarmSetWindow::AlarmSetWindow(Context& ctx, AlarmSetHooks& hooks, QWidget* parent) : QMainWindow(parent), ctx(ctx), hooks(hooks) {
+AlarmSetWindow::AlarmSetWindow(Context& ctx, AlarmSetHooks& hooks, QWidget* parent)
+    : QMainWindow(parent), ctx(ctx), hooks(hooks) {
     setObjectName(QStringLiteral("AlarmSetWindow"));
     setWindowTitle(QStringLiteral("Bellwick Alarm Clock..."));
 
@@ -167,7 +168,8 @@ void AlarmSetWindow::buildControls(QWidget* client) {
     playCountBox->setCurrentIndex(-1);
     playCountBox->installEventFilter(noKeys);
 
-    withMessageButton = new PictureButton(button_faces::addWithPencil, QStringLiteral("Add with a message"), playListFrame);
+    withMessageButton =
+        new PictureButton(button_faces::addWithPencil, QStringLiteral("Add with a message"), playListFrame);
     place(withMessageButton, 4320, 1440, 732, 372, "withMessageButton");
     addButton = new QPushButton(QStringLiteral("Add"), playListFrame);
     place(addButton, 5280, 1440, 612, 372, "addButton");
@@ -175,7 +177,8 @@ void AlarmSetWindow::buildControls(QWidget* client) {
 
     deleteButton = new PictureButton(button_faces::scissors, QStringLiteral("Delete the selected alarm"), client);
     place(deleteButton, 240, 2640, 372, 252, "deleteButton");
-    deleteAllButton = new PictureButton(button_faces::twoScissors, QStringLiteral("Delete all alarms of today"), client);
+    deleteAllButton =
+        new PictureButton(button_faces::twoScissors, QStringLiteral("Delete all alarms of today"), client);
     place(deleteAllButton, 1200, 2640, 732, 252, "deleteAllButton");
 
     chimeBox = new QCheckBox(QStringLiteral("Every"), client);
@@ -184,8 +187,8 @@ void AlarmSetWindow::buildControls(QWidget* client) {
     chimeIntervalBox = new QComboBox(client);
     place(chimeIntervalBox, 3360, 2640, 732, 276, "chimeIntervalBox");
     chimeIntervalBox->addItems({QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3"), QStringLiteral("4"),
-                        QStringLiteral("5"), QStringLiteral("10"), QStringLiteral("15"), QStringLiteral("30"),
-                        QStringLiteral("60")});
+                                QStringLiteral("5"), QStringLiteral("10"), QStringLiteral("15"), QStringLiteral("30"),
+                                QStringLiteral("60")});
     chimeIntervalBox->setCurrentIndex(-1);
     chimeIntervalBox->installEventFilter(noKeys);
     minutesLabel = new QLabel(QStringLiteral("min(s)"), client);
@@ -322,8 +325,8 @@ void AlarmSetWindow::applyFontSetting() {
 }
 
 void AlarmSetWindow::setControlFonts(const QString& fontName, int pointSize) {
-    const QList<QWidget*> controls = {hourBox,  minuteBox,    playCountBox, secondBox,  songBox, addButton,
-                                      exitButton, viewMessagesButton, playListFrame,      minutesLabel, atLabel, todayList};
+    const QList<QWidget*> controls = {hourBox,    minuteBox,          playCountBox,  secondBox,    songBox, addButton,
+                                      exitButton, viewMessagesButton, playListFrame, minutesLabel, atLabel, todayList};
     for (QWidget* w : controls) {
         QFont f = w->font();
         f.setFamily(fontName);

@@ -143,13 +143,13 @@ void DesktopClock::load() {
 
 void DesktopClock::applyFace() {
     timeLabel->setGeometry(toLogicalX(m_face.labelLeft), toLogicalY(m_face.labelTop), toLogicalX(m_face.labelWidth),
-                             toLogicalY(m_face.labelHeight));
+                           toLogicalY(m_face.labelHeight));
     QFont font(QStringLiteral("Times New Roman"));
     font.setPointSizeF(m_face.labelFontSize);
     timeLabel->setFont(font);
     menuEnd->setGeometry(0, 0, toLogicalX(ClockFace::kImageWidth), toLogicalY(ClockFace::kImageHeight));
     closeEnd->setGeometry(toLogicalX(m_face.closeLeft), 0, toLogicalX(ClockFace::kImageWidth),
-                                   toLogicalY(ClockFace::kImageHeight));
+                          toLogicalY(ClockFace::kImageHeight));
 }
 
 void DesktopClock::chooseSize(int32_t size) {

@@ -89,8 +89,7 @@ DataFileChooser::DataFileChooser(Context& ctx) : FrontDialog(ctx, kFrontNumber) 
     input->setMaxLength(kChooserNameMaxLength);
     input->installEventFilter(this);
     // Pasted or composed text keeps to the typed keys' rule: no blank, no path out of the folder.
-    input->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(QLatin1String(kChooserNamePattern)), input));
+    input->setValidator(new QRegularExpressionValidator(QRegularExpression(QLatin1String(kChooserNamePattern)), input));
     confirmButton = new QPushButton(this);
     place(confirmButton, 4920, 2160, 732, 372);
     confirmButton->setDefault(true);
@@ -158,8 +157,9 @@ void DataFileChooser::unselectCurrentFile() {
 void DataFileChooser::onConfirmClicked() {
     QString typed = input->text();
     Context& ctx = m_ctx;
-    const ChooserActions actions = chooserActionsFor(
-        ctx, [&ctx](const QString& origin, const QString& name) { OverwriteQuestion::askOverwrite(ctx, origin, name); });
+    const ChooserActions actions = chooserActionsFor(ctx, [&ctx](const QString& origin, const QString& name) {
+        OverwriteQuestion::askOverwrite(ctx, origin, name);
+    });
     const bool done = confirmChoice(ctx, mode(), typed, fileListState(), actions);
     input->setText(typed);
     if (done)

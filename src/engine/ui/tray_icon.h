@@ -14,7 +14,7 @@ class QMenu;
 
 // What the tray menu opens, wired by the program's start.
 struct TrayHooks {
-    std::function<void()> stopSounds;        // ends wave, midi and speaker sweeps
+    std::function<void()> stopSounds;   // ends wave, midi and speaker sweeps
     std::function<void()> showAlarmSet; // the Alarm Set window, wanted from now on
     std::function<void()> showClock;    // the desktop clock
     std::function<void()> showSettings; // the Settings window

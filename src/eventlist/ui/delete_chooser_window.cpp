@@ -1,7 +1,7 @@
 #include "eventlist/ui/delete_chooser_window.h"
 
-#include "engine/context.h"
 #include "engine/alarm_set_ui.h"
+#include "engine/context.h"
 #include "platform/ui/window_twips.h"
 
 #include <QCloseEvent>
@@ -19,7 +19,7 @@ QPointer<DeleteChooserWindow>& current() {
     return form;
 }
 
-void unshadeDataList(Context& ctx) {
+void unshadeTodayList(Context& ctx) {
     if (ctx.alarmSetUi)
         ctx.alarmSetUi->setTodayListShaded(false);
 }
@@ -30,13 +30,13 @@ DeleteChooserWindow* DeleteChooserWindow::instance() {
     return current();
 }
 
-void DeleteChooserWindow::chooseMessageToDelete(Context& ctx, int indexOfDimension, const QList<int>& doomedRows) {
+void DeleteChooserWindow::chooseMessageToDelete(Context& ctx, int messageTotal, const QList<int>& doomedRows) {
     DeleteChooserWindow* form = current();
     if (!form) {
         form = new DeleteChooserWindow(ctx);
         current() = form;
     }
-    if (!form->m_chooser.chooseMessageToDelete(ctx, indexOfDimension, doomedRows, form->m_message)) {
+    if (!form->m_chooser.chooseMessageToDelete(ctx, messageTotal, doomedRows, form->m_message)) {
         form->close();
         return;
     }
@@ -54,7 +54,8 @@ DeleteChooserWindow::DeleteChooserWindow(Context& ctx) : QWidget(nullptr, Qt::Di
 
     nextMessageButton = new QPushButton(QStringLiteral(">"), this);
     place(nextMessageButton, 120, 120, 492, 252);
-    informationLabel = new QLabel(QStringLiteral("More than one message found, which one do you like to delete?"), this);
+    informationLabel =
+        new QLabel(QStringLiteral("More than one message found, which one do you like to delete?"), this);
     // Down to the text box, so that the three lines of the executed notice fit.
     place(informationLabel, 840, 0, 2772, 600);
     informationLabel->setWordWrap(true);
@@ -101,6 +102,6 @@ void DeleteChooserWindow::closeEvent(QCloseEvent* event) {
     // Unloaded from here on: the next opening builds the window anew.
     if (current() == this)
         current() = nullptr;
-    unshadeDataList(m_ctx);
+    unshadeTodayList(m_ctx);
     QWidget::closeEvent(event);
 }

@@ -15,7 +15,7 @@ class DeleteChooserWindow : public QWidget {
     Q_OBJECT
 public:
     // The messages are the rows of todayMessages numbered in doomedRows, all of the current row's time.
-    static void chooseMessageToDelete(Context& ctx, int indexOfDimension, const QList<int>& doomedRows);
+    static void chooseMessageToDelete(Context& ctx, int messageTotal, const QList<int>& doomedRows);
     static DeleteChooserWindow* instance();
 
     void onNextMessageClicked();

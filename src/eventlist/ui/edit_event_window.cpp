@@ -65,7 +65,7 @@ EditEventWindow* EditEventWindow::instance() {
 }
 
 EditEventWindow* EditEventWindow::openOn(Context& ctx, const QString& markField, const QString& dateField,
-                              const QString& timeField, const QString& messageField, QWidget* eventList) {
+                                         const QString& timeField, const QString& messageField, QWidget* eventList) {
     EditEventWindow* form = current();
     const bool loading = !form;
     if (loading) {
@@ -85,7 +85,8 @@ EditEventWindow* EditEventWindow::openOn(Context& ctx, const QString& markField,
     return form;
 }
 
-EditEventWindow::EditEventWindow(Context& ctx, QWidget* eventList) : QWidget(nullptr, Qt::Dialog), m_ctx(ctx), m_eventList(eventList) {
+EditEventWindow::EditEventWindow(Context& ctx, QWidget* eventList)
+    : QWidget(nullptr, Qt::Dialog), m_ctx(ctx), m_eventList(eventList) {
     setAttribute(Qt::WA_DeleteOnClose);
     setObjectName(QStringLiteral("EditEventWindow"));
     setWindowTitle(QStringLiteral(" Edit"));
@@ -106,10 +107,10 @@ void EditEventWindow::buildControls() {
     dateLabel->setToolTip(QStringLiteral("Choose the day"));
     dateLabel->installEventFilter(this);
 
-    Frame1 = new QGroupBox(QStringLiteral("Alarm time is : "), this);
-    place(Frame1, 120, 960, 3492, 1452);
+    timeFrame = new QGroupBox(QStringLiteral("Alarm time is : "), this);
+    place(timeFrame, 120, 960, 3492, 1452);
     auto timeBox = [&](double left, double width, int first, int last) {
-        auto* box = new DropDownCombo(Frame1);
+        auto* box = new DropDownCombo(timeFrame);
         place(box, left, 360, width, 276);
         box->setEditable(true);
         box->setCompleter(nullptr);
@@ -119,10 +120,10 @@ void EditEventWindow::buildControls() {
         return box;
     };
     hourBox = timeBox(120, 792, 1, 12);
-    auto* hourColon = new QLabel(QStringLiteral(":"), Frame1);
+    auto* hourColon = new QLabel(QStringLiteral(":"), timeFrame);
     place(hourColon, 960, 360, 132, 252);
     minuteBox = timeBox(1080, 732, 0, 9);
-    auto* minuteColon = new QLabel(QStringLiteral(":"), Frame1);
+    auto* minuteColon = new QLabel(QStringLiteral(":"), timeFrame);
     place(minuteColon, 1860, 360, 132, 252);
     secondBox = timeBox(1956, 612, 0, 9);
     auto* timeKeys = new TimeBoxKeys(m_ctx, this);
@@ -130,18 +131,18 @@ void EditEventWindow::buildControls() {
          {static_cast<QComboBox*>(hourBox), static_cast<QComboBox*>(minuteBox), static_cast<QComboBox*>(secondBox)})
         box->installEventFilter(timeKeys);
 
-    amPm = new QLineEdit(Frame1);
+    amPm = new QLineEdit(timeFrame);
     place(amPm, 2640, 360, 372, 264);
     amPm->setReadOnly(true);
     amPm->setAlignment(Qt::AlignCenter);
     amPm->setFocusPolicy(Qt::NoFocus);
     amPm->setTextMargins(0, 0, 0, 0);
-    upButton = new PictureButton(button_faces::arrowUp, QStringLiteral("AM or PM"), Frame1);
+    upButton = new PictureButton(button_faces::arrowUp, QStringLiteral("AM or PM"), timeFrame);
     place(upButton, 3120, 360, 252, 108);
-    downButton = new PictureButton(button_faces::arrowDown, QStringLiteral("AM or PM"), Frame1);
+    downButton = new PictureButton(button_faces::arrowDown, QStringLiteral("AM or PM"), timeFrame);
     place(downButton, 3120, 480, 252, 108);
 
-    playCountBox = new QComboBox(Frame1);
+    playCountBox = new QComboBox(timeFrame);
     place(playCountBox, 1920, 840, 1332, 276);
     playCountBox->addItems(editPlayWords());
     playCountBox->setPlaceholderText(QStringLiteral("Play Times"));
@@ -277,7 +278,7 @@ void EditEventWindow::closeEvent(QCloseEvent* event) {
     const QPoint at = pos();
     // Silent, like every settings write: a lost place only means the next window opens elsewhere.
     settings_records::writeEditWindowLoc(m_ctx.folder, static_cast<int32_t>(roundHalfEven(twipsOf(at.y()))),
-                                          static_cast<int32_t>(roundHalfEven(twipsOf(at.x()))));
+                                         static_cast<int32_t>(roundHalfEven(twipsOf(at.x()))));
     if (m_eventList && m_listHeight > 0)
         m_eventList->resize(m_eventList->width(), m_listHeight);
     QWidget::closeEvent(event);

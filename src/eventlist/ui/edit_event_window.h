@@ -22,7 +22,7 @@ class EditEventWindow : public QWidget {
 public:
     // Opens the window (once) on the fields of a row; eventList is the list control to cut down meanwhile.
     static EditEventWindow* openOn(Context& ctx, const QString& markField, const QString& dateField,
-                                 const QString& timeField, const QString& messageField, QWidget* eventList);
+                                   const QString& timeField, const QString& messageField, QWidget* eventList);
     static EditEventWindow* instance();
 
     void onOkClicked();
@@ -34,7 +34,7 @@ public:
     QGroupBox* dateFrame;
     QLineEdit* dateEdit;
     QLabel* dateLabel;
-    QGroupBox* Frame1;
+    QGroupBox* timeFrame;
     DropDownCombo* hourBox;
     DropDownCombo* minuteBox;
     DropDownCombo* secondBox;
@@ -65,6 +65,6 @@ private:
 
     Context& m_ctx;
     QPointer<QWidget> m_eventList;
-    int m_clientWidth = 0;  // logical pixels of the client area
-    int m_listHeight = 0; // logical pixels
+    int m_clientWidth = 0; // logical pixels of the client area
+    int m_listHeight = 0;  // logical pixels
 };

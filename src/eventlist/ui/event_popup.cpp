@@ -34,10 +34,9 @@ EventPopup::EventPopup(Context& ctx, QWidget* eventList) : QObject(eventList), m
 }
 
 void EventPopup::onEdit() {
-    editFromPopup(m_ctx,
-                   [this](const QString& mark, const QString& date, const QString& time, const QString& message) {
-                       EditEventWindow::openOn(m_ctx, mark, date, time, message, m_eventList);
-                   });
+    editFromPopup(m_ctx, [this](const QString& mark, const QString& date, const QString& time, const QString& message) {
+        EditEventWindow::openOn(m_ctx, mark, date, time, message, m_eventList);
+    });
 }
 
 void EventPopup::onDelete() {

@@ -207,6 +207,6 @@ void InputMessageWindow::unload() {
     const double ratio = devicePixelRatioF();
     const bool normal = !(windowState() & (Qt::WindowMinimized | Qt::WindowMaximized));
     m_core.closing(normal, twips::toTwips(qRound(y() * ratio), perPixel),
-                       twips::toTwips(qRound(x() * ratio), perPixel));
+                   twips::toTwips(qRound(x() * ratio), perPixel));
     hide();
 }

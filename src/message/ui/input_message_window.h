@@ -20,7 +20,7 @@ public:
     void openInputMessage(const QString& origin);
 
     // Brings todayList back from under the hourglass when the window closes.
-    std::function<void()>& restoreDataList() { return m_core.restoreDataList; }
+    std::function<void()>& restoreTodayList() { return m_core.restoreTodayList; }
     const InputMessage& core() const { return m_core; }
 
     void onOkClicked();

@@ -84,34 +84,35 @@ SettingsWindow::SettingsWindow(Context& ctx, QWidget* parent) : QWidget(parent, 
     soundOnLabel = boxLabel(optionsFrame, QStringLiteral("soundOnLabel"), QStringLiteral("Sound on"), 120, 240, 300);
     errorPopupsBox = bareBox(optionsFrame, QStringLiteral("errorPopupsBox"), 120, 600);
     errorPopupsLabel = boxLabel(optionsFrame, QStringLiteral("errorPopupsLabel"),
-                          QStringLiteral("Show error message if sound cannot be played"), 120, 600, 300);
+                                QStringLiteral("Show error message if sound cannot be played"), 120, 600, 300);
     autoLoadBox = bareBox(optionsFrame, QStringLiteral("autoLoadBox"), 120, 960);
     autoLoadLabel = boxLabel(optionsFrame, QStringLiteral("autoLoadLabel"),
-                           QStringLiteral("Automatically load alarm events when Bellwick starts"), 120, 960, 480);
+                             QStringLiteral("Automatically load alarm events when Bellwick starts"), 120, 960, 480);
     noSecondBox = bareBox(optionsFrame, QStringLiteral("noSecondBox"), 120, 1440);
-    noSecondLabel =
-        boxLabel(optionsFrame, QStringLiteral("noSecondLabel"), QStringLiteral("Don't compare with second"), 120, 1440, 300);
+    noSecondLabel = boxLabel(optionsFrame, QStringLiteral("noSecondLabel"), QStringLiteral("Don't compare with second"),
+                             120, 1440, 300);
 
     speakerFrame = frame(this, QStringLiteral("speakerFrame"), QStringLiteral("Internal Speaker"), 1920, 1212);
     internalSpeakerBox = bareBox(speakerFrame, QStringLiteral("internalSpeakerBox"), 120, 360);
     internalSpeakerLabel = boxLabel(speakerFrame, QStringLiteral("internalSpeakerLabel"),
-                                  QStringLiteral("Use internal speaker instead of wave. (A necessary DLL file is "
-                                                 "needed , refer to trouble shooting in help.)"),
-                                  120, 360, 480);
+                                    QStringLiteral("Use internal speaker instead of wave. (A necessary DLL file is "
+                                                   "needed , refer to trouble shooting in help.)"),
+                                    120, 360, 480);
     speakerInsteadOfMidiBox = bareBox(speakerFrame, QStringLiteral("speakerInsteadOfMidiBox"), 120, 840);
     speakerInsteadOfMidiLabel =
         boxLabel(speakerFrame, QStringLiteral("speakerInsteadOfMidiLabel"),
                  QStringLiteral("When MCI is busy, use internal speaker instead of midi sound"), 120, 840, 300);
 
     fontFrame = frame(this, QStringLiteral("fontFrame"),
-                   QStringLiteral("Font (it will take effect when Bellwick starts next time)"), 3240, 1332);
+                      QStringLiteral("Font (it will take effect when Bellwick starts next time)"), 3240, 1332);
     const QString fontCaptions[3] = {QStringLiteral("Use Arial font"), QStringLiteral("Enlarge"),
                                      QStringLiteral("Normal")};
     for (int i = 0; i < 3; ++i) {
         fontButtons[i] = new QRadioButton(fontCaptions[i], fontFrame);
         fontButtons[i]->setObjectName(QStringLiteral("fontButtons%1").arg(i + 1));
         place(fontButtons[i], 120, 240 + 360 * i, 3600, 300);
-        connect(fontButtons[i], &QRadioButton::clicked, this, [this, i] { SettingsOptions(m_ctx).setFontChoice(i + 1); });
+        connect(fontButtons[i], &QRadioButton::clicked, this,
+                [this, i] { SettingsOptions(m_ctx).setFontChoice(i + 1); });
     }
 
     autostartFrame = frame(this, QStringLiteral("autostartFrame"), QStringLiteral("Load Me"), 0, 2172);
@@ -120,9 +121,11 @@ SettingsWindow::SettingsWindow(Context& ctx, QWidget* parent) : QWidget(parent, 
     autostartLabel->setWordWrap(true);
     autostartLabel->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     place(autostartLabel, 480, 240, 4452, 780);
-    autostartOnButton = button(autostartFrame, QStringLiteral("autostartOnButton"), QStringLiteral("Run Bellwick when Windows starts"));
+    autostartOnButton =
+        button(autostartFrame, QStringLiteral("autostartOnButton"), QStringLiteral("Run Bellwick when Windows starts"));
     place(autostartOnButton, 480, 1080, 4092, 372);
-    autostartOffButton = button(autostartFrame, QStringLiteral("autostartOffButton"), QStringLiteral("Don't run Bellwick when Windows starts"));
+    autostartOffButton = button(autostartFrame, QStringLiteral("autostartOffButton"),
+                                QStringLiteral("Don't run Bellwick when Windows starts"));
     place(autostartOffButton, 480, 1560, 4092, 372);
 
     nextPageButton = button(this, QStringLiteral("nextPageButton"), QStringLiteral(">"));
@@ -144,7 +147,8 @@ SettingsWindow::SettingsWindow(Context& ctx, QWidget* parent) : QWidget(parent, 
     connect(noSecondBox, &QCheckBox::clicked, this, [this](bool on) { SettingsOptions(m_ctx).setNoSecond(on); });
     connect(internalSpeakerBox, &QCheckBox::clicked, this,
             [this](bool on) { SettingsOptions(m_ctx).setInternalSpeaker(on); });
-    connect(speakerInsteadOfMidiBox, &QCheckBox::clicked, this, [this](bool on) { SettingsOptions(m_ctx).setSpeakerInsteadOfMidi(on); });
+    connect(speakerInsteadOfMidiBox, &QCheckBox::clicked, this,
+            [this](bool on) { SettingsOptions(m_ctx).setSpeakerInsteadOfMidi(on); });
     connect(nextPageButton, &QPushButton::clicked, this, [this] { SettingsOptions(m_ctx).nextPage(); });
     connect(closeButton, &QPushButton::clicked, this, &QWidget::close);
     connect(testSpeakerButton, &QPushButton::clicked, this, [this] { SettingsOptions(m_ctx).testSpeaker(); });
@@ -190,10 +194,10 @@ void SettingsWindow::showState() {
     errorPopupsBox->setVisible(s.errorPopupsBoxVisible);
     testLabel->setVisible(s.testVisible);
     testSpeakerButton->setVisible(s.testVisible);
-    speakerFrame->setVisible(s.page1Visible);
-    optionsFrame->setVisible(s.page1Visible);
-    fontFrame->setVisible(s.page1Visible);
-    autostartFrame->setVisible(!s.page1Visible);
+    speakerFrame->setVisible(s.firstPageVisible);
+    optionsFrame->setVisible(s.firstPageVisible);
+    fontFrame->setVisible(s.firstPageVisible);
+    autostartFrame->setVisible(!s.firstPageVisible);
     autostartLabel->setText(s.autostartLabel);
 }
 
@@ -201,8 +205,8 @@ void SettingsWindow::applyFont(int fontChoice) {
     if (fontChoice != 1 && fontChoice != 2)
         return;
     const QList<QWidget*> targets = {
-        speakerFrame,     optionsFrame,     fontFrame,     autoLoadLabel, internalSpeakerLabel, speakerInsteadOfMidiLabel,
-        noSecondLabel,   errorPopupsLabel, soundOnLabel, testLabel,     closeButton,           fontButtons[0],
+        speakerFrame,   optionsFrame,     fontFrame,    autoLoadLabel, internalSpeakerLabel, speakerInsteadOfMidiLabel,
+        noSecondLabel,  errorPopupsLabel, soundOnLabel, testLabel,     closeButton,          fontButtons[0],
         fontButtons[1], fontButtons[2]};
     for (QWidget* w : targets) {
         QFont font = w->font();

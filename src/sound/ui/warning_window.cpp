@@ -52,8 +52,8 @@ WarningWindow::WarningWindow(Context& ctx, const QString& text) : m_ctx(ctx) {
         ctx.front.nextWarningSerial = 1000000;
     // A carriage return in our texts starts a new line.
     textLabel->setText(QString(text)
-                        .replace(QLatin1String("\r\n"), QLatin1String("\n"))
-                        .replace(QLatin1Char('\r'), QLatin1Char('\n')));
+                           .replace(QLatin1String("\r\n"), QLatin1String("\n"))
+                           .replace(QLatin1Char('\r'), QLatin1Char('\n')));
 
     window_twips::makeTopmost(this);
     show();
