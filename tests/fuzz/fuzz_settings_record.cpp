@@ -2,6 +2,7 @@
 #include "engine/context.h"
 #include "fuzz_support.h"
 #include "settings/settings_file.h"
+#include "settings/settings_options.h"
 #include "settings/settings_records.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
