@@ -13,7 +13,9 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <csignal>
 #include <memory>
+#include <sys/resource.h>
 #include <vector>
 
 inline void writeBytes(const QString& path, const QByteArray& bytes) {
@@ -38,6 +40,23 @@ inline QByteArray settingBytes(const QByteArray& key, int32_t v1, int32_t v2, co
             out.append(char((uint32_t(v) >> shift) & 0xFF));
     return out + value.leftJustified(30, pad);
 }
+// Holds the size any file of this process may grow to, as a full disk would, for the life of the object.
+struct FileSizeLimit {
+    rlimit saved{};
+    void (*savedHandler)(int) = nullptr;
+    explicit FileSizeLimit(rlim_t bytes) {
+        getrlimit(RLIMIT_FSIZE, &saved);
+        savedHandler = std::signal(SIGXFSZ, SIG_IGN);
+        rlimit limited = saved;
+        limited.rlim_cur = bytes;
+        setrlimit(RLIMIT_FSIZE, &limited);
+    }
+    ~FileSizeLimit() {
+        setrlimit(RLIMIT_FSIZE, &saved);
+        std::signal(SIGXFSZ, savedHandler);
+    }
+};
+
 // Types each character as a key press and release carrying that text.
 inline void typeText(QWidget* target, const QString& text) {
     for (const QChar c : text) {

@@ -64,6 +64,10 @@ void loadSchedule(Context& ctx, const QString& fileName) {
     if (!record_file::readText(path, text, readError))
         return;
 
+    // A row that falls due while a long load runs is armed all the same: the tick then rings it in its second
+    // or reports it as slipped, so no schedule is too large for its alarms.
+    const QString loadDay = ctx.clock.dateText();
+    const QString loadTime = ctx.clock.timeText();
     ctx.eventList.clear();
     ctx.eventList.beginBulk();
     QStringList armed;
@@ -99,7 +103,7 @@ void loadSchedule(Context& ctx, const QString& fileName) {
             ctx.eventList.insertRow(mark, date + QLatin1Char('-') + time, message, false);
             today = ctx.clock.dateText();
             now = ctx.clock.timeText();
-            if (date == today && time > now) {
+            if ((date == today && time > now) || (date == loadDay && time > loadTime)) {
                 ctx.tick.on = true;
                 armed.append(alarm_event::todayRow(word, time));
                 if (!message.isEmpty())

@@ -3,10 +3,39 @@
 #include <QLocale>
 
 QString Clock::dateText() const {
-    return ::dateText(now());
+    refreshTexts();
+    return m_dateText;
 }
+
 QString Clock::timeText() const {
-    return ::timeText(now());
+    refreshTexts();
+    return m_timeText;
+}
+
+void Clock::refreshTexts() const {
+    const QDateTime t = now();
+    const qint64 day = t.date().toJulianDay();
+    const int second = t.time().msecsSinceStartOfDay() / 1000;
+    if (day == m_textDay && second == m_textSecond)
+        return;
+    m_textDay = day;
+    m_textSecond = second;
+    m_dateText = ::dateText(t);
+    m_timeText = ::timeText(t);
+}
+
+QDateTime SystemClock::now() const {
+    const qint64 ms = QDateTime::currentMSecsSinceEpoch();
+    const qint64 second = ms >= 0 ? ms / 1000 : (ms - 999) / 1000;
+    if (second != m_offsetSecond) {
+        m_offset = localOffset(ms);
+        m_offsetSecond = second;
+    }
+    return QDateTime::fromMSecsSinceEpoch(ms, Qt::OffsetFromUTC, m_offset);
+}
+
+int SystemClock::localOffset(qint64 msecsSinceEpoch) const {
+    return QDateTime::fromMSecsSinceEpoch(msecsSinceEpoch, Qt::LocalTime).offsetFromUtc();
 }
 
 namespace {

@@ -3,26 +3,54 @@
 #include <QDateTime>
 #include <QString>
 
+#include <limits>
+
 // The one source of the present moment, so tests can drive the tick through any second.
 class Clock {
 public:
     virtual ~Clock() = default;
     virtual QDateTime now() const = 0;
 
-    // "yyyy/mm/dd" and "hh:mm:ss" (24-hour), the forms every comparison uses.
+    // "yyyy/mm/dd" and "hh:mm:ss" (24-hour), the forms every comparison uses. The present moment is asked for
+    // anew on every call; the texts are formatted again only when its second has changed.
     QString dateText() const;
     QString timeText() const;
+
+private:
+    void refreshTexts() const;
+    mutable qint64 m_textDay = -1;
+    mutable int m_textSecond = -1;
+    mutable QString m_dateText;
+    mutable QString m_timeText;
 };
 
+// The system's clock in the local zone. The zone's offset is looked up at most once a second of universal
+// time (within one such second it cannot change): a lookup may cost a file system call, and a schedule load
+// asks for the present moment for every record.
 class SystemClock : public Clock {
 public:
-    QDateTime now() const override { return QDateTime::currentDateTime(); }
+    QDateTime now() const override;
+
+protected:
+    // The local zone's offset from universal time at this moment, in seconds.
+    virtual int localOffset(qint64 msecsSinceEpoch) const;
+
+private:
+    mutable qint64 m_offsetSecond = std::numeric_limits<qint64>::min();
+    mutable int m_offset = 0;
 };
 
 class FakeClock : public Clock {
 public:
     explicit FakeClock(QDateTime start = QDateTime(QDate(2002, 5, 1), QTime(8, 0, 0))) : m_now(start) {}
-    QDateTime now() const override { return m_now; }
+    // Each reading moves the clock on by the step, as time passes during long work (0 by default).
+    QDateTime now() const override {
+        const QDateTime t = m_now;
+        if (m_step)
+            m_now = m_now.addMSecs(m_step);
+        return t;
+    }
+    void setStepPerReading(qint64 ms) { m_step = ms; }
     void set(const QDateTime& t) { m_now = t; }
     void set(int y, int mo, int d, int h, int mi, int s, int ms = 0) {
         m_now = QDateTime(QDate(y, mo, d), QTime(h, mi, s, ms));
@@ -30,7 +58,8 @@ public:
     void advanceMs(qint64 ms) { m_now = m_now.addMSecs(ms); }
 
 private:
-    QDateTime m_now;
+    mutable QDateTime m_now;
+    qint64 m_step = 0;
 };
 
 // Text forms of a moment.

@@ -25,3 +25,7 @@ public:
 // The fixed place of the copy of air.mid that the midi device opens: a folder of this user only,
 // $XDG_RUNTIME_DIR/bellwick/ when there is one, else bellwick/ in the user's cache folder.
 QString fixedMidiCopyPath();
+
+// Whether these bytes are a midi file a player can sound: a standard midi file ("MThd" with at least one track
+// and a first track chunk that fits in the file), bare or wrapped in a RIFF "RMID" file.
+bool isPlayableMidi(const QByteArray& bytes);

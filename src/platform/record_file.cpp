@@ -3,6 +3,7 @@
 #include "platform/cp1252.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 
 #include <cerrno>
@@ -70,19 +71,23 @@ bool readText(const QString& path, QString& text, FileError& error) {
 }
 
 bool appendRecords(const QString& path, const QStringList& records, FileError& error) {
-    QFile file(path);
-    errno = 0;
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Append)) {
-        error = errorFromErrno(errno);
-        return false;
+    // Appending in place leaves a partial record when the disk fills; the file is written anew instead.
+    QByteArray data;
+    if (QFileInfo::exists(path)) {
+        QFile file(path);
+        errno = 0;
+        if (!file.open(QIODevice::ReadOnly)) {
+            error = errorFromErrno(errno);
+            return false;
+        }
+        data = file.readAll();
+        if (file.error() != QFileDevice::NoError) {
+            error = errorFromErrno(errno ? errno : EIO);
+            return false;
+        }
     }
-    const QByteArray data = encodeAll(records);
-    errno = 0;
-    if (file.write(data) != data.size() || !file.flush()) {
-        error = errorFromErrno(errno ? errno : EIO);
-        return false;
-    }
-    return true;
+    data.append(encodeAll(records));
+    return rewriteBytes(path, data, error);
 }
 
 bool rewriteRecords(const QString& path, const QStringList& records, FileError& error) {
@@ -92,12 +97,14 @@ bool rewriteRecords(const QString& path, const QStringList& records, FileError& 
 bool rewriteBytes(const QString& path, const QByteArray& data, FileError& error) {
     QSaveFile file(path);
     errno = 0;
-    if (!file.open(QIODevice::WriteOnly)) {
+    // Unbuffered, so a short write shows here: a write held in Qt's buffer fails only at commit, which does
+    // not always tell, and would put a cut file in place of the whole one.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         error = errorFromErrno(errno);
         return false;
     }
     errno = 0;
-    if (file.write(data) != data.size()) {
+    if (file.write(data) != data.size() || !file.flush()) {
         error = errorFromErrno(errno ? errno : EIO);
         file.cancelWriting();
         return false;

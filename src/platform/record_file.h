@@ -22,7 +22,8 @@ void appendRecord(QByteArray& out, std::initializer_list<QStringView> parts);
 
 // Whole contents as text; false with error set when the file cannot be read.
 bool readText(const QString& path, QString& text, FileError& error);
-// Appends records, creating the file when missing.
+// Appends records, creating the file when missing. The file is written anew through a temporary file, so a
+// failure (a full disk, a kill) leaves the old file whole.
 bool appendRecords(const QString& path, const QStringList& records, FileError& error);
 // Replaces the file with these records through a temporary file and a rename, so a crash leaves
 // the old or the new file whole.

@@ -1,9 +1,10 @@
 #include "settings/autostart.h"
 
+#include "platform/record_file.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 
@@ -62,15 +63,8 @@ bool install(const QString& programPath) {
     const QString path = entryPath();
     if (!QDir().mkpath(QFileInfo(path).absolutePath()))
         return false;
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
-    const QByteArray bytes = desktopEntry(programPath);
-    if (file.write(bytes) != bytes.size()) {
-        file.cancelWriting();
-        return false;
-    }
-    return file.commit();
+    FileError error;
+    return record_file::rewriteBytes(path, desktopEntry(programPath), error);
 }
 
 bool remove() {

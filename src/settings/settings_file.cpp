@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QtEndian>
 
+#include <algorithm>
 #include <cstring>
 
 #include <cerrno>
@@ -57,7 +58,27 @@ bool SettingsFile::openForReading(const QString& appPath) {
 }
 
 bool SettingsFile::openForWriting(const QString& appPath) {
-    return open(appPath, QIODevice::ReadWrite);
+    close();
+    m_writePath = path(appPath);
+    m_writeBytes.clear();
+    m_changed = false;
+    // The records are changed in memory and the file written anew at close, so a full disk or a kill leaves
+    // the old file whole.
+    if (QFileInfo::exists(m_writePath)) {
+        QFile file(m_writePath);
+        errno = 0;
+        if (!file.open(QIODevice::ReadOnly)) {
+            m_error = lastSystemError();
+            return false;
+        }
+        m_writeBytes = file.readAll();
+        if (file.error() != QFileDevice::NoError) {
+            m_error = lastSystemError();
+            return false;
+        }
+    }
+    m_writing = true;
+    return true;
 }
 
 bool SettingsFile::open(const QString& appPath, QIODevice::OpenMode mode) {
@@ -74,10 +95,17 @@ bool SettingsFile::open(const QString& appPath, QIODevice::OpenMode mode) {
 void SettingsFile::close() {
     if (m_file.isOpen())
         m_file.close();
+    if (!m_writing)
+        return;
+    m_writing = false;
+    FileError error;
+    if (m_changed && !record_file::rewriteBytes(m_writePath, m_writeBytes, error))
+        m_error = error;
+    m_writeBytes.clear();
 }
 
 bool SettingsFile::usable(int n) {
-    if (!m_file.isOpen()) {
+    if (!m_file.isOpen() && !m_writing) {
         m_error = kBadFileNumber;
         return false;
     }
@@ -93,6 +121,11 @@ void SettingsFile::read(int n, SettingRecord& rec) {
     if (!usable(n))
         return;
     const qint64 offset = offsetOf(n);
+    if (m_writing) {
+        if (offset < m_writeBytes.size())
+            rec = decode(m_writeBytes.mid(offset, SettingRecord::kLength));
+        return;
+    }
     if (offset >= m_file.size())
         return;
     errno = 0;
@@ -112,18 +145,14 @@ void SettingsFile::read(int n, SettingRecord& rec) {
 void SettingsFile::write(int n, const SettingRecord& rec) {
     if (!usable(n))
         return;
-    const qint64 offset = offsetOf(n);
-    errno = 0;
-    // Fill a gap explicitly, so unwritten records are zero bytes on every file system.
-    if (m_file.size() < offset && !m_file.resize(offset)) {
-        m_error = lastSystemError();
-        m_file.unsetError();
+    if (!m_writing) {
+        m_error = kBadFileNumber;
         return;
     }
-    const QByteArray bytes = encode(rec);
-    errno = 0;
-    if (!m_file.seek(offset) || m_file.write(bytes) != bytes.size() || !m_file.flush()) {
-        m_error = lastSystemError();
-        m_file.unsetError();
-    }
+    const qint64 offset = offsetOf(n);
+    // A gap before the record is zero bytes.
+    if (m_writeBytes.size() < offset + SettingRecord::kLength)
+        m_writeBytes.resize(std::max<qint64>(m_writeBytes.size(), offset + SettingRecord::kLength), '\0');
+    m_writeBytes.replace(offset, SettingRecord::kLength, encode(rec));
+    m_changed = true;
 }

@@ -18,7 +18,8 @@ public:
     // Bytes missing at the end (a record cut by the end of the file) read as zero bytes.
     static SettingRecord decode(const QByteArray& bytes);
 
-    // Readers open read-only; writers open for writing, which creates the file.
+    // Readers open read-only. Writers open for writing and change the records in memory; close writes the
+    // whole file anew through a temporary file, so it is never left half written.
     bool openForReading(const QString& appPath);
     bool openForWriting(const QString& appPath);
     void close();
@@ -36,4 +37,9 @@ private:
 
     QFile m_file;
     FileError m_error;
+    // Open for writing: the file's bytes as they will be written at close.
+    bool m_writing = false;
+    bool m_changed = false;
+    QString m_writePath;
+    QByteArray m_writeBytes;
 };

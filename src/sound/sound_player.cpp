@@ -3,6 +3,7 @@
 #include "engine/context.h"
 #include "platform/mci_commands.h"
 #include "platform/numeric.h"
+#include "platform/record_file.h"
 #include "platform/speaker_ports.h"
 #include "platform/wave_output.h"
 #include "sound/notices.h"
@@ -12,7 +13,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace {
 
@@ -27,15 +27,11 @@ void copyOver(const QString& from, const QString& to) {
     if (!QDir().mkpath(folder))
         return;
     QFile::setPermissions(folder, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
-    QSaveFile target(to);
-    if (!target.open(QIODevice::WriteOnly))
-        return;
     const QByteArray bytes = source.readAll();
-    if (source.error() != QFileDevice::NoError || target.write(bytes) != bytes.size()) {
-        target.cancelWriting();
+    if (source.error() != QFileDevice::NoError)
         return;
-    }
-    target.commit();
+    FileError error;
+    record_file::rewriteBytes(to, bytes, error);
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "engine/alarm_tick.h"
 #include "engine/schedule_file.h"
 #include "fakes.h"
 
@@ -141,4 +142,26 @@ TEST_F(ScheduleFile, SortingPutsNewRowsAheadOfEqualTimesAndSelectsThem) {
     EXPECT_EQ(today(), QStringList({"twice 07:00:00", "twice 08:00:00", "thrice 09:00:00", "once 09:00:00",
                                     "thrice 09:00:00", "once 09:00:00", "repeat 10:00:00"}));
     EXPECT_EQ(ctx.today.alarms.currentIndex(), 2);
+}
+
+TEST_F(ScheduleFile, ARowThatFallsDueWhileALongLoadRunsIsArmedAndReportedAsSlipped) {
+    QByteArray file;
+    for (int i = 0; i < 2000; ++i)
+        file += quotedRecord(QStringLiteral("2002/06/%1once09:00:00").arg(i % 28 + 1, 2, 10, QChar('0')).toLatin1());
+    writeFile("future.dat", file + quotedRecord("midnight check2002/05/02once00:00:05"));
+    // The reload at the turn of the day, on a clock that moves on a little at every reading.
+    clock.set(2002, 5, 2, 0, 0, 0);
+    clock.setStepPerReading(3);
+    loadSchedule(ctx, "future.dat");
+    clock.setStepPerReading(0);
+    ASSERT_GT(clock.now(), QDateTime(QDate(2002, 5, 2), QTime(0, 0, 5)));
+    EXPECT_EQ(today(), QStringList{"once 00:00:05"});
+    EXPECT_EQ(ctx.today.messages.items(), QStringList{"midnight check at 00:00:05"});
+
+    // Its minute over, the tick reports it.
+    clock.set(2002, 5, 2, 0, 1, 0);
+    AlarmTick tick(ctx);
+    tick.onTick();
+    EXPECT_EQ(notices.alarmWindows, QStringList({"alarm at 00:00:05", "midnight check at 00:00:05"}));
+    EXPECT_TRUE(today().isEmpty());
 }

@@ -7,9 +7,6 @@
 #include <QRandomGenerator>
 #include <gtest/gtest.h>
 
-#include <csignal>
-#include <sys/resource.h>
-
 namespace {
 
 struct SaveAllEventsTest : ::testing::Test, EngineFixture {
@@ -17,23 +14,6 @@ struct SaveAllEventsTest : ::testing::Test, EngineFixture {
         for (int i = 0; i < n; ++i)
             ctx.eventList.insertRow("=", QStringLiteral("2002/05/%1-08:30:00").arg(i % 28 + 1, 2, 10, QChar('0')),
                                     QStringLiteral("Message number %1").arg(i), false);
-    }
-};
-
-// Holds the size any file of this process may grow to, as a full disk would, for the life of the object.
-struct FileSizeLimit {
-    rlimit saved{};
-    void (*savedHandler)(int) = nullptr;
-    explicit FileSizeLimit(rlim_t bytes) {
-        getrlimit(RLIMIT_FSIZE, &saved);
-        savedHandler = std::signal(SIGXFSZ, SIG_IGN);
-        rlimit limited = saved;
-        limited.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &limited);
-    }
-    ~FileSizeLimit() {
-        setrlimit(RLIMIT_FSIZE, &saved);
-        std::signal(SIGXFSZ, savedHandler);
     }
 };
 

@@ -173,6 +173,39 @@ TEST(AudioOutputTest, NoDeviceMeansTheFallbackPath) {
     EXPECT_LT(clock.elapsed(), 3000);
 }
 
+TEST(AudioOutputTest, AMidiFileThatIsNoMidiGivesTheBox) {
+    AudioDriver driver("dummy");
+    SoundFixture f;
+    writeBytes(f.ctx.soundChoice.songPath, "not audio");
+    writeBytes(f.ctx.appFile(QStringLiteral("air.mid")), "not a midi file either");
+    {
+        LinuxSoundDevices outputs;
+        SoundDevices devices = outputs.devices();
+        devices.midiCopyPath = f.dir.filePath(QStringLiteral("run/air.mid"));
+        SoundPlayer player(f.ctx, devices);
+        player.playAlarm(QStringLiteral("once"), f.ctx.soundChoice.songPath);
+        player.stopSounds();
+    }
+    EXPECT_EQ(f.log, (QStringList{QStringLiteral("timer off"),
+                                  QStringLiteral("box Error found, Sound cannot be played, alarm at 07:30:00 tray=0"),
+                                  QStringLiteral("timer on")}));
+
+    // The check passes our own air.mid, bare or inside a RIFF "RMID" file, and nothing cut short.
+    const QByteArray air = readBytes(kData + QStringLiteral("/air.mid"));
+    EXPECT_TRUE(isPlayableMidi(air));
+    auto le32 = [](qsizetype v) {
+        QByteArray b(4, '\0');
+        for (int i = 0; i < 4; ++i)
+            b[i] = char((v >> (8 * i)) & 0xFF);
+        return b;
+    };
+    const QByteArray padded = air + QByteArray(air.size() & 1, '\0');
+    EXPECT_TRUE(isPlayableMidi("RIFF" + le32(padded.size() + 12) + "RMID" + "data" + le32(air.size()) + padded));
+    EXPECT_FALSE(isPlayableMidi(air.left(14)));
+    EXPECT_FALSE(isPlayableMidi(air.left(25)));
+    EXPECT_FALSE(isPlayableMidi("RIFF" + le32(4) + "RMID"));
+}
+
 TEST(AudioOutputTest, FileThatIsNotAudioCannotBePlayed) {
     AudioDriver driver("dummy");
     QTemporaryDir dir;

@@ -4,6 +4,7 @@
 #include "platform/linux/sdl_audio.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <SDL_mixer.h>
 
 SdlMidiSequencer::~SdlMidiSequencer() {
@@ -16,6 +17,13 @@ bool SdlMidiSequencer::open(const QString& path) {
         m_error = m_audio.error();
         return false;
     }
+    // The player takes a file that is no midi at all and then plays silence without a word: look first.
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || !isPlayableMidi(file.readAll())) {
+        m_error = QStringLiteral("Not a midi file that can be played: ") + path;
+        return false;
+    }
+    file.close();
     m_music = Mix_LoadMUS(QFile::encodeName(path).constData());
     if (!m_music) {
         m_error = QString::fromUtf8(Mix_GetError());

@@ -1,0 +1,72 @@
+// Every writer of the program's files on a disk that fills up: the old file stays whole, nothing half written
+// is left in the folder, and the user hears of it where the writer reports at all.
+#include "datafiles/data_file.h"
+#include "engine/schedule_file.h"
+#include "fakes.h"
+#include "settings/settings_records.h"
+
+#include <QDir>
+#include <gtest/gtest.h>
+
+namespace {
+
+struct FullDisk : ::testing::Test, EngineFixture {
+    QByteArray fill(const QString& name, const QByteArray& bytes) {
+        writeFile(name, bytes);
+        return bytes;
+    }
+    QStringList folder() const { return QDir(dir.path()).entryList(QDir::Files); }
+};
+
+QByteArray scheduleOf(int records) {
+    QByteArray out;
+    for (int i = 0; i < records; ++i)
+        out += quotedRecord(QStringLiteral("event %1 2002/06/01once09:00:00").arg(i).toLatin1());
+    return out;
+}
+
+} // namespace
+
+TEST_F(FullDisk, AnAppendLeavesTheScheduleWholeAndTheNextOneReadsBack) {
+    const QByteArray old = fill("future.dat", scheduleOf(100));
+    ctx.entry.date = "2002/05/09";
+    ctx.newEvent = {"08:30:00", "once", "-", false, false};
+    {
+        // Room for the file as it stands and a few bytes more, as on a disk with a little space left.
+        FileSizeLimit limit(old.size() + 10);
+        appendToSchedule(ctx, "Dentist");
+    }
+    EXPECT_EQ(readFile("future.dat"), old);
+    EXPECT_EQ(folder(), QStringList{"future.dat"});
+    ASSERT_EQ(notices.warnings.size(), 1);
+    EXPECT_TRUE(notices.warnings[0].startsWith("Error occurred when saving alarm events to disk, data may be lost, "));
+    // The event still stands in the list; with room again the next one lands whole.
+    EXPECT_EQ(ctx.eventList.rows.count(), 1);
+    appendToSchedule(ctx, "Walk");
+    EXPECT_EQ(readFile("future.dat"), old + quotedRecord("Walk2002/05/09once08:30:00"));
+    loadSchedule(ctx, "future.dat");
+    EXPECT_EQ(ctx.eventList.rows.count(), 101);
+    EXPECT_TRUE(notices.errorLists.empty());
+}
+
+TEST_F(FullDisk, SettingsAndDataFilesStayWhole) {
+    const QByteArray ini = fill("tolm.ini", settingBytes("[TimeInputLoc]", 1, 2, "", 0) + settingBytes("", 0, 0, ""));
+    {
+        FileSizeLimit limit(ini.size() + 10);
+        EXPECT_FALSE(settings_records::writeFontSizeOfClock(ctx.folder, 11)); // record 11, past the end
+        EXPECT_FALSE(settings_records::writeSongName(ctx, "a song"));         // through the shared buffer
+    }
+    EXPECT_EQ(readFile("tolm.ini"), ini);
+
+    const QByteArray day = fill("my.dat", quotedRecord("once 09:00:00"));
+    for (int i = 0; i < 50; ++i)
+        ctx.today.alarms.addItem(QStringLiteral("twice 10:%1:00").arg(i, 2, 10, QChar('0')));
+    {
+        FileSizeLimit limit(day.size() + 10);
+        writeDataFile(ctx, "my.dat");
+    }
+    EXPECT_EQ(readFile("my.dat"), day);
+    EXPECT_EQ(folder(), QStringList({"my.dat", "tolm.ini"}));
+    ASSERT_EQ(notices.warnings.size(), 1);
+    EXPECT_TRUE(notices.warnings[0].startsWith("Error occurred when saving alarm events to disk, data may be lost, "));
+}
