@@ -39,7 +39,7 @@ struct Result {
 
 Result measure(int events) {
     QTemporaryDir dir;
-    FakeClock clock(QDateTime(QDate(2026, 11, 23), QTime(12, 0, 0)));
+    SystemClock clock;
     NullNotices notices;
     NullSound sound;
     Context ctx(clock, notices, sound);

@@ -12,19 +12,9 @@ sizes=("$@")
 here="$(cd "$(dirname "$0")" && pwd)"
 faketime_lib=$(find /usr/lib -name libfaketime.so.1 2>/dev/null | head -1)
 [ -n "$faketime_lib" ] || { echo "libfaketime is missing: apt-get install faketime" >&2; exit 2; }
-work=$(mktemp -d)
-pids=()
-cleanup() {
-    for p in "${pids[@]}"; do kill "$p" 2>/dev/null; done
-    rm -rf "$work"
-}
-trap cleanup EXIT
-fail() { echo "FAIL: $*" >&2; exit 1; }
 # shellcheck source=../tests/e2e/desktop_env.sh
 source "$here/../tests/e2e/desktop_env.sh"
-export XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work/run" HOME="$work/home"
-export QT_QPA_PLATFORM=xcb SDL_AUDIODRIVER=dummy
-mkdir -p "$HOME" && mkdir -m 700 "$XDG_RUNTIME_DIR"
+export SDL_AUDIODRIVER=dummy
 start_desktop 96
 
 tray_icon() {
@@ -39,7 +29,7 @@ since() { echo "$(now) - $1" | bc | xargs printf '%.2f'; }
 
 # <file> <events> <first day yyyy-mm-dd> [last record]: events spread over the year after the first day.
 make_schedule() {
-    awk -v n="$2" -v first="$3" -v last="$4" 'BEGIN {
+    awk -v n="$2" -v first="$3" -v last="${4:-}" 'BEGIN {
         srand(7); split(first, d, "-"); base = mktime(d[1] " " d[2] " " d[3] " 12 00 00");
         split("once twic thri repe", w, " ");
         for (i = 1; i <= n; i++) {

@@ -1,6 +1,18 @@
 #include "engine/alarm_event.h"
 
+#include "platform/cp1252.h"
+
 namespace alarm_event {
+
+namespace {
+// A double quote would end a schedule record early: from `from` on, each one becomes an apostrophe.
+void turnQuotes(QString& text, qsizetype from) {
+    for (qsizetype i = from; i < text.size(); ++i) {
+        if (text[i] == QLatin1Char('"'))
+            text[i] = QLatin1Char('\'');
+    }
+}
+} // namespace
 
 PlayForms fromWholeWord(const QString& word) {
     if (word == QLatin1String("twice"))
@@ -86,8 +98,30 @@ QString eventListRow(const QString& mark, const QString& dateTime, const QString
     row += QLatin1String("    ");
     row += dateTime;
     row += QLatin1String("        ");
-    row += scheduleMessage(message);
+    appendScheduleMessage(row, message);
     return row;
+}
+
+QString eventListRow(QChar mark, QLatin1String date, QLatin1String time, QLatin1String message) {
+    QString row;
+    row.reserve(kRowFixedLength + message.size());
+    row += QLatin1String("      ");
+    row += mark;
+    row += QLatin1String("    ");
+    appendFromCp1252(row, date);
+    row += QLatin1Char('-');
+    appendFromCp1252(row, time);
+    row += QLatin1String("        ");
+    const qsizetype start = row.size();
+    appendFromCp1252(row, message);
+    turnQuotes(row, start);
+    return row;
+}
+
+void appendScheduleMessage(QString& out, QStringView message) {
+    const qsizetype start = out.size();
+    out += message;
+    turnQuotes(out, start);
 }
 
 CrackedRow crackRow(const QString& row) {

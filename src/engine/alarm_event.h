@@ -52,6 +52,10 @@ inline QString messageOfMessageRow(const QString& row) {
 
 // Event-list row: 6 spaces, mark, 4 spaces, date-time (19), 8 spaces, message as the schedule holds it.
 QString eventListRow(const QString& mark, const QString& dateTime, const QString& message);
+// The same for a record just read, its fields still the file's Windows-1252 bytes.
+QString eventListRow(QChar mark, QLatin1String date, QLatin1String time, QLatin1String message);
+// Appends a message as the schedule holds it.
+void appendScheduleMessage(QString& out, QStringView message);
 
 struct CrackedRow {
     QString mark;    // 1 character

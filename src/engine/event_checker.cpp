@@ -27,18 +27,18 @@ void EventChecker::nextChimeMark(int16_t interval, int16_t& nextMark) const {
         nextMark = 0;
 }
 
-void EventChecker::checkAlarmRow(const QString& text, int16_t& flag) const {
+void EventChecker::checkAlarmRow(QStringView text, int16_t& flag) const {
     const qsizetype space = text.indexOf(QLatin1Char(' '));
-    const QStringView word = QStringView(text).left(space < 0 ? 0 : space);
+    const QStringView word = text.left(space < 0 ? 0 : space);
     const bool wordOk = word == QLatin1String("once") || word == QLatin1String("twice") ||
                         word == QLatin1String("thrice") || word == QLatin1String("repeat");
-    if (space < 0 || !wordOk || !isValidTime(QStringView(text).mid(space + 1)))
+    if (space < 0 || !wordOk || !isValidTime(text.mid(space + 1)))
         flag = 0;
 }
 
-void EventChecker::checkMessageRow(const QString& text, int16_t& flag) const {
-    if (text.size() <= 12 || QStringView(text).right(12).left(4) != QLatin1String(" at ") ||
-        !isValidTime(QStringView(text).right(8)))
+void EventChecker::checkMessageRow(QStringView text, int16_t& flag) const {
+    if (text.size() <= 12 || text.right(12).left(4) != QLatin1String(" at ") ||
+        !isValidTime(text.right(8)))
         flag = 0;
 }
 

@@ -10,9 +10,9 @@ public:
     void nextChimeMark(int16_t interval, int16_t& nextMark) const;
 
     // flag becomes 0 unless text is a whole play word, one space and a valid "hh:mm:ss".
-    void checkAlarmRow(const QString& text, int16_t& flag) const;
+    void checkAlarmRow(QStringView text, int16_t& flag) const;
     // flag becomes 0 unless text is a message, " at " and a valid "hh:mm:ss".
-    void checkMessageRow(const QString& text, int16_t& flag) const;
+    void checkMessageRow(QStringView text, int16_t& flag) const;
 
     // The state of the chime's check box and interval box, as startChime sees them.
     struct ChimeControls {

@@ -109,9 +109,56 @@ PackedKey pack(QStringView key, qsizetype index) {
     return p;
 }
 
+// Keys of one shape, as dates and times are: of equal length, and at every position either a digit in all of
+// them or one same character in all of them. Their digits read as one decimal number then order them as the
+// texts would, and a sort of plain numbers is several times faster than one of texts.
+bool digitsNumber(const std::vector<QStringView>& keys, std::vector<std::pair<uint64_t, qsizetype>>& numbers) {
+    if (keys.empty())
+        return false;
+    const QStringView first = keys.front();
+    int digits = 0;
+    for (const QChar c : first)
+        digits += c.isDigit() && c.unicode() < 128;
+    if (digits == 0 || digits > 19)
+        return false;
+    numbers.clear();
+    numbers.reserve(keys.size());
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        const QStringView k = keys[i];
+        if (k.size() != first.size())
+            return false;
+        uint64_t value = 0;
+        for (qsizetype j = 0; j < k.size(); ++j) {
+            const char16_t c = k[j].unicode();
+            const bool digit = c >= u'0' && c <= u'9';
+            const char16_t f = first[j].unicode();
+            if (digit != (f >= u'0' && f <= u'9'))
+                return false;
+            if (digit)
+                value = value * 10 + (c - u'0');
+            else if (c != f)
+                return false;
+        }
+        numbers.emplace_back(value, static_cast<qsizetype>(i));
+    }
+    return true;
+}
+
 } // namespace
 
 std::vector<qsizetype> ListModel::sortedOrder(const std::vector<QStringView>& keys) {
+    std::vector<std::pair<uint64_t, qsizetype>> numbers;
+    if (digitsNumber(keys, numbers)) {
+        // By key, then later arrivals first among equals.
+        std::sort(numbers.begin(), numbers.end(), [](const auto& a, const auto& b) {
+            return a.first < b.first || (a.first == b.first && a.second > b.second);
+        });
+        std::vector<qsizetype> order;
+        order.reserve(numbers.size());
+        for (const auto& n : numbers)
+            order.push_back(n.second);
+        return order;
+    }
     std::vector<PackedKey> packed;
     packed.reserve(keys.size());
     for (std::size_t i = 0; i < keys.size(); ++i)
@@ -130,7 +177,7 @@ std::vector<qsizetype> ListModel::sortedOrder(const std::vector<QStringView>& ke
     return order;
 }
 
-int ListModel::insertSortedBatch(const QStringList& newRows, const KeyOf& key, const std::vector<bool>& highlights) {
+int ListModel::insertSortedBatch(QStringList newRows, const KeyOf& key, const std::vector<bool>& highlights) {
     if (newRows.isEmpty())
         return -1;
     if (newRows.size() == 1) {
@@ -175,7 +222,8 @@ int ListModel::insertSortedBatch(const QStringList& newRows, const KeyOf& key, c
         }
         if (n == lastNew)
             lastNewAt = static_cast<int>(merged.size());
-        merged.append(newRows[n]);
+        // Moved, not copied: the key views stay valid, for the text itself does not move.
+        merged.append(std::move(newRows[n]));
         mergedHighlight.push_back(static_cast<std::size_t>(n) < highlights.size() && highlights[n]);
     }
     for (; oldPos < m_rows.size(); ++oldPos) {

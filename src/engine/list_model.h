@@ -41,7 +41,7 @@ public:
     // of the first row whose key is not less than its own: equal keys end up latest-added first.
     // Returns the final index of the last of the new rows, -1 when there were none.
     using KeyOf = std::function<QStringView(const QString&)>;
-    int insertSortedBatch(const QStringList& newRows, const KeyOf& key, const std::vector<bool>& highlights = {});
+    int insertSortedBatch(QStringList newRows, const KeyOf& key, const std::vector<bool>& highlights = {});
     // The index ahead of which a row of this key goes (binary search; rows must be in key order).
     int sortedInsertPosition(QStringView newKey, const KeyOf& key) const;
 

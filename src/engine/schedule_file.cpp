@@ -4,6 +4,7 @@
 #include "engine/context.h"
 #include "engine/event_checker.h"
 #include "platform/clock.h"
+#include "platform/cp1252.h"
 #include "platform/field_reader.h"
 #include "platform/numeric.h"
 #include "platform/record_file.h"
@@ -15,9 +16,24 @@ namespace {
 QStringView todayRowTime(const QString& row) {
     return alarm_event::timeOf(row);
 }
+
+QString decoded(QLatin1String bytes) {
+    QString text;
+    appendFromCp1252(text, bytes);
+    return text;
+}
+
+// The 4-letter play word of a record read from the file.
+bool fromShortWord(QLatin1String bytes, QString& word, QChar& mark) {
+    QChar letters[4];
+    const qsizetype n = std::min<qsizetype>(bytes.size(), 4);
+    for (qsizetype i = 0; i < n; ++i)
+        letters[i] = QChar(static_cast<uchar>(bytes[i].toLatin1()));
+    return alarm_event::fromShortWord(QStringView(letters, n), word, mark);
+}
 } // namespace
 
-void filterTodayRow(const QString& rowText, bool& valid) {
+void filterTodayRow(QStringView rowText, bool& valid) {
     int16_t flag = 1;
     EventChecker().checkAlarmRow(rowText, flag);
     if (flag == 0)
@@ -59,9 +75,9 @@ void loadSchedule(Context& ctx, const QString& fileName) {
     if (!QFileInfo::exists(path))
         return;
     // A file that cannot be read leaves everything as it stood.
-    QString text;
+    QByteArray bytes;
     FileError readError;
-    if (!record_file::readText(path, text, readError))
+    if (!record_file::readBytes(path, bytes, readError))
         return;
 
     // A row that falls due while a long load runs is armed all the same: the tick then rings it in its second
@@ -69,45 +85,55 @@ void loadSchedule(Context& ctx, const QString& fileName) {
     const QString loadDay = ctx.clock.dateText();
     const QString loadTime = ctx.clock.timeText();
     ctx.eventList.clear();
-    ctx.eventList.beginBulk();
+    ctx.eventList.beginBulk(bytes.count('\n'));
     QStringList armed;
     ErrorList* errors = nullptr;
     QString word;
-    QString message;
-    QString& mark = ctx.newEvent.mark;
+    QLatin1String message;
+    // The mark survives from record to record, as the word does; it is left in the event being entered.
+    QChar mark = ctx.newEvent.mark.isEmpty() ? QChar() : ctx.newEvent.mark.front();
+    QString rowText;
 
-    FieldReader reader(text);
+    // Views into the file's bytes: a schedule of a million records must not cost a copy of each field, nor
+    // one of the whole file as text.
+    ByteFieldReader reader(std::move(bytes));
     while (!reader.atEnd()) {
-        QString line = reader.next();
+        QLatin1String line = reader.nextView();
         if (line.size() == alarm_event::kTailLength) {
-            message.clear();
+            message = QLatin1String();
         } else if (line.size() > alarm_event::kTailLength) {
             message = line.left(line.size() - alarm_event::kTailLength);
             line = line.right(alarm_event::kTailLength);
         }
-        const QString date = line.left(10);
-        const QString play = line.mid(10, 4);
-        const QString time = line.right(8);
+        const QLatin1String date = line.left(10);
+        const QLatin1String play = line.mid(10, 4);
+        const QLatin1String time = line.right(8);
         QChar newMark;
-        if (alarm_event::fromShortWord(play, word, newMark))
+        if (fromShortWord(play, word, newMark))
             mark = newMark;
 
+        // The file's bytes compare with these texts as their decoded characters would: both are plain ASCII
+        // wherever they can be equal.
         QString today = ctx.clock.dateText();
         QString now = ctx.clock.timeText();
-        if (date < today || (date == today && time < now))
-            mark = QStringLiteral("x");
+        if (today.compare(date) > 0 || (today == date && now.compare(time) > 0))
+            mark = QLatin1Char('x');
 
         ctx.newEvent.lineValid = true;
-        filterTodayRow(alarm_event::todayRow(word, time), ctx.newEvent.lineValid);
+        rowText.resize(0); // keeps its room from record to record
+        rowText += word;
+        rowText += QLatin1Char(' ');
+        rowText += time;
+        filterTodayRow(rowText, ctx.newEvent.lineValid);
         if (ctx.newEvent.lineValid) {
-            ctx.eventList.insertRow(mark, date + QLatin1Char('-') + time, message, false);
+            ctx.eventList.insertRow(alarm_event::eventListRow(mark, date, time, message), false);
             today = ctx.clock.dateText();
             now = ctx.clock.timeText();
-            if ((date == today && time > now) || (date == loadDay && time > loadTime)) {
+            if ((today == date && now.compare(time) < 0) || (loadDay == date && loadTime.compare(time) < 0)) {
                 ctx.tick.on = true;
-                armed.append(alarm_event::todayRow(word, time));
+                armed.append(rowText);
                 if (!message.isEmpty())
-                    ctx.today.messages.addItem(alarm_event::messageRow(message, time));
+                    ctx.today.messages.addItem(alarm_event::messageRow(decoded(message), decoded(time)));
             }
             continue;
         }
@@ -123,6 +149,8 @@ void loadSchedule(Context& ctx, const QString& fileName) {
         }
         ++errorCount;
     }
+    if (!mark.isNull())
+        ctx.newEvent.mark = mark;
     ctx.eventList.endBulk();
     insertTodayRows(ctx, armed);
     ctx.tick.haveAlarms = ctx.today.alarms.count() > 0;

@@ -11,7 +11,7 @@ void loadSchedule(Context& ctx, const QString& fileName);
 void appendToSchedule(Context& ctx, const QString& message);
 
 // The validity test of a today row: valid becomes false when the row is bad, and is never set true.
-void filterTodayRow(const QString& rowText, bool& valid);
+void filterTodayRow(QStringView rowText, bool& valid);
 // Inserts a today row into todayList at its place by time, ahead of rows of an equal time, and selects it.
 void insertTodayRow(Context& ctx, const QString& alarmTime, const QString& playWord, bool acceptSameTime);
 // The same for many rows at once, as if each were inserted in turn.

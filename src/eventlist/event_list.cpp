@@ -10,7 +10,10 @@ QStringView dateTimeKey(const QString& row) {
 
 void EventList::insertRow(const QString& markText, const QString& dateTime, const QString& messageText,
                           bool highlight) {
-    const QString row = alarm_event::eventListRow(markText, dateTime, messageText);
+    insertRow(alarm_event::eventListRow(markText, dateTime, messageText), highlight);
+}
+
+void EventList::insertRow(const QString& row, bool highlight) {
     if (m_bulk) {
         m_pending.append(row);
         m_pendingHighlight.push_back(highlight);
@@ -60,17 +63,19 @@ bool EventList::saveToFile(const QString& path, FileError& error) const {
     return record_file::rewriteBytes(path, scheduleBytes(), error);
 }
 
-void EventList::beginBulk() {
+void EventList::beginBulk(qsizetype expectedRows) {
     m_bulk = true;
+    m_pending.reserve(expectedRows);
+    m_pendingHighlight.reserve(static_cast<std::size_t>(expectedRows));
 }
 
 void EventList::endBulk() {
     m_bulk = false;
     if (m_pending.isEmpty())
         return;
-    const QStringList pending = std::move(m_pending);
+    QStringList pending = std::move(m_pending);
     const std::vector<bool> highlights = std::move(m_pendingHighlight);
     m_pending.clear();
     m_pendingHighlight.clear();
-    rows.insertSortedBatch(pending, dateTimeKey, highlights);
+    rows.insertSortedBatch(std::move(pending), dateTimeKey, highlights);
 }

@@ -11,6 +11,8 @@ class EventList {
 public:
     // Inserts one row ahead of the first row of an equal or later date-time, highlighted or not.
     void insertRow(const QString& markText, const QString& dateTime, const QString& messageText, bool highlight);
+    // Inserts a row made already (as by alarm_event::eventListRow).
+    void insertRow(const QString& row, bool highlight);
     void clear();
     // Removes the first highlighted row, if any.
     void removeFirstHighlighted();
@@ -30,7 +32,7 @@ public:
     QByteArray scheduleBytes() const;
 
     // While a whole file is read, rows are gathered and put in order once at the end.
-    void beginBulk();
+    void beginBulk(qsizetype expectedRows = 0);
     void endBulk();
 
     ListModel rows;

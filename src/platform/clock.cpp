@@ -12,21 +12,34 @@ QString Clock::timeText() const {
     return m_timeText;
 }
 
-void Clock::refreshTexts() const {
+qint64 Clock::secondKey() const {
     const QDateTime t = now();
-    const qint64 day = t.date().toJulianDay();
-    const int second = t.time().msecsSinceStartOfDay() / 1000;
-    if (day == m_textDay && second == m_textSecond)
+    return t.date().toJulianDay() * 86400 + t.time().msecsSinceStartOfDay() / 1000;
+}
+
+void Clock::refreshTexts() const {
+    const qint64 key = secondKey();
+    if (key == m_textKey)
         return;
-    m_textDay = day;
-    m_textSecond = second;
+    m_textKey = key;
+    const QDateTime t = now();
     m_dateText = ::dateText(t);
     m_timeText = ::timeText(t);
 }
 
+namespace {
+qint64 floorSecond(qint64 msecsSinceEpoch) {
+    return msecsSinceEpoch >= 0 ? msecsSinceEpoch / 1000 : (msecsSinceEpoch - 999) / 1000;
+}
+} // namespace
+
+qint64 SystemClock::secondKey() const {
+    return floorSecond(QDateTime::currentMSecsSinceEpoch());
+}
+
 QDateTime SystemClock::now() const {
     const qint64 ms = QDateTime::currentMSecsSinceEpoch();
-    const qint64 second = ms >= 0 ? ms / 1000 : (ms - 999) / 1000;
+    const qint64 second = floorSecond(ms);
     if (second != m_offsetSecond) {
         m_offset = localOffset(ms);
         m_offsetSecond = second;

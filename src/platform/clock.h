@@ -16,10 +16,13 @@ public:
     QString dateText() const;
     QString timeText() const;
 
+protected:
+    // A number that changes with the present second (and with nothing else that shows in the texts).
+    virtual qint64 secondKey() const;
+
 private:
     void refreshTexts() const;
-    mutable qint64 m_textDay = -1;
-    mutable int m_textSecond = -1;
+    mutable qint64 m_textKey = std::numeric_limits<qint64>::min();
     mutable QString m_dateText;
     mutable QString m_timeText;
 };
@@ -32,6 +35,7 @@ public:
     QDateTime now() const override;
 
 protected:
+    qint64 secondKey() const override;
     // The local zone's offset from universal time at this moment, in seconds.
     virtual int localOffset(qint64 msecsSinceEpoch) const;
 

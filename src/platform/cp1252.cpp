@@ -37,13 +37,30 @@ void appendCp1252(QByteArray& out, QStringView text) {
         *dst++ = encodeOne(c.unicode());
 }
 
+void appendFromCp1252(QString& out, QLatin1String bytes) {
+    const qsizetype start = out.size();
+    out += bytes;
+    QChar* dst = out.data() + start;
+    for (qsizetype i = 0; i < bytes.size(); ++i) {
+        const auto u = static_cast<unsigned char>(bytes[i].toLatin1());
+        if (static_cast<unsigned char>(u - 0x80) < 0x20)
+            dst[i] = QChar(kHigh[u - 0x80]);
+    }
+}
+
 QString fromCp1252(const QByteArray& bytes) {
-    QString out;
-    out.resize(bytes.size());
+    // Latin-1 but for 0x80..0x9F: convert the fast way, then mend those few, if any.
+    QString out = QString::fromLatin1(bytes);
+    const auto* in = reinterpret_cast<const unsigned char*>(bytes.constData());
+    bool any = false;
+    for (qsizetype i = 0; i < bytes.size(); ++i)
+        any |= static_cast<unsigned char>(in[i] - 0x80) < 0x20;
+    if (!any)
+        return out;
     QChar* dst = out.data();
-    for (const char b : bytes) {
-        const auto u = static_cast<unsigned char>(b);
-        *dst++ = QChar(u >= 0x80 && u < 0xA0 ? kHigh[u - 0x80] : char16_t(u));
+    for (qsizetype i = 0; i < bytes.size(); ++i) {
+        if (static_cast<unsigned char>(in[i] - 0x80) < 0x20)
+            dst[i] = QChar(kHigh[in[i] - 0x80]);
     }
     return out;
 }

@@ -9,3 +9,5 @@ QByteArray toCp1252(const QString& text);
 // Appends the encoded text to out.
 void appendCp1252(QByteArray& out, QStringView text);
 QString fromCp1252(const QByteArray& bytes);
+// Appends the decoded bytes to out.
+void appendFromCp1252(QString& out, QLatin1String bytes);

@@ -1,43 +1,58 @@
 #include "platform/field_reader.h"
 
 namespace {
-bool isLineEnd(QChar c) {
-    return c == QLatin1Char('\r') || c == QLatin1Char('\n');
-}
-} // namespace
 
-void FieldReader::skipLineEnd() {
-    // CR LF counts as one line end, as do a lone CR or LF.
-    if (m_pos < m_text.size() && m_text[m_pos] == QLatin1Char('\r'))
-        ++m_pos;
-    if (m_pos < m_text.size() && m_text[m_pos] == QLatin1Char('\n'))
-        ++m_pos;
+char16_t codeAt(QStringView text, qsizetype i) {
+    return text[i].unicode();
+}
+char16_t codeAt(QLatin1String text, qsizetype i) {
+    return static_cast<uchar>(text[i].toLatin1());
 }
 
-QString FieldReader::next() {
-    const qsizetype size = m_text.size();
-    while (m_pos < size && (m_text[m_pos] == QLatin1Char(' ') || m_text[m_pos] == QLatin1Char('\t')))
-        ++m_pos;
+bool isLineEnd(char16_t c) {
+    return c == u'\r' || c == u'\n';
+}
 
-    QString field;
-    if (m_pos < size && m_text[m_pos] == QLatin1Char('"')) {
-        const qsizetype start = m_pos + 1;
-        qsizetype close = m_text.indexOf(QLatin1Char('"'), start);
+template <typename View>
+View nextField(View text, qsizetype& pos) {
+    const qsizetype size = text.size();
+    while (pos < size && (codeAt(text, pos) == u' ' || codeAt(text, pos) == u'\t'))
+        ++pos;
+
+    View field;
+    if (pos < size && codeAt(text, pos) == u'"') {
+        const qsizetype start = pos + 1;
+        qsizetype close = text.indexOf(QLatin1Char('"'), start);
         if (close < 0)
             close = size;
-        field = m_text.mid(start, close - start);
-        m_pos = close + 1;
-        while (m_pos < size && m_text[m_pos] != QLatin1Char(',') && !isLineEnd(m_text[m_pos]))
-            ++m_pos;
+        field = text.mid(start, close - start);
+        pos = close + 1;
+        while (pos < size && codeAt(text, pos) != u',' && !isLineEnd(codeAt(text, pos)))
+            ++pos;
     } else {
-        const qsizetype start = m_pos;
-        while (m_pos < size && m_text[m_pos] != QLatin1Char(',') && !isLineEnd(m_text[m_pos]))
-            ++m_pos;
-        field = m_text.mid(start, m_pos - start);
+        const qsizetype start = pos;
+        while (pos < size && codeAt(text, pos) != u',' && !isLineEnd(codeAt(text, pos)))
+            ++pos;
+        field = text.mid(start, pos - start);
     }
-    if (m_pos < size && m_text[m_pos] == QLatin1Char(','))
-        ++m_pos;
-    else
-        skipLineEnd();
+    if (pos < size && codeAt(text, pos) == u',') {
+        ++pos;
+    } else {
+        // CR LF counts as one line end, as do a lone CR or LF.
+        if (pos < size && codeAt(text, pos) == u'\r')
+            ++pos;
+        if (pos < size && codeAt(text, pos) == u'\n')
+            ++pos;
+    }
     return field;
+}
+
+} // namespace
+
+QStringView FieldReader::nextView() {
+    return nextField(QStringView(m_text), m_pos);
+}
+
+QLatin1String ByteFieldReader::nextView() {
+    return nextField(QLatin1String(m_bytes.constData(), m_bytes.size()), m_pos);
 }

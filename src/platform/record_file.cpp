@@ -7,6 +7,9 @@
 #include <QSaveFile>
 
 #include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace record_file {
 
@@ -54,18 +57,39 @@ QByteArray encodeAll(const QStringList& records) {
 }
 } // namespace
 
-bool readText(const QString& path, QString& text, FileError& error) {
-    QFile file(path);
+bool readBytes(const QString& path, QByteArray& bytes, FileError& error) {
     errno = 0;
-    if (!file.open(QIODevice::ReadOnly)) {
+    // Non-blocking, so the open of a pipe returns at once; the check then refuses it.
+    const int fd = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (fd < 0) {
         error = errorFromErrno(errno);
         return false;
     }
-    const QByteArray bytes = file.readAll();
+    struct stat st {};
+    if (fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) {
+        ::close(fd);
+        error = errorFromErrno(EINVAL);
+        return false;
+    }
+    QFile file;
+    if (!file.open(fd, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
+        ::close(fd);
+        error = errorFromErrno(EIO);
+        return false;
+    }
+    errno = 0;
+    bytes = file.readAll();
     if (file.error() != QFileDevice::NoError) {
         error = errorFromErrno(errno ? errno : EIO);
         return false;
     }
+    return true;
+}
+
+bool readText(const QString& path, QString& text, FileError& error) {
+    QByteArray bytes;
+    if (!readBytes(path, bytes, error))
+        return false;
     text = fromCp1252(bytes);
     return true;
 }
@@ -73,19 +97,8 @@ bool readText(const QString& path, QString& text, FileError& error) {
 bool appendRecords(const QString& path, const QStringList& records, FileError& error) {
     // Appending in place leaves a partial record when the disk fills; the file is written anew instead.
     QByteArray data;
-    if (QFileInfo::exists(path)) {
-        QFile file(path);
-        errno = 0;
-        if (!file.open(QIODevice::ReadOnly)) {
-            error = errorFromErrno(errno);
-            return false;
-        }
-        data = file.readAll();
-        if (file.error() != QFileDevice::NoError) {
-            error = errorFromErrno(errno ? errno : EIO);
-            return false;
-        }
-    }
+    if (QFileInfo::exists(path) && !readBytes(path, data, error))
+        return false;
     data.append(encodeAll(records));
     return rewriteBytes(path, data, error);
 }

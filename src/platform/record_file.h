@@ -22,6 +22,9 @@ void appendRecord(QByteArray& out, std::initializer_list<QStringView> parts);
 
 // Whole contents as text; false with error set when the file cannot be read.
 bool readText(const QString& path, QString& text, FileError& error);
+// The bytes of a regular file. Anything else (a folder, a named pipe, a device) is refused without being
+// read, so a pipe planted under a file's name cannot hold the program up.
+bool readBytes(const QString& path, QByteArray& bytes, FileError& error);
 // Appends records, creating the file when missing. The file is written anew through a temporary file, so a
 // failure (a full disk, a kill) leaves the old file whole.
 bool appendRecords(const QString& path, const QStringList& records, FileError& error);

@@ -64,19 +64,8 @@ bool SettingsFile::openForWriting(const QString& appPath) {
     m_changed = false;
     // The records are changed in memory and the file written anew at close, so a full disk or a kill leaves
     // the old file whole.
-    if (QFileInfo::exists(m_writePath)) {
-        QFile file(m_writePath);
-        errno = 0;
-        if (!file.open(QIODevice::ReadOnly)) {
-            m_error = lastSystemError();
-            return false;
-        }
-        m_writeBytes = file.readAll();
-        if (file.error() != QFileDevice::NoError) {
-            m_error = lastSystemError();
-            return false;
-        }
-    }
+    if (QFileInfo::exists(m_writePath) && !record_file::readBytes(m_writePath, m_writeBytes, m_error))
+        return false;
     m_writing = true;
     return true;
 }

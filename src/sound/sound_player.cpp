@@ -20,17 +20,14 @@ const QString kMidiAlias = QStringLiteral("tmpMidiPlay");
 
 // Copies a file over another; a failure keeps the older copy.
 void copyOver(const QString& from, const QString& to) {
-    QFile source(from);
-    if (!source.open(QIODevice::ReadOnly))
+    QByteArray bytes;
+    FileError error;
+    if (!record_file::readBytes(from, bytes, error))
         return;
     const QString folder = QFileInfo(to).absolutePath();
     if (!QDir().mkpath(folder))
         return;
     QFile::setPermissions(folder, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
-    const QByteArray bytes = source.readAll();
-    if (source.error() != QFileDevice::NoError)
-        return;
-    FileError error;
     record_file::rewriteBytes(to, bytes, error);
 }
 

@@ -2,9 +2,9 @@
 #include "platform/linux/sdl_midi_sequencer.h"
 
 #include "platform/linux/sdl_audio.h"
+#include "platform/record_file.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <SDL_mixer.h>
 
 SdlMidiSequencer::~SdlMidiSequencer() {
@@ -18,12 +18,12 @@ bool SdlMidiSequencer::open(const QString& path) {
         return false;
     }
     // The player takes a file that is no midi at all and then plays silence without a word: look first.
-    QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || !isPlayableMidi(file.readAll())) {
+    QByteArray bytes;
+    FileError error;
+    if (!record_file::readBytes(path, bytes, error) || !isPlayableMidi(bytes)) {
         m_error = QStringLiteral("Not a midi file that can be played: ") + path;
         return false;
     }
-    file.close();
     m_music = Mix_LoadMUS(QFile::encodeName(path).constData());
     if (!m_music) {
         m_error = QString::fromUtf8(Mix_GetError());

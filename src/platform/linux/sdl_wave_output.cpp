@@ -4,6 +4,7 @@
 #include "platform/linux/sdl_audio.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <SDL_mixer.h>
 
 SdlWaveOutput::~SdlWaveOutput() {
@@ -15,9 +16,21 @@ bool SdlWaveOutput::play(const QString& path, int times) {
         m_error = m_audio.error();
         return false;
     }
+    // A pipe under the song's name would hold the program up in the open, and a folder is no song either.
+    if (!QFileInfo(path).isFile()) {
+        m_error = QStringLiteral("Not a file: ") + path;
+        return false;
+    }
     Mix_Chunk* chunk = Mix_LoadWAV(QFile::encodeName(path).constData());
     if (!chunk) {
         m_error = QString::fromUtf8(Mix_GetError());
+        return false;
+    }
+    // A file cut short after its header plays next to nothing: an alarm in silence. It cannot be played.
+    const Uint32 twentiethOfASecond = Uint32(m_audio.rate() * m_audio.channels() * 2 / 20);
+    if (chunk->alen < twentiethOfASecond) {
+        m_error = QStringLiteral("Too short to be heard: ") + path;
+        Mix_FreeChunk(chunk);
         return false;
     }
     stop();

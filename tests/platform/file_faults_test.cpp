@@ -1,16 +1,18 @@
-// Every writer of the program's files on a disk that fills up: the old file stays whole, nothing half written
-// is left in the folder, and the user hears of it where the writer reports at all.
+// The program's files on a disk that fills up, and names that are not files at all.
 #include "datafiles/data_file.h"
 #include "engine/schedule_file.h"
 #include "fakes.h"
 #include "settings/settings_records.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <gtest/gtest.h>
+
+#include <sys/stat.h>
 
 namespace {
 
-struct FullDisk : ::testing::Test, EngineFixture {
+struct FileFaults : ::testing::Test, EngineFixture {
     QByteArray fill(const QString& name, const QByteArray& bytes) {
         writeFile(name, bytes);
         return bytes;
@@ -27,7 +29,7 @@ QByteArray scheduleOf(int records) {
 
 } // namespace
 
-TEST_F(FullDisk, AnAppendLeavesTheScheduleWholeAndTheNextOneReadsBack) {
+TEST_F(FileFaults, AnAppendLeavesTheScheduleWholeAndTheNextOneReadsBack) {
     const QByteArray old = fill("future.dat", scheduleOf(100));
     ctx.entry.date = "2002/05/09";
     ctx.newEvent = {"08:30:00", "once", "-", false, false};
@@ -49,7 +51,7 @@ TEST_F(FullDisk, AnAppendLeavesTheScheduleWholeAndTheNextOneReadsBack) {
     EXPECT_TRUE(notices.errorLists.empty());
 }
 
-TEST_F(FullDisk, SettingsAndDataFilesStayWhole) {
+TEST_F(FileFaults, SettingsAndDataFilesStayWhole) {
     const QByteArray ini = fill("tolm.ini", settingBytes("[TimeInputLoc]", 1, 2, "", 0) + settingBytes("", 0, 0, ""));
     {
         FileSizeLimit limit(ini.size() + 10);
@@ -69,4 +71,26 @@ TEST_F(FullDisk, SettingsAndDataFilesStayWhole) {
     EXPECT_EQ(folder(), QStringList({"my.dat", "tolm.ini"}));
     ASSERT_EQ(notices.warnings.size(), 1);
     EXPECT_TRUE(notices.warnings[0].startsWith("Error occurred when saving alarm events to disk, data may be lost, "));
+}
+
+// A named pipe or a folder under a file's name is refused at once, as a file that cannot be read.
+TEST_F(FileFaults, PipesAndFoldersAreNoFilesAndHoldNothingUp) {
+    ASSERT_EQ(mkfifo(qPrintable(path("future.dat")), 0600), 0);
+    ASSERT_EQ(mkfifo(qPrintable(path("my.dat")), 0600), 0);
+    ASSERT_TRUE(QDir(dir.path()).mkdir("tolm.ini"));
+    QElapsedTimer elapsed;
+    elapsed.start();
+    loadSchedule(ctx, "future.dat");
+    EXPECT_EQ(ctx.eventList.rows.count(), 0);
+    loadDataFile(ctx, "my.dat");
+    ctx.entry.date = "2002/05/09";
+    ctx.newEvent = {"08:30:00", "once", "-", false, false};
+    appendToSchedule(ctx, "Dentist");
+    EXPECT_FALSE(settings_records::writeSongName(ctx, "a song"));
+    EXPECT_LT(elapsed.elapsed(), 2000);
+    EXPECT_EQ(ctx.eventList.rows.count(), 1);
+    EXPECT_EQ(notices.warnings,
+              QStringList({"Error occurred when loading data from files, Error #  75\rPath/File access error",
+                           "Error occurred when saving alarm events to disk, data may be lost, Error #  75\r"
+                           "Path/File access error"}));
 }
