@@ -37,8 +37,7 @@ void EventChecker::checkAlarmRow(QStringView text, int16_t& flag) const {
 }
 
 void EventChecker::checkMessageRow(QStringView text, int16_t& flag) const {
-    if (text.size() <= 12 || text.right(12).left(4) != QLatin1String(" at ") ||
-        !isValidTime(text.right(8)))
+    if (text.size() <= 12 || text.right(12).left(4) != QLatin1String(" at ") || !isValidTime(text.right(8)))
         flag = 0;
 }
 

@@ -261,7 +261,11 @@ int ListModel::rowCount(const QModelIndex& parent) const {
 QVariant ListModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || index.row() >= count())
         return {};
-    if (role == Qt::DisplayRole || role == Qt::EditRole)
+    // A row shows on one line: what lies past its first thousand characters never fits, and a message of
+    // megabytes would hold up every paint. The row itself stays whole.
+    if (role == Qt::DisplayRole)
+        return m_rows.at(index.row()).left(kShownLength);
+    if (role == Qt::EditRole)
         return m_rows.at(index.row());
     return {};
 }

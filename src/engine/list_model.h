@@ -13,6 +13,8 @@ class ListModel : public QAbstractListModel {
     Q_OBJECT
 public:
     explicit ListModel(QObject* parent = nullptr);
+    // The most characters of a row that a view is given to show.
+    static constexpr int kShownLength = 1000;
 
     int count() const { return static_cast<int>(m_rows.size()); }
     bool isEmpty() const { return m_rows.isEmpty(); }

@@ -114,8 +114,8 @@ void loadSchedule(Context& ctx, const QString& fileName) {
 
         // The file's bytes compare with these texts as their decoded characters would: both are plain ASCII
         // wherever they can be equal.
-        QString today = ctx.clock.dateText();
-        QString now = ctx.clock.timeText();
+        QString today, now;
+        ctx.clock.present(today, now);
         if (today.compare(date) > 0 || (today == date && now.compare(time) > 0))
             mark = QLatin1Char('x');
 
@@ -127,8 +127,7 @@ void loadSchedule(Context& ctx, const QString& fileName) {
         filterTodayRow(rowText, ctx.newEvent.lineValid);
         if (ctx.newEvent.lineValid) {
             ctx.eventList.insertRow(alarm_event::eventListRow(mark, date, time, message), false);
-            today = ctx.clock.dateText();
-            now = ctx.clock.timeText();
+            ctx.clock.present(today, now);
             if ((today == date && now.compare(time) < 0) || (loadDay == date && loadTime.compare(time) < 0)) {
                 ctx.tick.on = true;
                 armed.append(rowText);

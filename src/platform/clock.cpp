@@ -17,6 +17,12 @@ qint64 Clock::secondKey() const {
     return t.date().toJulianDay() * 86400 + t.time().msecsSinceStartOfDay() / 1000;
 }
 
+void Clock::present(QString& date, QString& time) const {
+    refreshTexts();
+    date = m_dateText;
+    time = m_timeText;
+}
+
 void Clock::refreshTexts() const {
     const qint64 key = secondKey();
     if (key == m_textKey)

@@ -15,6 +15,8 @@ public:
     // anew on every call; the texts are formatted again only when its second has changed.
     QString dateText() const;
     QString timeText() const;
+    // Both at one reading of the clock.
+    void present(QString& date, QString& time) const;
 
 protected:
     // A number that changes with the present second (and with nothing else that shows in the texts).

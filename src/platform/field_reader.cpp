@@ -13,8 +13,7 @@ bool isLineEnd(char16_t c) {
     return c == u'\r' || c == u'\n';
 }
 
-template <typename View>
-View nextField(View text, qsizetype& pos) {
+template <typename View> View nextField(View text, qsizetype& pos) {
     const qsizetype size = text.size();
     while (pos < size && (codeAt(text, pos) == u' ' || codeAt(text, pos) == u'\t'))
         ++pos;

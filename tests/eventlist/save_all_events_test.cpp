@@ -1,3 +1,4 @@
+#include "engine/alarm_event.h"
 #include "eventlist/event_list.h"
 #include "eventlist/save_all_events.h"
 #include "fakes.h"
@@ -69,6 +70,11 @@ TEST(EventList, InsertionHighlightsAndDeletion) {
     list.rows.setCurrent(-1);
     list.crackCurrentRow();
     EXPECT_EQ(list.crackedDate(), "2002/05/03");
+    // A view is given what fits on a line of a long message; the row stays whole.
+    list.insertRow("-", "2002/05/04-08:00:00", QString(200000, 'm'), false);
+    const QModelIndex last = list.rows.index(list.rows.count() - 1);
+    EXPECT_EQ(list.rows.data(last).toString().size(), ListModel::kShownLength);
+    EXPECT_EQ(list.rows.item(last.row()).size(), alarm_event::kRowFixedLength + 200000);
 }
 
 TEST(EventList, BulkLoadMatchesOneByOneInsertion) {

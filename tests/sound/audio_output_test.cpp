@@ -219,6 +219,24 @@ TEST(AudioOutputTest, FileThatIsNotAudioCannotBePlayed) {
     EXPECT_FALSE(midi.open(text));
     EXPECT_FALSE(midi.play());
     EXPECT_TRUE(wave.play(kData + QStringLiteral("/ding.wav"), 1));
+
+    // A wave cut after its header plays next to nothing, so it cannot play; one whose header claims far more
+    // than the file holds plays what is there.
+    auto waveFile = [&](quint32 declared, int dataBytes) {
+        const QString path = dir.filePath(QStringLiteral("w%1.wav").arg(dataBytes));
+        QByteArray b("RIFF\0\0\0\0WAVEfmt \x10\0\0\0\x01\0\x01\0\x44\xac\0\0\x88\x58\x01\0\x02\0\x10\0data", 40);
+        for (int i = 0; i < 4; ++i)
+            b.append(char((declared >> (8 * i)) & 0xFF));
+        for (int i = 0; i < dataBytes / 2; ++i) {
+            const qint16 v = qint16(8000 * ((i / 50) % 2 ? 1 : -1));
+            b.append(char(v & 0xFF)).append(char((v >> 8) & 0xFF));
+        }
+        writeBytes(path, b);
+        return path;
+    };
+    EXPECT_FALSE(wave.play(waveFile(16, 16), 1));
+    EXPECT_TRUE(wave.play(waveFile(0x7FFFFFF0u, 88200), 1));
+    wave.stop();
 }
 
 } // namespace

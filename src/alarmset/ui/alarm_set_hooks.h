@@ -16,9 +16,9 @@ struct AlarmSetHooks {
     // settingsAction: SettingsWindow, restored when minimised, else shown.
     std::function<void()> showSettings;
     // The data-file chooser in its three modes.
-    std::function<void()> loadButton;
-    std::function<void()> saveFileButton;
-    std::function<void()> editorButton;
+    std::function<void()> openLoadChooser;
+    std::function<void()> openSaveChooser;
+    std::function<void()> openEditorChooser;
     // A right press on a row of the event list: EventPopup's menu at the pointer.
     std::function<void(QPoint)> showEventPopup;
 };

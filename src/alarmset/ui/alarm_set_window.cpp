@@ -284,16 +284,16 @@ void AlarmSetWindow::connectHandlers() {
     connect(minimiseButton, &QAbstractButton::clicked, this, &AlarmSetWindow::onMinimiseClicked);
     connect(exitButton, &QPushButton::clicked, this, &AlarmSetWindow::onExitClicked);
     connect(saveFileButton, &QAbstractButton::clicked, this, [this] {
-        if (hooks.saveFileButton)
-            hooks.saveFileButton();
+        if (hooks.openSaveChooser)
+            hooks.openSaveChooser();
     });
     connect(loadButton, &QAbstractButton::clicked, this, [this] {
-        if (hooks.loadButton)
-            hooks.loadButton();
+        if (hooks.openLoadChooser)
+            hooks.openLoadChooser();
     });
     connect(editorButton, &QAbstractButton::clicked, this, [this] {
-        if (hooks.editorButton)
-            hooks.editorButton();
+        if (hooks.openEditorChooser)
+            hooks.openEditorChooser();
     });
     connect(settingsAction, &QAction::triggered, this, &AlarmSetWindow::onSettingsChosen);
     connect(comingAction, &QAction::triggered, this, &AlarmSetWindow::onComingChosen);

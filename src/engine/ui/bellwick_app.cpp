@@ -90,9 +90,9 @@ int BellwickApp::run() {
     alarmSet.hooks.showEventPopup = [&ctx, &alarmSet](QPoint globalPos) {
         EventPopup::popupAt(ctx, globalPos, alarmSet.form() ? alarmSet.form()->eventListView : nullptr);
     };
-    alarmSet.hooks.loadButton = [&ctx] { DataFileChooser::openLoad(ctx); };
-    alarmSet.hooks.saveFileButton = [&ctx] { DataFileChooser::openSave(ctx); };
-    alarmSet.hooks.editorButton = [&ctx] { DataFileChooser::openEditor(ctx); };
+    alarmSet.hooks.openLoadChooser = [&ctx] { DataFileChooser::openLoad(ctx); };
+    alarmSet.hooks.openSaveChooser = [&ctx] { DataFileChooser::openSave(ctx); };
+    alarmSet.hooks.openEditorChooser = [&ctx] { DataFileChooser::openEditor(ctx); };
     QPointer<InputMessageWindow> messageInput;
     alarmSet.hooks.openInputMessage = [&ctx, &messageInput](const QString& how) {
         if (!messageInput)

@@ -1,0 +1,59 @@
+#!/usr/bin/env bash
+# The real program on a real display under the faults that used to freeze it or leave an alarm silent:
+# named pipes planted under the schedule's and the day file's names at start, then an alarm whose wave file
+# is cut after its header and whose midi file is no midi at all, which must end in the box that says the
+# sound cannot be played, with the message window standing.
+# Usage: fault_run.sh <path to bellwick>
+set -uo pipefail
+program="$1"
+. "$(dirname "$0")/desktop_env.sh"
+start_desktop
+export SDL_AUDIODRIVER=dummy
+folder="$XDG_DATA_HOME/bellwick"
+
+tray_icon() {
+    for w in $(xdotool search --onlyvisible --class bellwick 2>/dev/null); do
+        read -r width height < <(xdotool getwindowgeometry "$w" 2>/dev/null |
+            awk '/Geometry/ {split($2, g, "x"); print g[1], g[2]}')
+        [ "${width:-0}" -gt 8 ] && [ "${width:-0}" -le 64 ] && [ "${height:-0}" -le 64 ] && return 0
+    done
+    return 1
+}
+stop() {
+    kill "$1" 2>/dev/null
+    wait "$1" 2>/dev/null
+}
+
+# 1. Pipes under the names of the schedule and of the day file loaded at start: the program starts all
+#    the same and answers the tray.
+mkfifo "$folder/future.dat" "$folder/my.dat"
+write_settings ALAEOnDCWSOfUISPOfISOMOf
+"$program" >"$work/bellwick.log" 2>&1 &
+pid=$!
+pids+=($pid)
+up=""
+for _ in $(seq 100); do tray_icon && up=1 && break; sleep 0.1; done
+[ -n "$up" ] || { cat "$work/bellwick.log"; fail "no tray icon within 10 s with pipes for files"; }
+kill -0 "$pid" 2>/dev/null || fail "the program ended"
+echo "started with pipes for future.dat and my.dat"
+stop "$pid"
+rm -f "$folder/future.dat" "$folder/my.dat"
+
+# 2. A wave cut after its header and a midi file that is text: the box, and the message window.
+while [ "$(date +%H%M%S)" -gt 235930 ]; do sleep 5; done
+due=$(date -d "+6 seconds" +%H:%M:%S)
+printf '"Fault check%sonce%s"\r\n' "$(date +%Y/%m/%d)" "$due" >"$folder/future.dat"
+: >"$folder/my.dat"
+{ printf 'RIFF\x2c\x00\x00\x00WAVEfmt \x10\x00\x00\x00\x01\x00\x01\x00\x44\xac\x00\x00\x88\x58\x01\x00\x02\x00\x10\x00'
+  printf 'data\x10\x00\x00\x00'; head -c 16 /dev/zero; } >"$folder/ding.wav"
+echo "not a midi file" >"$folder/air.mid"
+"$program" >"$work/bellwick.log" 2>&1 &
+pid=$!
+pids+=($pid)
+box=$(wait_for_window '^Bellwick Alarm Clock sp$' 25) || { cat "$work/bellwick.log"; fail "no box for a sound that cannot play"; }
+echo "box at $(date +%T) for $due: $(xdotool getwindowname "$box")"
+xdotool windowactivate --sync "$box" 2>/dev/null
+xdotool key Return
+wait_for_window '^Message  ' 10 >/dev/null || fail "no message window after the box"
+kill -0 "$pid" 2>/dev/null || fail "the program ended"
+echo "1 passed, 0 failed"
