@@ -17,5 +17,12 @@ for f in /usr/bin/bellwick /usr/share/bellwick/ding.wav /usr/share/bellwick/didi
     [ -s "$f" ] || { echo "FAIL: $f was not installed"; exit 1; }
 done
 desktop-file-validate /usr/share/applications/bellwick.desktop
+/usr/bin/bellwick --version | grep -q "^bellwick " || { echo "FAIL: the installed program does not answer --version"; exit 1; }
+# Read from the package itself: minimal systems may be set to drop manual pages on install.
+manual=$(mktemp)
+dpkg-deb --fsys-tarfile "$deb" | tar -xOf - ./usr/share/man/man1/bellwick.1.gz | gunzip >"$manual"
+warnings=$(LC_ALL=C.UTF-8 MANWIDTH=80 man --warnings -E UTF-8 -l "$manual" 2>&1 >/dev/null)
+grep -q '^\.TH BELLWICK 1' "$manual" && [ -z "$warnings" ] || { echo "FAIL: the packaged manual page: $warnings"; exit 1; }
+rm -f "$manual"
 tests/e2e/desktop_run.sh /usr/bin/bellwick
 echo "package: installs, validates and runs"

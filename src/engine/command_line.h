@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+// What the program was asked on its command line, before any window, lock or file is touched.
+namespace command_line {
+
+struct Answer {
+    int exitCode = 0;
+    QString out; // for standard output
+    QString err; // for standard error
+};
+
+// Answers --help, --version and bad arguments; nothing when the resident program should start. Qt's own
+// options (-platform, -display, -style, ...) are left for QApplication.
+std::optional<Answer> answer(const QStringList& arguments, const QString& version);
+
+QString helpText();
+
+} // namespace command_line
