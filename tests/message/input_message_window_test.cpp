@@ -95,6 +95,19 @@ TEST_F(InputMessageWindowTest, BrowsingOnTheWindowAndTheTitleBarCloseIsAbandon) 
     EXPECT_FALSE(form.nextMessageButton->isVisible());
 }
 
+TEST_F(InputMessageWindowTest, EveryOpeningPutsTheFocusInTheMessageBox) {
+    // The button that closed the window last must not take the first key of the next message.
+    for (QPushButton* closer : {form.okButton, form.cancelButton, form.okButton}) {
+        form.openInputMessage("");
+        EXPECT_EQ(form.focusWidget(), form.input) << closer->text().toStdString();
+        closer->setFocus();
+        ASSERT_EQ(form.focusWidget(), closer);
+        form.close();
+    }
+    form.openInputMessage("");
+    EXPECT_EQ(form.focusWidget(), form.input);
+}
+
 using namespace message_text;
 
 TEST(MessageText, LineBreaksAndTheLengthLimit) {

@@ -82,6 +82,8 @@ void InputMessageWindow::load() {
     showControls(MessageControls());
     setFontSize(kFirstFontSize);
     move(px(this, kFirstLeft), px(this, kFirstTop));
+    // A hidden window keeps its last focus; the typing of a new message must go into the box.
+    input->setFocus(Qt::OtherFocusReason);
 
     const MessagePlacement placement = m_core.load();
     if (placement.hasLocation)
