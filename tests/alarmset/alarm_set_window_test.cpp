@@ -10,6 +10,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
@@ -84,6 +86,27 @@ TEST_F(AlarmSetWindowTest, CloseBoxHidesAndExitStoresThePlace) {
     EXPECT_FALSE(f->isVisible());
     EXPECT_FALSE(ctx.tick.alarmSetWanted);
     EXPECT_EQ(readFile("tolm.ini").left(14), "[TimeInputLoc]");
+}
+
+TEST_F(AlarmSetWindowTest, WithoutATrayTheWindowOpensCarriesTheTrayMenuAndOnlyMinimises) {
+    QMenu trayMenu(QStringLiteral("Bellwick"));
+    const int menus = f->menuBar()->actions().size();
+    host.standInForTray(&trayMenu);
+    EXPECT_TRUE(f->isVisible());
+    EXPECT_TRUE(f->menuBar()->actions().contains(trayMenu.menuAction()));
+    for (auto close : {+[](AlarmSetWindow* w) { w->close(); }, +[](AlarmSetWindow* w) { w->exitButton->click(); }}) {
+        f->showNormal();
+        close(f);
+        EXPECT_TRUE(f->isVisible());
+        EXPECT_TRUE(f->isMinimized());
+    }
+
+    // A tray that comes back takes the menu home, and closing hides again.
+    host.standInForTray(nullptr);
+    EXPECT_EQ(f->menuBar()->actions().size(), menus);
+    f->showNormal();
+    f->close();
+    EXPECT_FALSE(f->isVisible());
 }
 
 TEST_F(AlarmSetWindowTest, MessageViewAndComingListToggle) {

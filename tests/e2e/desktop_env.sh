@@ -1,5 +1,6 @@
 # Sourced by the desktop runs: a fresh per-user folder and a real X display with a window manager and a tray.
-# Gives: $work, pids, fail, start_desktop [dots per inch], write_settings <record 4 value> [clock at start].
+# Gives: $work, pids, fail, start_desktop [dots per inch] [notray], start_tray, write_settings <record 4 value>
+# [clock at start].
 
 work=$(mktemp -d)
 pids=()
@@ -24,7 +25,7 @@ export XDG_DATA_HOME="$work/data" XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR
 mkdir -p "$XDG_DATA_HOME/bellwick" "$XDG_CONFIG_HOME" "$HOME" && mkdir -m 700 "$XDG_RUNTIME_DIR"
 export QT_QPA_PLATFORM=xcb
 
-start_desktop() { # [dots per inch]
+start_desktop() { # [dots per inch] [notray]
     local dpi="${1:-96}"
     need_tools Xvfb openbox trayer xdotool xdpyinfo
     display=:$((70 + RANDOM % 400))
@@ -38,6 +39,11 @@ start_desktop() { # [dots per inch]
     [ -n "$up" ] || { cat "$work/xvfb.log"; fail "Xvfb did not start on $display"; }
     openbox >"$work/openbox.log" 2>&1 &
     pids+=($!)
+    [ "${2:-}" = notray ] && return 0
+    start_tray
+}
+
+start_tray() {
     # The tray must stand before the program asks for it; trayer now and then misses a display that just came up.
     local tray_up=""
     for _ in 1 2 3; do
@@ -71,6 +77,15 @@ wait_for_window() { # name pattern, seconds
     for _ in $(seq $(($2 * 10))); do
         xdotool search --onlyvisible --name "$1" 2>/dev/null | head -1 | grep . && return 0
         sleep 0.1
+    done
+    return 1
+}
+
+tray_icon() { # true when one of the program's windows is icon-sized: its icon in the tray
+    for w in $(xdotool search --onlyvisible --class bellwick 2>/dev/null); do
+        read -r width height < <(xdotool getwindowgeometry "$w" 2>/dev/null |
+            awk '/Geometry/ {split($2, g, "x"); print g[1], g[2]}')
+        [ "${width:-0}" -gt 8 ] && [ "${width:-0}" -le 64 ] && [ "${height:-0}" -le 64 ] && return 0
     done
     return 1
 }

@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QMenu>
 #include <QSaveFile>
+#include <QTest>
 #include <gtest/gtest.h>
 
 namespace {
@@ -31,6 +32,33 @@ TEST_F(TrayIconTest, MenuCaptionsInOrderTheTickRunsEvery800msAndHelpWithoutItsFi
     EXPECT_EQ(notices.warnings,
               QStringList({"Help file not found, please visit Bellwick's home page for getting help!"}));
     EXPECT_EQ(notices.beeps, 1);
+}
+
+TEST_F(TrayIconTest, AMissingTrayIsToldAfterTheGraceAndAgainWhenItComesOrGoes) {
+    bool available = false;
+    QList<bool> told;
+    tray.trayAvailable = [&available] { return available; };
+    tray.onTrayMissing = [&told](bool missing) { told.append(missing); };
+    tray.load(50);
+    tray.checkTray();
+    EXPECT_TRUE(told.isEmpty()); // within the grace period nothing is said
+    QTRY_COMPARE_WITH_TIMEOUT(told, QList<bool>{true}, 2000);
+    tray.checkTray();
+    EXPECT_EQ(told, QList<bool>{true}); // said once, not on every tick
+    available = true;
+    QTRY_COMPARE_WITH_TIMEOUT(told, (QList<bool>{true, false}), 2000); // the tick notices a tray that came
+    available = false;
+    tray.checkTray();
+    EXPECT_EQ(told, (QList<bool>{true, false, true}));
+}
+
+TEST_F(TrayIconTest, ATrayThatIsThereInTimeIsNeverReportedMissing) {
+    int told = 0;
+    tray.trayAvailable = [] { return true; };
+    tray.onTrayMissing = [&told](bool) { ++told; };
+    tray.load(0);
+    QTest::qWait(100);
+    EXPECT_EQ(told, 0);
 }
 
 TEST_F(TrayIconTest, LeftClickStopsUnlessAnErrorBoxIsUp) {

@@ -12,6 +12,7 @@ void AlarmSetHost::load() {
         return;
     m_form = std::make_unique<AlarmSetWindow>(m_ctx, hooks);
     m_form->setNoSecondMode(m_noSecond);
+    m_form->standInForTray(m_trayMenu);
     // The load may set no-second mode through the Settings window, which lands here again: the window
     // exists by then.
     m_form->load();
@@ -48,4 +49,12 @@ void AlarmSetHost::showAlarmSet() {
     m_form->show();
     m_form->raise();
     m_form->activateWindow();
+}
+
+void AlarmSetHost::standInForTray(QMenu* trayMenu) {
+    m_trayMenu = trayMenu;
+    if (m_form)
+        m_form->standInForTray(trayMenu);
+    if (trayMenu)
+        showAlarmSet();
 }

@@ -7,6 +7,7 @@
 
 class Context;
 class AlarmSetWindow;
+class QMenu;
 
 // Owns the Alarm Set window for the engine: builds it at the first touch and turns every request to
 // unload it into hiding it.
@@ -24,6 +25,10 @@ public:
     // The tray's Alarm Set: the window stays up without alarms, and comes back from the taskbar.
     void showAlarmSet();
 
+    // Without a notification area the window stands in for the tray: it opens, carries the tray's menu and
+    // only minimises; null when a tray is there (again).
+    void standInForTray(QMenu* trayMenu);
+
     // Null until the first touch.
     AlarmSetWindow* form() const { return m_form.get(); }
 
@@ -34,4 +39,5 @@ private:
     Context& m_ctx;
     std::unique_ptr<AlarmSetWindow> m_form;
     bool m_noSecond = false;
+    QMenu* m_trayMenu = nullptr;
 };

@@ -359,8 +359,23 @@ void AlarmSetWindow::onTick() {
 
 void AlarmSetWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
-    hide();
+    hideOrMinimise();
     ctx.dropNewEvent();
+}
+
+void AlarmSetWindow::hideOrMinimise() {
+    if (m_trayMenu)
+        showMinimized();
+    else
+        hide();
+}
+
+void AlarmSetWindow::standInForTray(QMenu* trayMenu) {
+    if (m_trayMenu)
+        menuBar()->removeAction(m_trayMenu->menuAction());
+    m_trayMenu = trayMenu;
+    if (m_trayMenu)
+        menuBar()->addMenu(m_trayMenu);
 }
 
 void AlarmSetWindow::keyPressEvent(QKeyEvent* event) {
@@ -542,7 +557,7 @@ void AlarmSetWindow::onMinimiseClicked() {
 
 void AlarmSetWindow::onExitClicked() {
     storeAlarmSetPlace(ctx, twipsOf(y()), twipsOf(x()), ctx.today.alarms);
-    hide();
+    hideOrMinimise();
     ctx.dropNewEvent();
 }
 

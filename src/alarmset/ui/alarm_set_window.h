@@ -18,6 +18,7 @@ class QComboBox;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
+class QMenu;
 class QListView;
 class QPlainTextEdit;
 class QPushButton;
@@ -40,6 +41,10 @@ public:
     void setTodayListShaded(bool shaded);
     // The title clock.
     void onTick();
+    // Without a notification area the tray's menu sits in the menu bar and closing only minimises, so the
+    // program stays within reach; null puts the window back as it was.
+    void standInForTray(QMenu* trayMenu);
+    bool standsInForTray() const { return m_trayMenu != nullptr; }
 
     QGroupBox* playListFrame;
     QListView* todayList;
@@ -90,8 +95,10 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    QMenu* m_trayMenu = nullptr;
     void buildControls(QWidget* client);
     void connectHandlers();
+    void hideOrMinimise();
 
     void onAddClicked();
     void onWithMessageClicked();

@@ -24,6 +24,8 @@
 #include <QMessageBox>
 #include <QPointer>
 
+#include <cstdio>
+
 namespace {
 
 // Everything that lives as long as the program; members refer to each other, so the order matters.
@@ -105,6 +107,16 @@ int BellwickApp::run() {
         DesktopClock* clock = clockWindow();
         clock->show();
         clock->showAtStartAction->setChecked(true);
+    };
+    tray.onTrayMissing = [&alarmSet, &tray](bool missing) {
+        if (missing)
+            std::fputs("bellwick: no notification area (system tray) found; the Alarm Set window stands in for "
+                       "it, with the tray menu as its Bellwick menu, and closing it only minimises it\n",
+                       stderr);
+        else
+            std::fputs("bellwick: a notification area is there now; the icon is back in it\n", stderr);
+        tray.menu()->setTitle(QStringLiteral("&Bellwick"));
+        alarmSet.standInForTray(missing ? tray.menu() : nullptr);
     };
     startUp(ctx, startup);
     tray.load();

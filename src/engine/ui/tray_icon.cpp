@@ -25,7 +25,10 @@ QIcon trayIcon(bool enabled) {
 TrayIcon::TrayIcon(Context& ctx, TrayHooks hooks) : m_ctx(ctx), m_hooks(std::move(hooks)), m_tick(ctx) {
     m_timer.setTimerType(Qt::PreciseTimer);
     m_timer.setInterval(800);
-    connect(&m_timer, &QTimer::timeout, this, [this] { m_tick.onTick(); });
+    connect(&m_timer, &QTimer::timeout, this, [this] {
+        m_tick.onTick();
+        checkTray();
+    });
     m_timer.start();
     m_ctx.setTickTimerEnabled = [this](bool on) {
         // An error box closing must not wake a clock the user has disabled.
@@ -70,10 +73,27 @@ void TrayIcon::buildMenu() {
     });
 }
 
-void TrayIcon::load() {
+void TrayIcon::load(int graceMs) {
     m_tray.setIcon(trayIcon(true));
     m_tray.setToolTip(QStringLiteral("Bwk"));
+    // Qt puts the icon in a tray that comes later by itself.
     m_tray.show();
+    // Panels start in any order with the session: give the tray a moment before standing in for it.
+    QTimer::singleShot(graceMs, this, [this] {
+        m_graceOver = true;
+        checkTray();
+    });
+}
+
+void TrayIcon::checkTray() {
+    if (!m_graceOver)
+        return;
+    const bool missing = !trayAvailable();
+    if (missing == m_trayMissing)
+        return;
+    m_trayMissing = missing;
+    if (onTrayMissing)
+        onTrayMissing(missing);
 }
 
 bool TrayIcon::disabled() const {

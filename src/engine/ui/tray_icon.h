@@ -27,8 +27,13 @@ class TrayIcon : public QObject {
 public:
     TrayIcon(Context& ctx, TrayHooks hooks);
 
-    // Shows the tray icon; the tick runs from construction on.
-    void load();
+    // Shows the tray icon; the tick runs from construction on. A tray missing after the grace period, or going
+    // and coming later, is told to onTrayMissing.
+    void load(int graceMs = 4000);
+    std::function<void(bool missing)> onTrayMissing;
+    std::function<bool()> trayAvailable = &QSystemTrayIcon::isSystemTrayAvailable;
+    // Looked at on every tick once the grace period is over: no wake-up of its own.
+    void checkTray();
 
     AlarmTick& tick() { return m_tick; }
     QTimer& timer() { return m_timer; }
@@ -58,4 +63,6 @@ private:
     QSystemTrayIcon m_tray;
     QMenu* m_popup = nullptr;
     QAction* m_disable = nullptr;
+    bool m_graceOver = false;
+    bool m_trayMissing = false;
 };
