@@ -13,9 +13,14 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <chrono>
 #include <csignal>
+#include <fcntl.h>
+#include <functional>
+#include <future>
 #include <memory>
 #include <sys/resource.h>
+#include <unistd.h>
 #include <vector>
 
 inline void writeBytes(const QString& path, const QByteArray& bytes) {
@@ -27,6 +32,19 @@ inline QByteArray readBytes(const QString& path) {
     QFile f(path);
     f.open(QIODevice::ReadOnly);
     return f.readAll();
+}
+// Runs work on a thread and tells whether it ended within ms. Work held up in the open of the named pipe is
+// let go by a writer after the limit, so a test fails instead of hanging.
+inline bool finishesWithin(int ms, const QString& pipe, const std::function<void()>& work) {
+    std::future<void> done = std::async(std::launch::async, work);
+    if (done.wait_for(std::chrono::milliseconds(ms)) == std::future_status::ready)
+        return true;
+    while (done.wait_for(std::chrono::milliseconds(50)) != std::future_status::ready) {
+        const int fd = ::open(QFile::encodeName(pipe).constData(), O_WRONLY | O_NONBLOCK);
+        if (fd >= 0)
+            ::close(fd);
+    }
+    return false;
 }
 // One record of a schedule or data file: the line in quotes, then CR LF.
 inline QByteArray quotedRecord(const QByteArray& line) {

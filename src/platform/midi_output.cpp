@@ -1,13 +1,10 @@
 #include "platform/midi_output.h"
 
-#include <QFileInfo>
-#include <QStandardPaths>
+#include "platform/runtime_folder.h"
 
 QString fixedMidiCopyPath() {
-    QString base = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    if (base.isEmpty() || !QFileInfo(base).isDir())
-        base = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
-    return base + QStringLiteral("/bellwick/air.mid");
+    const QString folder = runtime_folder::path();
+    return folder.isEmpty() ? QString() : folder + QStringLiteral("air.mid");
 }
 
 namespace {

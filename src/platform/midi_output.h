@@ -22,8 +22,8 @@ public:
     void close() override {}
 };
 
-// The fixed place of the copy of air.mid that the midi device opens: a folder of this user only,
-// $XDG_RUNTIME_DIR/bellwick/ when there is one, else bellwick/ in the user's cache folder.
+// The fixed place of the copy of air.mid that the midi device opens, in runtime_folder::path(); empty when
+// this user has no private folder.
 QString fixedMidiCopyPath();
 
 // Whether these bytes are a midi file a player can sound: a standard midi file ("MThd" with at least one track

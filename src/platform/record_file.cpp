@@ -7,6 +7,7 @@
 #include <QSaveFile>
 
 #include <cerrno>
+#include <cstdlib>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -57,7 +58,7 @@ QByteArray encodeAll(const QStringList& records) {
 }
 } // namespace
 
-bool readBytes(const QString& path, QByteArray& bytes, FileError& error) {
+bool openRegular(const QString& path, QFile& file, FileError& error) {
     errno = 0;
     // Non-blocking, so the open of a pipe returns at once; the check then refuses it.
     const int fd = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
@@ -71,12 +72,18 @@ bool readBytes(const QString& path, QByteArray& bytes, FileError& error) {
         error = errorFromErrno(EINVAL);
         return false;
     }
-    QFile file;
-    if (!file.open(fd, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
+    if (!file.open(fd, QIODevice::ReadOnly | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle)) {
         ::close(fd);
         error = errorFromErrno(EIO);
         return false;
     }
+    return true;
+}
+
+bool readBytes(const QString& path, QByteArray& bytes, FileError& error) {
+    QFile file;
+    if (!openRegular(path, file, error))
+        return false;
     errno = 0;
     bytes = file.readAll();
     if (file.error() != QFileDevice::NoError) {
@@ -125,6 +132,41 @@ bool rewriteBytes(const QString& path, const QByteArray& data, FileError& error)
     errno = 0;
     if (!file.commit()) {
         error = errorFromErrno(errno ? errno : EIO);
+        return false;
+    }
+    return true;
+}
+
+bool replaceBytes(const QString& path, const QByteArray& data, FileError& error) {
+    const QByteArray target = QFile::encodeName(path);
+    QByteArray temporary = target + ".XXXXXX";
+    // mkostemp creates with O_EXCL, so a link planted under the temporary name is not followed either.
+    const int fd = ::mkostemp(temporary.data(), O_CLOEXEC);
+    if (fd < 0) {
+        error = errorFromErrno(errno);
+        return false;
+    }
+    const char* at = data.constData();
+    qsizetype left = data.size();
+    int failure = 0;
+    while (left > 0 && failure == 0) {
+        const ssize_t written = ::write(fd, at, size_t(left));
+        if (written > 0) {
+            at += written;
+            left -= written;
+        } else if (written < 0 && errno != EINTR) {
+            failure = errno;
+        } else if (written == 0) {
+            failure = EIO;
+        }
+    }
+    if (::close(fd) != 0 && failure == 0)
+        failure = errno;
+    if (failure == 0 && ::rename(temporary.constData(), target.constData()) != 0)
+        failure = errno;
+    if (failure != 0) {
+        ::unlink(temporary.constData());
+        error = errorFromErrno(failure);
         return false;
     }
     return true;

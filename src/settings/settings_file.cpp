@@ -54,7 +54,8 @@ SettingRecord SettingsFile::decode(const QByteArray& bytes) {
 }
 
 bool SettingsFile::openForReading(const QString& appPath) {
-    return open(appPath, QIODevice::ReadOnly);
+    close();
+    return record_file::openRegular(path(appPath), m_file, m_error);
 }
 
 bool SettingsFile::openForWriting(const QString& appPath) {
@@ -67,17 +68,6 @@ bool SettingsFile::openForWriting(const QString& appPath) {
     if (QFileInfo::exists(m_writePath) && !record_file::readBytes(m_writePath, m_writeBytes, m_error))
         return false;
     m_writing = true;
-    return true;
-}
-
-bool SettingsFile::open(const QString& appPath, QIODevice::OpenMode mode) {
-    close();
-    m_file.setFileName(path(appPath));
-    errno = 0;
-    if (!m_file.open(mode | QIODevice::Unbuffered)) {
-        m_error = lastSystemError();
-        return false;
-    }
     return true;
 }
 

@@ -32,7 +32,6 @@ public:
     const FileError& error() const { return m_error; }
 
 private:
-    bool open(const QString& appPath, QIODevice::OpenMode mode);
     bool usable(int n);
 
     QFile m_file;

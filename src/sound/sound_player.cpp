@@ -4,6 +4,7 @@
 #include "platform/mci_commands.h"
 #include "platform/numeric.h"
 #include "platform/record_file.h"
+#include "platform/runtime_folder.h"
 #include "platform/speaker_ports.h"
 #include "platform/wave_output.h"
 #include "sound/notices.h"
@@ -11,24 +12,18 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 namespace {
 
 const QString kMidiAlias = QStringLiteral("tmpMidiPlay");
 
-// Copies a file over another; a failure keeps the older copy.
+// Copies a file over another in a private folder; a failure keeps the older copy.
 void copyOver(const QString& from, const QString& to) {
     QByteArray bytes;
     FileError error;
-    if (!record_file::readBytes(from, bytes, error))
-        return;
-    const QString folder = QFileInfo(to).absolutePath();
-    if (!QDir().mkpath(folder))
-        return;
-    QFile::setPermissions(folder, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
-    record_file::rewriteBytes(to, bytes, error);
+    if (record_file::readBytes(from, bytes, error))
+        record_file::replaceBytes(to, bytes, error);
 }
 
 } // namespace
@@ -73,7 +68,9 @@ void SoundPlayer::speakerWarning() {
 }
 
 void SoundPlayer::reportSoundError(int16_t canPlay) {
-    if (!QFileInfo(m_ctx.soundChoice.songPath).isFile()) {
+    // A name that stands but is no folder counts as found: a pipe there is a wave that cannot play.
+    const QFileInfo song(m_ctx.soundChoice.songPath);
+    if (!song.exists() || song.isDir()) {
         m_ctx.front.trayEnabled = false;
         m_ctx.setTickTimerEnabled(false);
         m_ctx.notices.systemModalBox(m_ctx.soundChoice.songPath.mid(7) +
@@ -88,15 +85,19 @@ void SoundPlayer::reportSoundError(int16_t canPlay) {
 void SoundPlayer::playMidi() {
     if (!m_ctx.options.soundOn)
         return;
+    const QString copy = m_devices.midiCopyPath;
+    // Where others could put a file of their own in the copy's place, nothing is copied or played.
+    const bool privateFolder = !copy.isEmpty() && runtime_folder::makePrivate(QFileInfo(copy).absolutePath());
     const QString source = m_ctx.appFile(QStringLiteral("air.mid"));
-    if (QFileInfo(source).isFile())
-        copyOver(source, m_devices.midiCopyPath);
-    QString path = QDir::toNativeSeparators(m_devices.midiCopyPath);
+    if (privateFolder && QFileInfo(source).isFile())
+        copyOver(source, copy);
+    QString path = QDir::toNativeSeparators(copy);
     if (path.contains(QLatin1Char(' ')))
         path = QLatin1Char('"') + path + QLatin1Char('"');
     // Only the result of "play" counts: a failed open makes it fail too.
     sendCommand(QStringLiteral("close ") + kMidiAlias);
-    sendCommand(QStringLiteral("open ") + path + QStringLiteral(" type sequencer alias ") + kMidiAlias);
+    if (privateFolder)
+        sendCommand(QStringLiteral("open ") + path + QStringLiteral(" type sequencer alias ") + kMidiAlias);
     if (sendCommand(QStringLiteral("play ") + kMidiAlias) != 0) {
         m_ctx.front.trayEnabled = false;
         m_ctx.setTickTimerEnabled(false);

@@ -2,7 +2,8 @@
 # The real program on a real display under the faults that used to freeze it or leave an alarm silent:
 # named pipes planted under the schedule's and the day file's names at start, then an alarm whose wave file
 # is cut after its header and whose midi file is no midi at all, which must end in the box that says the
-# sound cannot be played, with the message window standing.
+# sound cannot be played, with the message window standing; then an alarm whose wave file is a named pipe,
+# which must end in the same box instead of a frozen program.
 # Usage: fault_run.sh <path to bellwick>
 set -uo pipefail
 program="$1"
@@ -42,7 +43,9 @@ rm -f "$folder/future.dat" "$folder/my.dat"
 # 2. A wave cut after its header and a midi file that is text: the box, and the message window.
 while [ "$(date +%H%M%S)" -gt 235930 ]; do sleep 5; done
 due=$(date -d "+6 seconds" +%H:%M:%S)
-printf '"Fault check%sonce%s"\r\n' "$(date +%Y/%m/%d)" "$due" >"$folder/future.dat"
+due2=$(date -d "+16 seconds" +%H:%M:%S)
+{ printf '"Fault check%sonce%s"\r\n' "$(date +%Y/%m/%d)" "$due"
+  printf '"Pipe check%sonce%s"\r\n' "$(date +%Y/%m/%d)" "$due2"; } >"$folder/future.dat"
 : >"$folder/my.dat"
 { printf 'RIFF\x2c\x00\x00\x00WAVEfmt \x10\x00\x00\x00\x01\x00\x01\x00\x44\xac\x00\x00\x88\x58\x01\x00\x02\x00\x10\x00'
   printf 'data\x10\x00\x00\x00'; head -c 16 /dev/zero; } >"$folder/ding.wav"
@@ -56,4 +59,12 @@ xdotool windowactivate --sync "$box" 2>/dev/null
 xdotool key Return
 wait_for_window '^Message  ' 10 >/dev/null || fail "no message window after the box"
 kill -0 "$pid" 2>/dev/null || fail "the program ended"
-echo "1 passed, 0 failed"
+
+# 3. A pipe as the wave file at the next alarm: the same box, at once.
+rm -f "$folder/ding.wav" && mkfifo "$folder/ding.wav"
+box=$(wait_for_window '^Bellwick Alarm Clock sp$' 20) || { cat "$work/bellwick.log"; fail "no box for a pipe as the song"; }
+echo "box at $(date +%T) for $due2: $(xdotool getwindowname "$box")"
+xdotool windowactivate --sync "$box" 2>/dev/null
+xdotool key Return
+kill -0 "$pid" 2>/dev/null || fail "the program ended"
+echo "2 passed, 0 failed"

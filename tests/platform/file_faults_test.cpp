@@ -2,6 +2,7 @@
 #include "datafiles/data_file.h"
 #include "engine/schedule_file.h"
 #include "fakes.h"
+#include "settings/settings_file.h"
 #include "settings/settings_records.h"
 
 #include <QDir>
@@ -77,6 +78,11 @@ TEST_F(FileFaults, SettingsAndDataFilesStayWhole) {
 TEST_F(FileFaults, PipesAndFoldersAreNoFilesAndHoldNothingUp) {
     ASSERT_EQ(mkfifo(qPrintable(path("future.dat")), 0600), 0);
     ASSERT_EQ(mkfifo(qPrintable(path("my.dat")), 0600), 0);
+    ASSERT_EQ(mkfifo(qPrintable(path("tolm.ini")), 0600), 0);
+    SettingsFile settings;
+    EXPECT_TRUE(finishesWithin(2000, path("tolm.ini"), [&] { EXPECT_FALSE(settings.openForReading(ctx.folder)); }));
+    EXPECT_EQ(settings.error().number, 75);
+    ASSERT_EQ(::unlink(qPrintable(path("tolm.ini"))), 0);
     ASSERT_TRUE(QDir(dir.path()).mkdir("tolm.ini"));
     QElapsedTimer elapsed;
     elapsed.start();

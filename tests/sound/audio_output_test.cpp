@@ -14,6 +14,7 @@
 
 #include <cmath>
 #include <functional>
+#include <sys/stat.h>
 
 namespace {
 
@@ -204,6 +205,27 @@ TEST(AudioOutputTest, AMidiFileThatIsNoMidiGivesTheBox) {
     EXPECT_FALSE(isPlayableMidi(air.left(14)));
     EXPECT_FALSE(isPlayableMidi(air.left(25)));
     EXPECT_FALSE(isPlayableMidi("RIFF" + le32(4) + "RMID"));
+}
+
+// A pipe as the song: no player waits on it; the alarm goes on to midi, and to the box when that fails too.
+TEST(AudioOutputTest, APipeAsTheSongCannotPlayAndHoldsNothingUp) {
+    AudioDriver driver("dummy");
+    SoundFixture f;
+    ASSERT_EQ(mkfifo(qPrintable(f.ctx.soundChoice.songPath), 0600), 0);
+    writeBytes(f.ctx.appFile(QStringLiteral("air.mid")), "not a midi file");
+    LinuxSoundDevices outputs;
+    EXPECT_TRUE(finishesWithin(2000, f.ctx.soundChoice.songPath, [&] {
+        EXPECT_FALSE(outputs.devices().wave.play(f.ctx.soundChoice.songPath, 1));
+        SdlMidiSequencer midi(outputs.audio());
+        EXPECT_FALSE(midi.open(f.ctx.soundChoice.songPath));
+        SoundDevices devices = outputs.devices();
+        devices.midiCopyPath = f.dir.filePath(QStringLiteral("run/air.mid"));
+        SoundPlayer player(f.ctx, devices);
+        player.playAlarm(QStringLiteral("once"), f.ctx.soundChoice.songPath);
+    }));
+    EXPECT_EQ(f.log, (QStringList{QStringLiteral("timer off"),
+                                  QStringLiteral("box Error found, Sound cannot be played, alarm at 07:30:00 tray=0"),
+                                  QStringLiteral("timer on")}));
 }
 
 TEST(AudioOutputTest, FileThatIsNotAudioCannotBePlayed) {

@@ -130,7 +130,8 @@ void TrayIcon::onSettings() {
 
 void TrayIcon::onHelp() {
     const QString help = m_ctx.appFile(QStringLiteral("help/tolmhelp.html"));
-    if (QFileInfo::exists(help)) {
+    // The browser would wait on a pipe or show a folder's listing: only a regular file is a help page.
+    if (QFileInfo(help).isFile()) {
         QDesktopServices::openUrl(QUrl::fromLocalFile(help));
         return;
     }

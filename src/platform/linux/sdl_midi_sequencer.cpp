@@ -4,7 +4,6 @@
 #include "platform/linux/sdl_audio.h"
 #include "platform/record_file.h"
 
-#include <QFile>
 #include <SDL_mixer.h>
 
 SdlMidiSequencer::~SdlMidiSequencer() {
@@ -18,14 +17,16 @@ bool SdlMidiSequencer::open(const QString& path) {
         return false;
     }
     // The player takes a file that is no midi at all and then plays silence without a word: look first.
-    QByteArray bytes;
+    // The bytes are read once, from a regular file only, and the player decodes those same bytes.
     FileError error;
-    if (!record_file::readBytes(path, bytes, error) || !isPlayableMidi(bytes)) {
+    if (!record_file::readBytes(path, m_bytes, error) || !isPlayableMidi(m_bytes)) {
+        m_bytes.clear();
         m_error = QStringLiteral("Not a midi file that can be played: ") + path;
         return false;
     }
-    m_music = Mix_LoadMUS(QFile::encodeName(path).constData());
+    m_music = Mix_LoadMUS_RW(SDL_RWFromConstMem(m_bytes.constData(), int(m_bytes.size())), 1);
     if (!m_music) {
+        m_bytes.clear();
         m_error = QString::fromUtf8(Mix_GetError());
         return false;
     }
@@ -48,4 +49,5 @@ void SdlMidiSequencer::close() {
     Mix_HaltMusic();
     Mix_FreeMusic(m_music);
     m_music = nullptr;
+    m_bytes.clear();
 }

@@ -2,6 +2,8 @@
 
 #include "platform/midi_output.h"
 
+#include <QByteArray>
+
 class SdlAudio;
 typedef struct _Mix_Music Mix_Music;
 
@@ -22,5 +24,7 @@ public:
 private:
     SdlAudio& m_audio;
     Mix_Music* m_music = nullptr;
+    // The loaded file, which the player may read from while it plays.
+    QByteArray m_bytes;
     QString m_error;
 };

@@ -3,8 +3,8 @@
 
 #include "platform/linux/sdl_audio.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include "platform/record_file.h"
+
 #include <SDL_mixer.h>
 
 SdlWaveOutput::~SdlWaveOutput() {
@@ -16,12 +16,15 @@ bool SdlWaveOutput::play(const QString& path, int times) {
         m_error = m_audio.error();
         return false;
     }
-    // A pipe under the song's name would hold the program up in the open, and a folder is no song either.
-    if (!QFileInfo(path).isFile()) {
-        m_error = QStringLiteral("Not a file: ") + path;
+    // Read here, not by the mixer: only a regular file is opened, so a pipe under the song's name is refused
+    // at once instead of holding the program up, and a folder is no song either.
+    QByteArray bytes;
+    FileError error;
+    if (!record_file::readBytes(path, bytes, error)) {
+        m_error = QStringLiteral("Not a file that can be read: ") + path;
         return false;
     }
-    Mix_Chunk* chunk = Mix_LoadWAV(QFile::encodeName(path).constData());
+    Mix_Chunk* chunk = Mix_LoadWAV_RW(SDL_RWFromConstMem(bytes.constData(), int(bytes.size())), 1);
     if (!chunk) {
         m_error = QString::fromUtf8(Mix_GetError());
         return false;
