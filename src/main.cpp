@@ -15,6 +15,9 @@ int main(int argc, char** argv) {
         std::fputs(answer->err.toLocal8Bit().constData(), stderr);
         return std::fflush(stdout) == 0 ? answer->exitCode : 1;
     }
+    // Our windows are small: shared-memory images would wake Qt's X thread at every face change of the clock.
+    if (!qEnvironmentVariableIsSet("QT_XCB_NO_MITSHM"))
+        qputenv("QT_XCB_NO_MITSHM", "1");
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("bellwick"));
     QApplication::setApplicationVersion(QStringLiteral(BELLWICK_VERSION));

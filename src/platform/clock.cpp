@@ -46,9 +46,10 @@ qint64 SystemClock::secondKey() const {
 QDateTime SystemClock::now() const {
     const qint64 ms = QDateTime::currentMSecsSinceEpoch();
     const qint64 second = floorSecond(ms);
-    if (second != m_offsetSecond) {
+    const qint64 period = second >= 0 ? second / m_zoneCheckSeconds : (second + 1) / m_zoneCheckSeconds - 1;
+    if (period != m_offsetPeriod) {
         m_offset = localOffset(ms);
-        m_offsetSecond = second;
+        m_offsetPeriod = period;
     }
     return QDateTime::fromMSecsSinceEpoch(ms, Qt::OffsetFromUTC, m_offset);
 }

@@ -29,11 +29,13 @@ private:
     mutable QString m_timeText;
 };
 
-// The system's clock in the local zone. The zone's offset is looked up at most once a second of universal
-// time (within one such second it cannot change): a lookup may cost a file system call, and a schedule load
-// asks for the present moment for every record.
+// The system's clock in the local zone. The zone's offset is looked up at most once a minute of universal time:
+// a lookup costs file system calls, a schedule load asks for the present moment for every record, and the idle
+// program asks for it several times a second. Zones change their offset only at the turn of a minute, so a
+// daylight-saving change counts from its own second; a new zone chosen by the user counts from the next minute.
 class SystemClock : public Clock {
 public:
+    explicit SystemClock(int zoneCheckSeconds = 60) : m_zoneCheckSeconds(zoneCheckSeconds) {}
     QDateTime now() const override;
 
 protected:
@@ -42,7 +44,8 @@ protected:
     virtual int localOffset(qint64 msecsSinceEpoch) const;
 
 private:
-    mutable qint64 m_offsetSecond = std::numeric_limits<qint64>::min();
+    const int m_zoneCheckSeconds;
+    mutable qint64 m_offsetPeriod = std::numeric_limits<qint64>::min();
     mutable int m_offset = 0;
 };
 

@@ -154,11 +154,18 @@ TEST_F(AlarmSetWindowTest, NoSecondModeHidesTheSecondsAndShadingSwapsTheList) {
 
 TEST_F(AlarmSetWindowTest, TitleClockRunsOnlyWhileTheWindowIsShown) {
     const QString laidOut = f->windowTitle();
+    EXPECT_FALSE(f->timer->isActive()); // a hidden window costs no wake-ups
     f->onTick();
     EXPECT_EQ(f->windowTitle(), laidOut);
     f->show();
+    EXPECT_TRUE(f->timer->isActive());
+    EXPECT_EQ(f->timer->interval(), 1000);
     f->onTick();
     EXPECT_EQ(f->windowTitle(), "Bellwick Alarm Clock sp...01 May 2002 / 08:00 PM");
+    f->showMinimized();
+    EXPECT_TRUE(f->timer->isActive());
+    f->hide();
+    EXPECT_FALSE(f->timer->isActive());
 }
 
 TEST_F(AlarmSetWindowTest, ChoosingAnIntervalEnablesEveryAndTickingItLocksTheInterval) {

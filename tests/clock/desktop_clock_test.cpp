@@ -1,12 +1,12 @@
 #include "clock/ui/desktop_clock.h"
 
 #include "clock/clock_text.h"
+#include "clock/ui/clock_text_label.h"
 #include "fake_screen.h"
 #include "fakes.h"
 #include "settings/settings_records.h"
 
 #include <QAction>
-#include <QLabel>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QTimer>
@@ -57,7 +57,7 @@ TEST(DesktopClock, LoadStartsAtTheTopWithDefaultsOrTakesItsRecords) {
     EXPECT_EQ(f.topTwips(), 0);
     EXPECT_EQ(f.pos().x(), (1024 - 250) / 2);
     EXPECT_TRUE(f.timeLabel->text().isEmpty()); // blank until the first tick
-    EXPECT_EQ(f.timer->interval(), 400);
+    EXPECT_LE(f.timer->remainingTime(), 400);
     EXPECT_TRUE(f.timer->isActive());
     EXPECT_FALSE(f.hour24Action->isChecked());
     EXPECT_TRUE(f.secondsAction->isChecked());
@@ -138,6 +138,22 @@ TEST(DesktopClock, MenuTogglesAndSizesAreStoredAtOnce) {
     EXPECT_EQ(f.timeLabel->y(), 3); // 26 twips
     EXPECT_EQ(rig.stored(11), 8);
     EXPECT_EQ(f.mask().boundingRect(), QRect(1, 1, 155, 21)); // the outline is not rebuilt
+}
+
+TEST(DesktopClock, TheFaceWakesAtTheTurnOfWhatItShowsAndAFormatChangeShowsAtOnce) {
+    ClockRig rig;
+    DesktopClock& f = rig.load();
+    rig.engine.clock.set(2026, 11, 19, 15, 7, 9, 250);
+    f.onTick();
+    EXPECT_TRUE(f.timer->isSingleShot());
+    EXPECT_EQ(f.timer->interval(), 755); // just past the next second, not every 400 ms
+    f.secondsAction->trigger();          // seconds off: the text changes once a minute
+    EXPECT_EQ(f.timeLabel->text(), QStringLiteral("03 : 07  PM"));
+    EXPECT_EQ(f.timer->interval(), 50755);
+    rig.engine.clock.set(2026, 11, 19, 15, 7, 59, 999);
+    f.hour24Action->trigger();
+    EXPECT_EQ(f.timeLabel->text(), QStringLiteral("15 : 07"));
+    EXPECT_EQ(f.timer->interval(), 6);
 }
 
 TEST(DesktopClock, CloseAreaSwitchesToTheDateAndBackThenClosesStoringThePlace) {

@@ -87,7 +87,19 @@ AlarmSetWindow::AlarmSetWindow(Context& ctx, AlarmSetHooks& hooks, QWidget* pare
     timer->setTimerType(Qt::PreciseTimer);
     timer->setInterval(1000);
     connect(timer, &QTimer::timeout, this, &AlarmSetWindow::onTick);
+}
+
+// The title clock touches nothing while the window is hidden, so it need not wake the program then.
+void AlarmSetWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
     timer->start();
+}
+
+void AlarmSetWindow::hideEvent(QHideEvent* event) {
+    QMainWindow::hideEvent(event);
+    // Minimising hides too, and the title still counts in the taskbar.
+    if (!isVisible())
+        timer->stop();
 }
 
 void AlarmSetWindow::buildControls(QWidget* client) {

@@ -90,6 +90,8 @@ public:
 protected:
     // closeEvent: every request to close only hides the window.
     void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     // Enter presses the focused button, else the default button addButton.
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -6,6 +6,7 @@
 #include "clock/qt_screen_services.h"
 #include "clock/roll_up.h"
 #include "clock/screen_services.h"
+#include "clock/ui/clock_text_label.h"
 #include "clock/window_region.h"
 #include "engine/context.h"
 #include "platform/clock.h"
@@ -15,7 +16,6 @@
 
 #include <QCloseEvent>
 #include <QCursor>
-#include <QLabel>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QMoveEvent>
@@ -27,7 +27,10 @@
 
 namespace {
 
-constexpr int kTimerInterval = 400;
+// The face is blank at most this long after the window opens.
+constexpr int kFirstTick = 400;
+// Woken a little after the turn of the second, never just before it.
+constexpr int kPastTheTurn = 5;
 constexpr int kSettleTime = 1000; // ms after showing in which the window manager's idea of our place is doubted
 
 QtScreenServices& qtScreen() {
@@ -50,7 +53,7 @@ DesktopClock::DesktopClock(Context& ctx, ScreenServices& screen, DockingHandler&
     setAttribute(Qt::WA_DeleteOnClose);
     setFixedSize(toLogicalX(ClockFace::kFormWidth), toLogicalY(ClockFace::kFormHeight));
 
-    timeLabel = new QLabel(this);
+    timeLabel = new ClockTextLabel(this);
     timeLabel->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     timeLabel->setMouseTracking(true); // a pointer arriving on the strip brings the clock back
     timeLabel->installEventFilter(this);
@@ -61,12 +64,12 @@ DesktopClock::DesktopClock(Context& ctx, ScreenServices& screen, DockingHandler&
 
     timer = new QTimer(this);
     timer->setTimerType(Qt::PreciseTimer);
-    timer->setInterval(kTimerInterval);
+    timer->setSingleShot(true);
     connect(timer, &QTimer::timeout, this, &DesktopClock::onTick);
 
     buildMenu();
     load();
-    timer->start();
+    timer->start(qMin(kFirstTick, msToNextChange(ctx.clock.now().time())));
 }
 
 DesktopClock::~DesktopClock() {
@@ -94,9 +97,12 @@ void DesktopClock::buildMenu() {
     connect(hour24Action, &QAction::triggered, this, [this, appPath](bool checked) {
         m_hour24 = checked;
         settings_records::write24Hour(appPath, checked);
+        showFormatChange();
     });
-    connect(secondsAction, &QAction::triggered, this,
-            [appPath](bool checked) { settings_records::writeEnabledSecond(appPath, checked); });
+    connect(secondsAction, &QAction::triggered, this, [this, appPath](bool checked) {
+        settings_records::writeEnabledSecond(appPath, checked);
+        showFormatChange();
+    });
     connect(showAtStartAction, &QAction::triggered, this,
             [appPath](bool checked) { settings_records::writeShowSmallClock(appPath, checked); });
     connect(size8Action, &QAction::triggered, this, [this] { chooseSize(8); });
@@ -158,8 +164,22 @@ void DesktopClock::chooseSize(int32_t size) {
     applyFace();
 }
 
+int DesktopClock::msToNextChange(const QTime& now) const {
+    // The face shows seconds, or only minutes: an idle clock wakes when its text changes, not more.
+    const int period = secondsAction->isChecked() ? 1000 : 60000;
+    return period - now.msecsSinceStartOfDay() % period + kPastTheTurn;
+}
+
+void DesktopClock::showFormatChange() {
+    // The next wake-up may be a minute away; the date, when shown, stands as it is.
+    if (timer->isActive())
+        onTick();
+}
+
 void DesktopClock::onTick() {
-    timeLabel->setText(clockTimeText(ctx.clock.now().time(), m_hour24, secondsAction->isChecked()));
+    const QTime now = ctx.clock.now().time();
+    timeLabel->setText(clockTimeText(now, m_hour24, secondsAction->isChecked()));
+    timer->start(msToNextChange(now));
 }
 
 void DesktopClock::switchTimeDate() {
@@ -168,7 +188,7 @@ void DesktopClock::switchTimeDate() {
         // The date then stands as it is, across midnight too.
         timeLabel->setText(clockDateText(ctx.clock.now().date()));
     } else {
-        timer->start();
+        onTick();
     }
 }
 

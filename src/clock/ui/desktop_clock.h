@@ -12,7 +12,7 @@
 
 class Context;
 class QAction;
-class QLabel;
+class ClockTextLabel;
 class QMenu;
 class QTimer;
 class ScreenServices;
@@ -51,7 +51,7 @@ public:
     int32_t logPixelsX() const { return m_logPixelsX; }
     const ClockFace& face() const { return m_face; }
 
-    QLabel* timeLabel = nullptr;
+    ClockTextLabel* timeLabel = nullptr;
     QWidget* menuEnd = nullptr;
     QWidget* closeEnd = nullptr;
     QTimer* timer = nullptr;
@@ -75,6 +75,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    int msToNextChange(const QTime& now) const;
+    void showFormatChange();
     void load();
     void buildMenu();
     void applyFace();
