@@ -214,6 +214,18 @@ TEST(AudioOutputTest, ALostDeviceIsOpenedAnewForTheNextSound) {
     EXPECT_GT(peak, 5000);
 }
 
+TEST(AudioOutputTest, AFailedOpenIsTriedAgainAfterASecond) {
+    AudioDriver driver("bellwick-no-such-driver");
+    SdlAudio audio;
+    SquareWaveSpeaker square(audio);
+    ASSERT_FALSE(audio.open());
+    // The thirty tones of a sweep do not each knock at a sound server that is not there.
+    qputenv("SDL_AUDIODRIVER", "dummy");
+    EXPECT_FALSE(square.available());
+    QThread::msleep(1100);
+    EXPECT_TRUE(square.available());
+}
+
 TEST(AudioOutputTest, AnAlarmWhoseDeviceIsLostForGoodGivesTheBoxOnce) {
     AudioDriver driver("disk", "/dev/full");
     SoundFixture f;

@@ -48,6 +48,18 @@ bool SdlAudio::open() {
     if (m_open && !lost())
         return true;
     close();
+    if (!m_retry.hasExpired())
+        return false;
+    if (!openDevice()) {
+        m_retry.setRemainingTime(1000);
+        return false;
+    }
+    m_open = true;
+    ++m_generation;
+    return true;
+}
+
+bool SdlAudio::openDevice() {
     // The program handles its own signals.
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     SDL_SetHint(SDL_HINT_APP_NAME, "Bellwick");
@@ -80,7 +92,5 @@ bool SdlAudio::open() {
         if (SDL_GetAudioDeviceStatus(id) != SDL_AUDIO_STOPPED)
             m_device = id;
     }
-    m_open = true;
-    ++m_generation;
     return true;
 }

@@ -1,11 +1,12 @@
 #pragma once
 
+#include <QDeadlineTimer>
 #include <QString>
 #include <cstdint>
 
 // The audio device of SDL2_mixer, opened on first use. A device that cannot be opened leaves the
-// outputs unable to play; the next request tries again, and so does the first request after the device
-// was lost (a sound server that went away). One per process: the mixer is global.
+// outputs unable to play; a request a second later tries again, and so does the first request after the
+// device was lost (a sound server that went away). One per process: the mixer is global.
 class SdlAudio {
 public:
     static constexpr int kWaveChannel = 0;
@@ -29,10 +30,13 @@ public:
     const QString& error() const { return m_error; }
 
 private:
+    bool openDevice();
     void close();
 
     bool m_open = false;
     uint32_t m_device = 0;
+    // Each tone of a sweep asks for the device: without a server they would all try to reach it.
+    QDeadlineTimer m_retry;
     int m_generation = 0;
     int m_rate = 0;
     int m_channels = 0;
