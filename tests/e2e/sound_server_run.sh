@@ -20,9 +20,10 @@ for offset in 4 40; do
 done
 
 while [ "$(date +%H%M%S)" -gt 235930 ]; do sleep 5; done
-first=$(date -d "+7 seconds" +%H:%M:%S)
-second=$(date -d "+15 seconds" +%H:%M:%S)
-third=$(date -d "+20 seconds" +%H:%M:%S)
+now=$(date +%s)
+first=$(date -d @$((now + 6)) +%H:%M:%S)
+second=$(date -d @$((now + 13)) +%H:%M:%S)
+third=$(date -d @$((now + 17)) +%H:%M:%S)
 today=$(date +%Y/%m/%d)
 {
     printf '"Server check one%srepe%s"\r\n' "$today" "$first"
@@ -61,6 +62,8 @@ echo "first alarm at $(date +%T) for $first: RMS $rms"
 awk -v r="$rms" 'BEGIN { exit !(r > 0.01) }' || fail "the first alarm was not heard"
 stop_sound_server
 box_then_ok "when the server died under the first alarm"
+xdotool search --onlyvisible --name '^Message  ' 2>/dev/null | grep -qxF "${messages%$'\n'}" ||
+    fail "the first message window went with the box"
 
 # 2. The server comes back; the next alarm is heard.
 start_sound_server
