@@ -2,7 +2,8 @@
 # The real program on a real display under the faults that used to freeze it or leave an alarm silent:
 # named pipes planted under the schedule's and the day file's names at start, then an alarm whose wave file
 # is cut after its header and whose midi file is no midi at all, which must end in the box that says the
-# sound cannot be played, with the message window standing.
+# sound cannot be played, with the message window standing; and an alarm on a machine with no sound server
+# and no sound device at all, which ends the same way.
 # Usage: fault_run.sh <path to bellwick>
 set -uo pipefail
 program="$1"
@@ -55,5 +56,22 @@ echo "box at $(date +%T) for $due: $(xdotool getwindowname "$box")"
 xdotool windowactivate --sync "$box" 2>/dev/null
 xdotool key Return
 wait_for_window '^Message  ' 10 >/dev/null || fail "no message window after the box"
+kill -0 "$pid" 2>/dev/null || fail "the program ended"
+stop "$pid"
+
+# 3. Our own wave and midi, but no sound server and no device: the box, and the message window.
+ding="$(dirname "$program")/share/ding.wav"
+cp "$ding" "$folder/ding.wav" && cp "$(dirname "$ding")/air.mid" "$folder/air.mid" || fail "no $ding or air.mid"
+while [ "$(date +%H%M%S)" -gt 235930 ]; do sleep 5; done
+due=$(date -d "+5 seconds" +%H:%M:%S)
+printf '"No sound at all%sonce%s"\r\n' "$(date +%Y/%m/%d)" "$due" >"$folder/future.dat"
+env -u SDL_AUDIODRIVER "$program" >"$work/bellwick.log" 2>&1 &
+pid=$!
+pids+=($pid)
+box=$(wait_for_window '^Bellwick Alarm Clock sp$' 25) || { cat "$work/bellwick.log"; fail "no box without a sound server"; }
+echo "box at $(date +%T) for $due without a sound server"
+xdotool windowactivate --sync "$box" 2>/dev/null
+xdotool key Return
+wait_for_window '^Message  ' 10 >/dev/null || fail "no message window after the box without a sound server"
 kill -0 "$pid" 2>/dev/null || fail "the program ended"
 echo "1 passed, 0 failed"
