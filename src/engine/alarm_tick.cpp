@@ -34,6 +34,7 @@ void AlarmTick::onTick() {
     }
     if (m_ctx.soundChoice.repeatSweep)
         m_ctx.sound.sweepSpeaker();
+    m_ctx.sound.keepRinging();
     midnightReload();
     m_inTick = false;
 }

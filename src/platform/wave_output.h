@@ -10,6 +10,8 @@ public:
     // no audio device, or a file that cannot be decoded.
     virtual bool play(const QString& path, int times) = 0;
     virtual void stop() = 0;
+    // A wave still meant to sound whose device was lost under it: the alarm went silent.
+    virtual bool fellSilent() = 0;
 };
 
 // No audio output at all.
@@ -17,4 +19,5 @@ class NullWaveOutput : public WaveOutput {
 public:
     bool play(const QString&, int) override { return false; }
     void stop() override {}
+    bool fellSilent() override { return false; }
 };

@@ -12,4 +12,6 @@ public:
     virtual void playWaveFile(const QString& name, int flags) = 0;
     // One falling sweep on the internal speaker.
     virtual void sweepSpeaker() = 0;
+    // Called on every tick: an alarm whose sound went silent under it sounds again, or says why it cannot.
+    virtual void keepRinging() {}
 };

@@ -40,6 +40,16 @@ void SoundPlayer::playAlarm(const QString& playWord, const QString& soundPath) {
         }
         speakerWarning();
     }
+    playWave(playWord, soundPath, m_ctx.tick.nextAlarm);
+}
+
+void SoundPlayer::keepRinging() {
+    if (!m_ringing.soundPath.isEmpty() && m_devices.wave.fellSilent())
+        playWave(m_ringing.playWord, m_ringing.soundPath, m_ringing.alarmTime);
+}
+
+void SoundPlayer::playWave(const QString& playWord, const QString& soundPath, const QString& alarmTime) {
+    m_ringing = {playWord, soundPath, alarmTime};
     playWaveFile(QString(), 1);
     int16_t canPlay = -1;
     {
@@ -55,10 +65,10 @@ void SoundPlayer::playAlarm(const QString& playWord, const QString& soundPath) {
             playOnSpeaker(playWord);
             return;
         }
-        reportSoundError(canPlay);
+        reportSoundError(canPlay, alarmTime);
         speakerWarning();
     } else {
-        reportSoundError(canPlay);
+        reportSoundError(canPlay, alarmTime);
     }
 }
 
@@ -68,21 +78,29 @@ void SoundPlayer::speakerWarning() {
 }
 
 void SoundPlayer::reportSoundError(int16_t canPlay) {
+    reportSoundError(canPlay, m_ctx.tick.nextAlarm);
+}
+
+void SoundPlayer::reportSoundError(int16_t canPlay, const QString& alarmTime) {
     // A name that stands but is no folder counts as found: a pipe there is a wave that cannot play.
     const QFileInfo song(m_ctx.soundChoice.songPath);
     if (!song.exists() || song.isDir()) {
         m_ctx.front.trayEnabled = false;
         m_ctx.setTickTimerEnabled(false);
         m_ctx.notices.systemModalBox(m_ctx.soundChoice.songPath.mid(7) +
-                                     QStringLiteral(", wave file not found, alarm at ") + m_ctx.tick.nextAlarm);
+                                     QStringLiteral(", wave file not found, alarm at ") + alarmTime);
         m_ctx.setTickTimerEnabled(true);
         m_ctx.front.trayEnabled = true;
     } else if (canPlay == 0 && m_ctx.options.errorPopups && m_ctx.options.soundOn) {
-        playMidi();
+        playMidi(alarmTime);
     }
 }
 
 void SoundPlayer::playMidi() {
+    playMidi(m_ctx.tick.nextAlarm);
+}
+
+void SoundPlayer::playMidi(const QString& alarmTime) {
     if (!m_ctx.options.soundOn)
         return;
     const QString copy = m_devices.midiCopyPath;
@@ -101,8 +119,7 @@ void SoundPlayer::playMidi() {
     if (sendCommand(QStringLiteral("play ") + kMidiAlias) != 0) {
         m_ctx.front.trayEnabled = false;
         m_ctx.setTickTimerEnabled(false);
-        m_ctx.notices.systemModalBox(QStringLiteral("Error found, Sound cannot be played, alarm at ") +
-                                     m_ctx.tick.nextAlarm);
+        m_ctx.notices.systemModalBox(QStringLiteral("Error found, Sound cannot be played, alarm at ") + alarmTime);
         m_ctx.setTickTimerEnabled(true);
         m_ctx.front.trayEnabled = true;
     }
@@ -113,6 +130,8 @@ void SoundPlayer::playWaveFile(const QString& name, int flags) {
         m_devices.wave.stop();
         return;
     }
+    // A wave of its own, such as the chime, is no alarm to ring again.
+    m_ringing = {};
     m_devices.wave.play(name, 1);
 }
 

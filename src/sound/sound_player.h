@@ -23,6 +23,9 @@ public:
     void playWaveFile(const QString& name, int flags) override;
     // Queues one falling sweep on the speaker's ports and returns; the sweep sounds meanwhile.
     void sweepSpeaker() override;
+    // A wave whose audio device was lost while it sounded plays again on a device opened anew; when none
+    // opens, the fallbacks and the box follow as for an alarm that cannot play, with that alarm's time.
+    void keepRinging() override;
 
     void reportSoundError(int16_t canPlay);
     void playMidi();
@@ -35,8 +38,15 @@ public:
     void stopSounds();
 
 private:
+    void playWave(const QString& playWord, const QString& soundPath, const QString& alarmTime);
+    void reportSoundError(int16_t canPlay, const QString& alarmTime);
+    void playMidi(const QString& alarmTime);
     void speakerWarning();
 
     Context& m_ctx;
     SoundDevices m_devices;
+    // The last wave an alarm played.
+    struct {
+        QString playWord, soundPath, alarmTime;
+    } m_ringing;
 };

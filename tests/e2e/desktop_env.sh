@@ -1,6 +1,7 @@
 # Sourced by the desktop runs: a fresh per-user folder and a real X display with a window manager and a tray.
 # Gives: $work, pids, fail, start_desktop [dots per inch] [notray], start_tray, write_settings <record 4 value>
-# [clock at start].
+# [clock at start], start_sound_server, stop_sound_server, record_rms <seconds>, wait_for_window <name pattern>
+# <seconds>, tray_icon.
 
 work=$(mktemp -d)
 pids=()
@@ -71,6 +72,30 @@ write_settings() { # <record 4 value> [clock]
             printf '%-30s' ''
         fi
     } >"$XDG_DATA_HOME/bellwick/tolm.ini"
+}
+
+# A sound server whose only output is the null sink "e2e", which record_rms listens to.
+start_sound_server() {
+    need_tools pulseaudio parec sox
+    pulseaudio --daemonize=yes -n --exit-idle-time=-1 --disallow-exit --use-pid-file=yes \
+        --load="module-null-sink sink_name=e2e" --load="module-native-protocol-unix" \
+        --log-target=file:"$work/pulse.log" || fail "pulseaudio did not start"
+    export PULSE_SINK=e2e
+    unset SDL_AUDIODRIVER
+}
+stop_sound_server() {
+    local pid
+    pid=$(cat "$XDG_RUNTIME_DIR/pulse/pid" 2>/dev/null) || return 0
+    kill "$pid" 2>/dev/null
+    for _ in $(seq 50); do kill -0 "$pid" 2>/dev/null || return 0; sleep 0.1; done
+    kill -9 "$pid" 2>/dev/null
+}
+
+# RMS of what the sink plays over some seconds.
+record_rms() {
+    timeout "$1" parec -d e2e.monitor --raw --format=s16le --rate=22050 --channels=1 >"$work/rec.raw" 2>/dev/null
+    [ -s "$work/rec.raw" ] || { echo 0; return; }
+    sox -t raw -r 22050 -e signed -b 16 -c 1 "$work/rec.raw" -n stat 2>&1 | awk '/RMS +amplitude/ {print $3}'
 }
 
 wait_for_window() { # name pattern, seconds

@@ -6,15 +6,8 @@
 set -uo pipefail
 program="$1"
 . "$(dirname "$0")/desktop_env.sh"
-need_tools pulseaudio parec sox
 start_desktop
-
-# A sound server whose only output is a null sink we can record from.
-pulseaudio --daemonize=yes -n --exit-idle-time=-1 --disallow-exit --use-pid-file=yes \
-    --load="module-null-sink sink_name=e2e" --load="module-native-protocol-unix" \
-    --log-target=file:"$work/pulse.log" || fail "pulseaudio did not start"
-export PULSE_SINK=e2e
-unset SDL_AUDIODRIVER
+start_sound_server
 
 # Not too close to midnight: the event must be today's.
 while [ "$(date +%H%M%S)" -gt 235930 ]; do sleep 5; done
@@ -28,13 +21,6 @@ write_settings ALAEOnDCWSOfUISPOfISOMOf
 "$program" >"$work/bellwick.log" 2>&1 &
 main_pid=$!
 pids+=($main_pid)
-
-# RMS of what the sink plays over some seconds.
-record_rms() {
-    timeout "$1" parec -d e2e.monitor --raw --format=s16le --rate=22050 --channels=1 >"$work/rec.raw" 2>/dev/null
-    [ -s "$work/rec.raw" ] || { echo 0; return; }
-    sox -t raw -r 22050 -e signed -b 16 -c 1 "$work/rec.raw" -n stat 2>&1 | awk '/RMS +amplitude/ {print $3}'
-}
 
 # 1. The alarm fires at its second: the message window appears and sound plays.
 message_window=$(wait_for_window '^Message  ' 25) || { cat "$work/bellwick.log"; fail "no message window"; }

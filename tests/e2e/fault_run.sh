@@ -3,7 +3,8 @@
 # named pipes planted under the schedule's and the day file's names at start, then an alarm whose wave file
 # is cut after its header and whose midi file is no midi at all, which must end in the box that says the
 # sound cannot be played, with the message window standing; then an alarm whose wave file is a named pipe,
-# which must end in the same box instead of a frozen program.
+# which must end in the same box instead of a frozen program; and an alarm on a machine with no sound server
+# and no sound device at all, which ends the same way.
 # Usage: fault_run.sh <path to bellwick>
 set -uo pipefail
 program="$1"
@@ -12,14 +13,6 @@ start_desktop
 export SDL_AUDIODRIVER=dummy
 folder="$XDG_DATA_HOME/bellwick"
 
-tray_icon() {
-    for w in $(xdotool search --onlyvisible --class bellwick 2>/dev/null); do
-        read -r width height < <(xdotool getwindowgeometry "$w" 2>/dev/null |
-            awk '/Geometry/ {split($2, g, "x"); print g[1], g[2]}')
-        [ "${width:-0}" -gt 8 ] && [ "${width:-0}" -le 64 ] && [ "${height:-0}" -le 64 ] && return 0
-    done
-    return 1
-}
 stop() {
     kill "$1" 2>/dev/null
     wait "$1" 2>/dev/null
@@ -67,4 +60,22 @@ echo "box at $(date +%T) for $due2: $(xdotool getwindowname "$box")"
 xdotool windowactivate --sync "$box" 2>/dev/null
 xdotool key Return
 kill -0 "$pid" 2>/dev/null || fail "the program ended"
-echo "2 passed, 0 failed"
+stop "$pid"
+
+# 4. Our own wave and midi, but no sound server and no device: the box, and the message window.
+ding="$(dirname "$program")/share/ding.wav"
+rm -f "$folder/ding.wav" "$folder/air.mid"
+cp "$ding" "$folder/ding.wav" && cp "$(dirname "$ding")/air.mid" "$folder/air.mid" || fail "no $ding or air.mid"
+while [ "$(date +%H%M%S)" -gt 235930 ]; do sleep 5; done
+due=$(date -d "+5 seconds" +%H:%M:%S)
+printf '"No sound at all%sonce%s"\r\n' "$(date +%Y/%m/%d)" "$due" >"$folder/future.dat"
+env -u SDL_AUDIODRIVER "$program" >"$work/bellwick.log" 2>&1 &
+pid=$!
+pids+=($pid)
+box=$(wait_for_window '^Bellwick Alarm Clock sp$' 25) || { cat "$work/bellwick.log"; fail "no box without a sound server"; }
+echo "box at $(date +%T) for $due without a sound server"
+xdotool windowactivate --sync "$box" 2>/dev/null
+xdotool key Return
+wait_for_window '^Message  ' 10 >/dev/null || fail "no message window after the box without a sound server"
+kill -0 "$pid" 2>/dev/null || fail "the program ended"
+echo "3 passed, 0 failed"

@@ -174,6 +174,84 @@ TEST(AudioOutputTest, NoDeviceMeansTheFallbackPath) {
     EXPECT_LT(clock.elapsed(), 3000);
 }
 
+// The disk driver writing into /dev/full fails its first write, and SDL takes the device for lost, as it does
+// when a sound server goes away.
+bool waitUntilLost(const SdlAudio& audio) {
+    QDeadlineTimer deadline(3000);
+    while (!audio.lost() && !deadline.hasExpired())
+        QThread::msleep(20);
+    return audio.lost();
+}
+
+TEST(AudioOutputTest, ALostDeviceIsOpenedAnewForTheNextSound) {
+    QTemporaryDir dir;
+    const QString file = dir.filePath(QStringLiteral("out.raw"));
+    AudioDriver driver("disk", "/dev/full");
+    {
+        SdlAudio audio;
+        SdlWaveOutput wave(audio);
+        SquareWaveSpeaker square(audio);
+        ASSERT_TRUE(square.available());
+        ASSERT_TRUE(wave.play(kData + QStringLiteral("/ding.wav"), 0)) << wave.error().toStdString();
+        ASSERT_TRUE(waitUntilLost(audio));
+        EXPECT_TRUE(wave.fellSilent());
+
+        qputenv("SDL_DISKAUDIOFILE", QFile::encodeName(file));
+        ASSERT_TRUE(wave.play(kData + QStringLiteral("/ding.wav"), 1)) << wave.error().toStdString();
+        QThread::msleep(200);
+        EXPECT_FALSE(audio.lost());
+        EXPECT_FALSE(wave.fellSilent());
+        // The speaker's tones are mixed into the new device too.
+        square.queueTone(1000, 100);
+        QDeadlineTimer deadline(2000);
+        while (square.queuedMs() > 0 && !deadline.hasExpired())
+            QThread::msleep(20);
+        EXPECT_EQ(square.queuedMs(), 0);
+    }
+    const QByteArray bytes = readBytes(file);
+    int peak = 0;
+    for (qsizetype i = 0; i + 1 < bytes.size(); i += 2)
+        peak = std::max(peak, std::abs(int(qint16(quint8(bytes[i]) | (quint8(bytes[i + 1]) << 8)))));
+    EXPECT_GT(peak, 5000);
+}
+
+TEST(AudioOutputTest, AFailedOpenIsTriedAgainAfterASecond) {
+    AudioDriver driver("bellwick-no-such-driver");
+    SdlAudio audio;
+    SquareWaveSpeaker square(audio);
+    ASSERT_FALSE(audio.open());
+    // The thirty tones of a sweep do not each knock at a sound server that is not there.
+    qputenv("SDL_AUDIODRIVER", "dummy");
+    EXPECT_FALSE(square.available());
+    QThread::msleep(1100);
+    EXPECT_TRUE(square.available());
+}
+
+TEST(AudioOutputTest, AnAlarmWhoseDeviceIsLostForGoodGivesTheBoxOnce) {
+    AudioDriver driver("disk", "/dev/full");
+    SoundFixture f;
+    f.ctx.options.errorPopups = true;
+    QFile::copy(kData + QStringLiteral("/ding.wav"), f.ctx.soundChoice.songPath);
+    QFile::copy(kData + QStringLiteral("/air.mid"), f.ctx.appFile(QStringLiteral("air.mid")));
+    {
+        LinuxSoundDevices outputs;
+        SoundDevices devices = outputs.devices();
+        devices.midiCopyPath = f.dir.filePath(QStringLiteral("run/air.mid"));
+        SoundPlayer player(f.ctx, devices);
+        player.playAlarm(QStringLiteral("repeat"), f.ctx.soundChoice.songPath);
+        ASSERT_TRUE(f.log.isEmpty()) << f.log.join(QLatin1Char('\n')).toStdString();
+        ASSERT_TRUE(waitUntilLost(outputs.audio()));
+        f.ctx.tick.nextAlarm = QStringLiteral("08:00:00");
+        qputenv("SDL_AUDIODRIVER", "bellwick-no-such-driver");
+        player.keepRinging();
+        player.keepRinging();
+        player.stopSounds();
+    }
+    EXPECT_EQ(f.log, (QStringList{QStringLiteral("timer off"),
+                                  QStringLiteral("box Error found, Sound cannot be played, alarm at 07:30:00 tray=0"),
+                                  QStringLiteral("timer on")}));
+}
+
 TEST(AudioOutputTest, AMidiFileThatIsNoMidiGivesTheBox) {
     AudioDriver driver("dummy");
     SoundFixture f;
@@ -242,13 +320,15 @@ TEST(AudioOutputTest, FileThatIsNotAudioCannotBePlayed) {
     EXPECT_FALSE(midi.play());
     EXPECT_TRUE(wave.play(kData + QStringLiteral("/ding.wav"), 1));
 
-    // A wave cut after its header plays next to nothing, so it cannot play; one whose header claims far more
-    // than the file holds plays what is there.
+    // A wave cut after its header, or within its first hundredth of a second, plays next to nothing, so it
+    // cannot play; one whose header (RIFF and data sizes) claims far more than the file holds plays what is there.
     auto waveFile = [&](quint32 declared, int dataBytes) {
         const QString path = dir.filePath(QStringLiteral("w%1.wav").arg(dataBytes));
         QByteArray b("RIFF\0\0\0\0WAVEfmt \x10\0\0\0\x01\0\x01\0\x44\xac\0\0\x88\x58\x01\0\x02\0\x10\0data", 40);
-        for (int i = 0; i < 4; ++i)
+        for (int i = 0; i < 4; ++i) {
+            b[4 + i] = char((declared >> (8 * i)) & 0xFF);
             b.append(char((declared >> (8 * i)) & 0xFF));
+        }
         for (int i = 0; i < dataBytes / 2; ++i) {
             const qint16 v = qint16(8000 * ((i / 50) % 2 ? 1 : -1));
             b.append(char(v & 0xFF)).append(char((v >> 8) & 0xFF));
@@ -257,7 +337,9 @@ TEST(AudioOutputTest, FileThatIsNotAudioCannotBePlayed) {
         return path;
     };
     EXPECT_FALSE(wave.play(waveFile(16, 16), 1));
+    EXPECT_FALSE(wave.play(waveFile(88200, 882), 1));
     EXPECT_TRUE(wave.play(waveFile(0x7FFFFFF0u, 88200), 1));
+    EXPECT_TRUE(wave.play(waveFile(0xFFFFFFF0u, 88200), 1));
     wave.stop();
 }
 

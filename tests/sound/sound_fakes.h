@@ -22,6 +22,8 @@ struct FakeWaveOutput : WaveOutput {
         return playable;
     }
     void stop() override { log.append(QStringLiteral("wave stop")); }
+    bool silent = false;
+    bool fellSilent() override { return silent; }
 };
 
 struct FakeMci : MciDevice {

@@ -138,6 +138,35 @@ TEST(SoundPlayerTest, RepeatWithoutLibraryNeverRepeats) {
     EXPECT_EQ(f.log, (QStringList{kSpeakerWarning, kStop, QStringLiteral("wave ding.wav x0")}));
 }
 
+TEST(SoundPlayerTest, AnAlarmThatFellSilentRingsAgainOrGivesTheBoxWithItsOwnTime) {
+    SoundFixture f;
+    f.ctx.options.errorPopups = true;
+    writeBytes(f.ctx.soundChoice.songPath, "RIFF");
+    f.player.playAlarm(QStringLiteral("repeat"), f.ctx.soundChoice.songPath);
+    f.player.keepRinging();
+    // The next alarm is taken on the tick after the one that fired.
+    f.ctx.tick.nextAlarm = QStringLiteral("08:00:00");
+    f.wave.silent = true;
+    f.player.keepRinging();
+    f.wave.silent = false;
+    f.player.keepRinging();
+    const QString repeat = QStringLiteral("wave ding.wav x0");
+    EXPECT_EQ(f.log, (QStringList{kStop, repeat, kStop, repeat}));
+
+    f.log.clear();
+    f.wave.playable = false;
+    f.mci.playResult = 263;
+    f.wave.silent = true;
+    f.player.keepRinging();
+    EXPECT_EQ(f.log, QStringList({kStop, repeat}) + kMidi + kMidiFailed);
+
+    // A chime that falls silent is no alarm to ring again.
+    f.log.clear();
+    f.player.playWaveFile(f.ctx.appFile(QStringLiteral("didi.snd")), 1);
+    f.player.keepRinging();
+    EXPECT_EQ(f.log, QStringList{QStringLiteral("wave didi.snd x1")});
+}
+
 TEST(SoundPlayerTest, StopEndsWaveMidiAndRepeat) {
     SoundFixture f;
     f.ctx.soundChoice.repeatSweep = true;

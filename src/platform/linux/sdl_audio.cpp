@@ -23,18 +23,43 @@ void chooseSoundFont() {
 } // namespace
 
 SdlAudio::~SdlAudio() {
+    close();
+}
+
+void SdlAudio::close() {
     if (!m_open)
         return;
     Mix_HaltChannel(-1);
     Mix_HaltMusic();
+    Mix_SetPostMix(nullptr, nullptr);
     Mix_CloseAudio();
     Mix_Quit();
+    // The whole subsystem goes: a sound server's connection is made again only when it starts anew.
     SDL_QuitSubSystem(SDL_INIT_AUDIO);
+    m_open = false;
+    m_device = 0;
+}
+
+bool SdlAudio::lost() const {
+    return m_open && m_device != 0 && SDL_GetAudioDeviceStatus(m_device) == SDL_AUDIO_STOPPED;
 }
 
 bool SdlAudio::open() {
-    if (m_open)
+    if (m_open && !lost())
         return true;
+    close();
+    if (!m_retry.hasExpired())
+        return false;
+    if (!openDevice()) {
+        m_retry.setRemainingTime(1000);
+        return false;
+    }
+    m_open = true;
+    ++m_generation;
+    return true;
+}
+
+bool SdlAudio::openDevice() {
     // The program handles its own signals.
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     SDL_SetHint(SDL_HINT_APP_NAME, "Bellwick");
@@ -61,6 +86,11 @@ bool SdlAudio::open() {
     }
     // Waves go to their own channel, so a stop silences them and nothing else.
     Mix_ReserveChannels(1);
-    m_open = true;
+    // The mixer keeps its device's id to itself. It is the one device this process has open, and it plays
+    // until SDL finds it gone.
+    for (SDL_AudioDeviceID id = 2; id < 32 && m_device == 0; ++id) {
+        if (SDL_GetAudioDeviceStatus(id) != SDL_AUDIO_STOPPED)
+            m_device = id;
+    }
     return true;
 }

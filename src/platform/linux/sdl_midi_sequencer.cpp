@@ -46,7 +46,8 @@ bool SdlMidiSequencer::play() {
 void SdlMidiSequencer::close() {
     if (!m_music)
         return;
-    Mix_HaltMusic();
+    if (m_audio.isOpen())
+        Mix_HaltMusic();
     Mix_FreeMusic(m_music);
     m_music = nullptr;
     m_bytes.clear();

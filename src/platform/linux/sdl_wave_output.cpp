@@ -12,6 +12,9 @@ SdlWaveOutput::~SdlWaveOutput() {
 }
 
 bool SdlWaveOutput::play(const QString& path, int times) {
+    // A wave of a lost device goes with it: the device is opened anew.
+    if (m_audio.lost())
+        stop();
     if (!m_audio.open()) {
         m_error = m_audio.error();
         return false;
@@ -49,7 +52,13 @@ bool SdlWaveOutput::play(const QString& path, int times) {
 void SdlWaveOutput::stop() {
     if (!m_chunk)
         return;
-    Mix_HaltChannel(SdlAudio::kWaveChannel);
+    if (m_audio.isOpen())
+        Mix_HaltChannel(SdlAudio::kWaveChannel);
     Mix_FreeChunk(m_chunk);
     m_chunk = nullptr;
+}
+
+bool SdlWaveOutput::fellSilent() {
+    // The mixer goes on playing into a lost device, so the wave counts as playing until its end.
+    return m_chunk && m_audio.lost() && Mix_Playing(SdlAudio::kWaveChannel);
 }

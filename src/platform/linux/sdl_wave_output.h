@@ -15,6 +15,7 @@ public:
 
     bool play(const QString& path, int times) override;
     void stop() override;
+    bool fellSilent() override;
 
     // Why the last play failed.
     const QString& error() const { return m_error; }

@@ -14,10 +14,12 @@ SquareWaveSpeaker::~SquareWaveSpeaker() {
 }
 
 bool SquareWaveSpeaker::available() {
-    if (m_synth)
-        return true;
     if (!m_audio.open())
         return false;
+    if (m_synth && m_generation == m_audio.generation())
+        return true;
+    // A device opened anew knows nothing of our mixing, and may have other channels.
+    m_generation = m_audio.generation();
     m_channels = m_audio.channels();
     m_synth = std::make_unique<ToneSynth>(m_audio.rate(), kMaxQueuedToneMs);
     Mix_SetPostMix(&SquareWaveSpeaker::mix, this);

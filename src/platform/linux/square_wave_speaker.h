@@ -17,7 +17,7 @@ public:
     SquareWaveSpeaker& operator=(const SquareWaveSpeaker&) = delete;
     ~SquareWaveSpeaker() override;
 
-    // Opens the audio device if need be.
+    // Opens the audio device if need be, or anew when it was lost.
     bool available() override;
     void queueTone(double hz, int ms) override;
 
@@ -32,4 +32,5 @@ private:
     std::mutex m_mutex;
     std::unique_ptr<ToneSynth> m_synth;
     int m_channels = 0;
+    int m_generation = 0;
 };

@@ -1,0 +1,80 @@
+#!/usr/bin/env bash
+# The real program while its sound server goes away and comes back, with a song whose header claims 4 GB:
+# a repeating alarm whose server dies while it rings ends in the box that says the sound cannot be played,
+# with its message window standing; the server is started again and the next alarm is heard; the server goes
+# away for good and the third alarm gives the box again.
+# Usage: sound_server_run.sh <path to bellwick>
+set -uo pipefail
+program="$1"
+. "$(dirname "$0")/desktop_env.sh"
+start_desktop
+start_sound_server
+folder="$XDG_DATA_HOME/bellwick"
+
+# Our ding with RIFF and data sizes of 0xFFFFFFF0: what the file holds plays.
+ding="$(dirname "$program")/share/ding.wav"
+[ -f "$ding" ] || fail "no $ding"
+cp "$ding" "$folder/ding.wav"
+for offset in 4 40; do
+    printf '\xf0\xff\xff\xff' | dd of="$folder/ding.wav" bs=1 seek=$offset conv=notrunc status=none
+done
+
+while [ "$(date +%H%M%S)" -gt 235930 ]; do sleep 5; done
+now=$(date +%s)
+first=$(date -d @$((now + 6)) +%H:%M:%S)
+second=$(date -d @$((now + 13)) +%H:%M:%S)
+third=$(date -d @$((now + 17)) +%H:%M:%S)
+today=$(date +%Y/%m/%d)
+{
+    printf '"Server check one%srepe%s"\r\n' "$today" "$first"
+    printf '"Server check two%sonce%s"\r\n' "$today" "$second"
+    printf '"Server check three%sonce%s"\r\n' "$today" "$third"
+} >"$folder/future.dat"
+: >"$folder/my.dat"
+write_settings ALAEOnDCWSOfUISPOfISOMOf
+"$program" >"$work/bellwick.log" 2>&1 &
+pid=$!
+pids+=($pid)
+alive() { kill -0 "$pid" 2>/dev/null || { cat "$work/bellwick.log"; fail "the program ended $*"; }; }
+box_then_ok() { # what for, [seconds]
+    local box
+    box=$(wait_for_window '^Bellwick Alarm Clock sp$' "${2:-5}") || { cat "$work/bellwick.log"; fail "no box $1"; }
+    echo "box at $(date +%T) $1"
+    alive "$1"
+    xdotool windowactivate --sync "$box" 2>/dev/null
+    xdotool key Return
+}
+messages=""
+next_message() { # seconds; the id of a message window not seen before
+    local w
+    for _ in $(seq $(($1 * 10))); do
+        w=$(xdotool search --onlyvisible --name '^Message  ' 2>/dev/null | grep -vxF -e "${messages:-none}" | head -1)
+        [ -n "$w" ] && messages+="$w"$'\n' && return 0
+        sleep 0.1
+    done
+    return 1
+}
+
+# 1. The first alarm rings until its server dies: then the box, and its message window stands.
+next_message 25 || { cat "$work/bellwick.log"; fail "no message window"; }
+rms=$(record_rms 2)
+echo "first alarm at $(date +%T) for $first: RMS $rms"
+awk -v r="$rms" 'BEGIN { exit !(r > 0.01) }' || fail "the first alarm was not heard"
+stop_sound_server
+box_then_ok "when the server died under the first alarm"
+xdotool search --onlyvisible --name '^Message  ' 2>/dev/null | grep -qxF "${messages%$'\n'}" ||
+    fail "the first message window went with the box"
+
+# 2. The server comes back; the next alarm is heard.
+start_sound_server
+next_message 15 || { cat "$work/bellwick.log"; fail "no second message window"; }
+rms=$(record_rms 2)
+echo "second alarm at $(date +%T) for $second: RMS $rms"
+awk -v r="$rms" 'BEGIN { exit !(r > 0.01) }' || fail "the second alarm was not heard after the server came back"
+
+# 3. The server goes for good: the third alarm gives the box, then its message window.
+stop_sound_server
+box_then_ok "for the third alarm with no server" 10
+next_message 5 || { cat "$work/bellwick.log"; fail "no third message window"; }
+alive "after the third alarm"
+echo "1 passed, 0 failed"
