@@ -36,7 +36,7 @@ QString limitsNotice(const QString& platformName) {
     return QStringLiteral(
         "bellwick: on Wayland no window may place itself, stay on top or take a shape, so the desktop clock is a "
         "plain window that you move by dragging its face, without its pill outline, edge snapping, roll-up or "
-        "remembered place; run with an X11 display (XWayland, DISPLAY set) to have them\n");
+        "remembered place; on an X11 display (XWayland: DISPLAY set, no QT_QPA_PLATFORM=wayland) it has them\n");
 }
 
 } // namespace display_choice
