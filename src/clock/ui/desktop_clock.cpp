@@ -266,12 +266,11 @@ void DesktopClock::onTimeLabelMouse(QEvent* event) {
     switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
-        if (mouse->button() == Qt::LeftButton && !m_placeable) {
-            if (windowHandle())
-                windowHandle()->startSystemMove(); // the compositor moves it, with no snapping
-        } else if (mouse->button() == Qt::LeftButton) {
+        if (mouse->button() == Qt::LeftButton && m_placeable)
             dock.startDrag(X, Y);
-        } else if (mouse->button() == Qt::RightButton)
+        else if (mouse->button() == Qt::LeftButton && windowHandle())
+            windowHandle()->startSystemMove(); // the compositor moves it, with no snapping
+        else if (mouse->button() == Qt::RightButton)
             handOverToAlarmSet(); // at the press, and no drag starts
         break;
     case QEvent::MouseMove:
