@@ -8,6 +8,7 @@ packages=(
     fonts-liberation man-db
     libgtest-dev
     xvfb openbox trayer xdotool x11-utils imagemagick pulseaudio pulseaudio-utils sox
+    weston xwayland qt6-wayland
 )
 missing=()
 for p in "${packages[@]}"; do

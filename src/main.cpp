@@ -1,9 +1,13 @@
 #include "engine/command_line.h"
 #include "engine/ui/bellwick_app.h"
+#include "platform/display_choice.h"
 
 #include <QApplication>
+#include <QLoggingCategory>
+#include <QProcessEnvironment>
 
 #include <cstdio>
+#include <vector>
 
 int main(int argc, char** argv) {
     QStringList arguments;
@@ -15,10 +19,28 @@ int main(int argc, char** argv) {
         std::fputs(answer->err.toLocal8Bit().constData(), stderr);
         return std::fflush(stdout) == 0 ? answer->exitCode : 1;
     }
+    // The platform goes on the command line, not into the environment the programs we start inherit.
+    QByteArray platformOption("-platform");
+    QByteArray platform =
+        display_choice::platformToAsk(QProcessEnvironment::systemEnvironment(), arguments).toLocal8Bit();
+    std::vector<char*> qtArguments(argv, argv + argc);
+    if (!platform.isEmpty())
+        qtArguments.insert(qtArguments.end(), {platformOption.data(), platform.data()});
+    int qtCount = static_cast<int>(qtArguments.size());
+    qtArguments.push_back(nullptr);
     // Our windows are small: shared-memory images would wake Qt's X thread at every face change of the clock.
-    if (!qEnvironmentVariableIsSet("QT_XCB_NO_MITSHM"))
+    const bool sharedImages = !qEnvironmentVariableIsSet("QT_XCB_NO_MITSHM");
+    if (sharedImages)
         qputenv("QT_XCB_NO_MITSHM", "1");
-    QApplication app(argc, argv);
+    QApplication app(qtCount, qtArguments.data());
+    if (sharedImages)
+        qunsetenv("QT_XCB_NO_MITSHM"); // read once at the connection; programs we start keep their own choice
+    const QString notice = display_choice::limitsNotice(QGuiApplication::platformName());
+    if (!notice.isEmpty()) {
+        std::fputs(notice.toLocal8Bit().constData(), stderr);
+        // Qt's tray looks for an X11-only signal there and says so; nothing is lost by it.
+        QLoggingCategory::setFilterRules(QStringLiteral("qt.core.qobject.connect.warning=false"));
+    }
     QApplication::setApplicationName(QStringLiteral("bellwick"));
     QApplication::setApplicationVersion(QStringLiteral(BELLWICK_VERSION));
     QApplication::setQuitOnLastWindowClosed(false);

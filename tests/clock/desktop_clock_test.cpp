@@ -24,8 +24,8 @@ struct ClockRig {
     explicit ClockRig(int32_t dpi = 120) : screen(dpi) {}
     ~ClockRig() { delete form.data(); }
 
-    DesktopClock& load() {
-        form = new DesktopClock(engine.ctx, screen, dock);
+    DesktopClock& load(bool placeable = true) {
+        form = new DesktopClock(engine.ctx, screen, dock, nullptr, placeable);
         return *form;
     }
     void writeRecord(int n, const QString& key, int32_t v1, int32_t v2 = 0) {
@@ -231,6 +231,38 @@ TEST(DesktopClock, ReleaseAboveTheTopRollsUpAndAMoveOrTheTrayBringsItBack) {
             EXPECT_EQ(rig.stored(5), -1);
         }
     }
+}
+
+TEST(DesktopClock, WhereWindowsCannotPlaceThemselvesItIsAPlainWindowThatKeepsTheStoredPlace) {
+    ClockRig rig(96);
+    rig.writeRecord(5, settings_records::keyOf(settings_records::kClockLocation), 600, 1200);
+    DesktopClock& f = rig.load(false);
+    f.show();
+    EXPECT_FALSE(f.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    EXPECT_TRUE(f.mask().isEmpty()); // no outline: the whole window shows
+    EXPECT_EQ(f.size(), QSize(200, 68));
+
+    // No drag of our own, no roll-up above the edge.
+    const QPoint at = f.pos();
+    send(f.timeLabel, QEvent::MouseButtonPress, Qt::LeftButton, {50, 10});
+    send(f.timeLabel, QEvent::MouseMove, Qt::NoButton, {50, -30}, Qt::LeftButton);
+    EXPECT_EQ(f.pos(), at);
+    f.move(at.x(), -3);
+    send(f.timeLabel, QEvent::MouseButtonRelease, Qt::LeftButton, {50, 10});
+    EXPECT_FALSE(f.rolledUp());
+    EXPECT_TRUE(rig.screen.cursorMoves.empty());
+    // Right press still hands over; the close end still closes, leaving the stored place alone.
+    int shown = 0;
+    f.showAlarmSet = [&] { ++shown; };
+    send(f.timeLabel, QEvent::MouseButtonPress, Qt::RightButton, {20, 5});
+    EXPECT_EQ(shown, 1);
+    f.move(40, 50);
+    send(f.closeEnd, QEvent::MouseButtonPress, Qt::LeftButton, {5, 5});
+    processDeletes();
+    EXPECT_TRUE(rig.form.isNull());
+    int32_t left = 0;
+    EXPECT_EQ(rig.stored(5, &left), 600);
+    EXPECT_EQ(left, 1200);
 }
 
 } // namespace

@@ -10,18 +10,21 @@
 #include "clock/window_region.h"
 #include "engine/context.h"
 #include "platform/clock.h"
+#include "platform/display_choice.h"
 #include "platform/numeric.h"
 #include "platform/ui/window_shape.h"
 #include "settings/settings_records.h"
 
 #include <QCloseEvent>
 #include <QCursor>
+#include <QGuiApplication>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QMoveEvent>
 #include <QPainter>
 #include <QShowEvent>
 #include <QTimer>
+#include <QWindow>
 
 #include <cmath>
 
@@ -45,11 +48,14 @@ DockingHandler& DesktopClock::sharedDock() {
     return dock;
 }
 
-DesktopClock::DesktopClock(Context& ctx, QWidget* parent) : DesktopClock(ctx, qtScreen(), sharedDock(), parent) {}
+DesktopClock::DesktopClock(Context& ctx, QWidget* parent)
+    : DesktopClock(ctx, qtScreen(), sharedDock(), parent,
+                   display_choice::windowsPlaceThemselves(QGuiApplication::platformName())) {}
 
-DesktopClock::DesktopClock(Context& ctx, ScreenServices& screen, DockingHandler& dock, QWidget* parent)
-    : QWidget(parent, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint), ctx(ctx), m_screen(screen),
-      dock(dock), m_picture(clock_picture::pill()) {
+DesktopClock::DesktopClock(Context& ctx, ScreenServices& screen, DockingHandler& dock, QWidget* parent, bool placeable)
+    : QWidget(parent, placeable ? Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint
+                                : Qt::Tool | Qt::FramelessWindowHint),
+      ctx(ctx), m_screen(screen), dock(dock), m_placeable(placeable), m_picture(clock_picture::pill()) {
     setAttribute(Qt::WA_DeleteOnClose);
     setFixedSize(toLogicalX(ClockFace::kFormWidth), toLogicalY(ClockFace::kFormHeight));
 
@@ -144,7 +150,8 @@ void DesktopClock::load() {
 
     std::vector<ShapeControl> borderShapes = clockBorderShapes();
     m_outline = windowRegion(borderShapes, 0, 0);
-    window_shape::setWindowRegion(*this, m_outline);
+    if (m_placeable)
+        window_shape::setWindowRegion(*this, m_outline);
 }
 
 void DesktopClock::applyFace() {
@@ -223,8 +230,9 @@ void DesktopClock::unrollTest() {
 }
 
 void DesktopClock::closeEvent(QCloseEvent* event) {
-    // Above the screen's top (rolled up) or minimised: the place of the last good close stands.
-    if (topTwips() >= 0 && windowState() == Qt::WindowNoState)
+    // Above the screen's top (rolled up) or minimised: the place of the last good close stands. A window that
+    // cannot place itself does not know its place either, and would overwrite a good one with nothing.
+    if (m_placeable && topTwips() >= 0 && windowState() == Qt::WindowNoState)
         settings_records::writeClockLocation(ctx.folder, static_cast<int32_t>(roundHalfEven(topTwips())),
                                              static_cast<int32_t>(roundHalfEven(leftTwips())));
     event->accept();
@@ -278,18 +286,23 @@ void DesktopClock::onTimeLabelMouse(QEvent* event) {
     switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
-        if (mouse->button() == Qt::LeftButton)
+        if (mouse->button() == Qt::LeftButton && m_placeable)
             dock.startDrag(X, Y);
+        else if (mouse->button() == Qt::LeftButton && windowHandle())
+            windowHandle()->startSystemMove(); // the compositor moves it, with no snapping
         else if (mouse->button() == Qt::RightButton)
             handOverToAlarmSet(); // at the press, and no drag starts
         break;
     case QEvent::MouseMove:
+        if (!m_placeable)
+            break;
         unrollTest();
         if (mouse->buttons() & Qt::LeftButton)
             dock.updateDrag(X, Y);
         break;
     case QEvent::MouseButtonRelease:
-        rollUpTest();
+        if (m_placeable)
+            rollUpTest();
         break;
     default:
         break;
@@ -335,6 +348,9 @@ void DesktopClock::setWindowPos(int32_t insertAfter, int32_t x, int32_t y, int32
 }
 
 void DesktopClock::setTopmost(bool on) {
+    // There a change of flags only builds the window anew, to no effect.
+    if (!m_placeable)
+        return;
     if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) != on) {
         // Changing a window's flags hides it; show it again as it was.
         const bool wasVisible = isVisible();
@@ -362,7 +378,8 @@ void DesktopClock::place(const QPoint& logical) {
 void DesktopClock::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     // Now that the window exists the outline can go to it pixel for pixel.
-    window_shape::setWindowRegion(*this, m_outline);
+    if (m_placeable)
+        window_shape::setWindowRegion(*this, m_outline);
     m_settling = true;
     QTimer::singleShot(kSettleTime, this, [this] { m_settling = false; });
 }

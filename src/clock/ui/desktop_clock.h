@@ -18,14 +18,16 @@ class QTimer;
 class ScreenServices;
 
 // The desktop clock: a borderless, always-on-top pill that shows the time or the date, snaps to the edges
-// of the work area and rolls up behind the top of the screen. Closing it ends only the clock; it is deleted
-// on close and built afresh by the next show.
+// of the work area and rolls up behind the top of the screen. Where windows cannot place themselves
+// (Wayland) it is a plain borderless window that the compositor moves when its face is dragged. Closing it
+// ends only the clock; it is deleted on close and built afresh by the next show.
 class DesktopClock : public QWidget, public DockWindow {
     Q_OBJECT
 public:
     // On the real screen, with the docking handler that all clocks of this run share.
     explicit DesktopClock(Context& ctx, QWidget* parent = nullptr);
-    DesktopClock(Context& ctx, ScreenServices& screen, DockingHandler& dock, QWidget* parent = nullptr);
+    DesktopClock(Context& ctx, ScreenServices& screen, DockingHandler& dock, QWidget* parent = nullptr,
+                 bool placeable = true);
     ~DesktopClock() override;
 
     // Made on first use and kept when the clock is closed, so its edge flags survive a reopen.
@@ -48,6 +50,7 @@ public:
 
     bool hour24() const { return m_hour24; }
     bool rolledUp() const { return m_rolledUp; }
+    bool placeable() const { return m_placeable; }
     int32_t logPixelsX() const { return m_logPixelsX; }
     const ClockFace& face() const { return m_face; }
 
@@ -98,6 +101,7 @@ private:
     Context& ctx;
     ScreenServices& m_screen;
     DockingHandler& dock;
+    const bool m_placeable;
     ClockFace m_face;
     QImage m_picture;
     QRegion m_outline; // device pixels

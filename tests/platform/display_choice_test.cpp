@@ -1,0 +1,60 @@
+#include "platform/display_choice.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QProcessEnvironment environment(std::initializer_list<std::pair<const char*, const char*>> values) {
+    QProcessEnvironment env;
+    for (const auto& [name, value] : values)
+        env.insert(QString::fromLatin1(name), QString::fromLatin1(value));
+    return env;
+}
+
+TEST(DisplayChoice, XWaylandIsChosenWithWaylandAsTheWayOutWhenItLeadsNowhere) {
+    const QStringList none;
+    EXPECT_EQ(display_choice::platformToAsk(environment({{"WAYLAND_DISPLAY", "wayland-0"}, {"DISPLAY", ":0"}}), none),
+              QStringLiteral("xcb;wayland"));
+    // A Wayland session told by its type alone.
+    EXPECT_EQ(display_choice::platformToAsk(environment({{"XDG_SESSION_TYPE", "wayland"}, {"DISPLAY", ":1"}}), none),
+              QStringLiteral("xcb;wayland"));
+    // Plain X11 and pure Wayland: Qt's own choice is already the right one.
+    EXPECT_EQ(display_choice::platformToAsk(environment({{"DISPLAY", ":0"}, {"XDG_SESSION_TYPE", "x11"}}), none),
+              QString());
+    EXPECT_EQ(display_choice::platformToAsk(environment({{"WAYLAND_DISPLAY", "wayland-0"}, {"DISPLAY", ""}}), none),
+              QString());
+    EXPECT_EQ(display_choice::platformToAsk(environment({}), none), QString());
+}
+
+TEST(DisplayChoice, TheUsersOwnChoiceStands) {
+    const auto both = environment({{"WAYLAND_DISPLAY", "wayland-0"}, {"DISPLAY", ":0"}});
+    for (const QStringList& arguments :
+         {QStringList{QStringLiteral("-platform"), QStringLiteral("wayland")},
+          QStringList{QStringLiteral("-style"), QStringLiteral("fusion"), QStringLiteral("--platform"),
+                      QStringLiteral("wayland")},
+          QStringList{QStringLiteral("-platform=wayland")}, QStringList{QStringLiteral("--platform=offscreen")}})
+        EXPECT_EQ(display_choice::platformToAsk(both, arguments), QString()) << arguments.join(u' ').toStdString();
+    auto chosen = both;
+    chosen.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("wayland"));
+    EXPECT_EQ(display_choice::platformToAsk(chosen, {}), QString());
+    // Set but empty is no choice, as for Qt; an option that only looks alike is none either.
+    chosen.insert(QStringLiteral("QT_QPA_PLATFORM"), QString());
+    EXPECT_EQ(display_choice::platformToAsk(chosen, {QStringLiteral("-platformtheme"), QStringLiteral("gtk3")}),
+              QStringLiteral("xcb;wayland"));
+}
+
+TEST(DisplayChoice, OnlyWaylandLimitsWindowsAndSaysSoInOneLine) {
+    for (const char* name : {"xcb", "offscreen", "eglfs"}) {
+        EXPECT_TRUE(display_choice::windowsPlaceThemselves(QString::fromLatin1(name))) << name;
+        EXPECT_TRUE(display_choice::limitsNotice(QString::fromLatin1(name)).isEmpty()) << name;
+    }
+    for (const char* name : {"wayland", "wayland-egl"}) {
+        EXPECT_FALSE(display_choice::windowsPlaceThemselves(QString::fromLatin1(name))) << name;
+        const QString notice = display_choice::limitsNotice(QString::fromLatin1(name));
+        EXPECT_TRUE(notice.startsWith(QLatin1String("bellwick: on Wayland"))) << name;
+        EXPECT_EQ(notice.count(QLatin1Char('\n')), 1);
+        EXPECT_TRUE(notice.endsWith(QLatin1Char('\n')));
+    }
+}
+
+} // namespace
