@@ -30,6 +30,66 @@ void ListModel::removeItem(int index) {
         m_selection.setCurrentIndex(QModelIndex(), QItemSelectionModel::NoUpdate);
 }
 
+int ListModel::removeSelected() {
+    std::vector<bool> doomed(m_rows.size());
+    for (const QItemSelectionRange& range : m_selection.selection()) {
+        for (int r = range.top(); r <= range.bottom(); ++r)
+            doomed[r] = true;
+    }
+    // Blocks of adjacent highlighted rows, top first.
+    std::vector<std::pair<int, int>> blocks;
+    for (int r = 0; r < count(); ++r) {
+        if (!doomed[r])
+            continue;
+        int end = r;
+        while (end + 1 < count() && doomed[end + 1])
+            ++end;
+        blocks.emplace_back(r, end);
+        r = end;
+    }
+    if (blocks.empty())
+        return 0;
+    const int current = currentIndex();
+    const bool currentGoes = current >= 0 && doomed[current];
+    int removed = 0;
+
+    // A few blocks go one by one, from the bottom, so a view keeps its place; many blocks would each cost a pass
+    // over the rows and the view's indexes, so the rows are compacted at once and the views start over.
+    constexpr std::size_t kBlocksRemovedInPlace = 16;
+    if (blocks.size() <= kBlocksRemovedInPlace) {
+        for (auto it = blocks.rbegin(); it != blocks.rend(); ++it) {
+            beginRemoveRows(QModelIndex(), it->first, it->second);
+            m_rows.remove(it->first, it->second - it->first + 1);
+            endRemoveRows();
+            removed += it->second - it->first + 1;
+        }
+        // A list box has no current row after its current row is removed.
+        if (currentGoes)
+            m_selection.setCurrentIndex(QModelIndex(), QItemSelectionModel::NoUpdate);
+        return removed;
+    }
+
+    QStringList kept;
+    kept.reserve(m_rows.size());
+    int newCurrent = -1;
+    for (qsizetype r = 0; r < m_rows.size(); ++r) {
+        if (doomed[r]) {
+            ++removed;
+            continue;
+        }
+        if (r == current)
+            newCurrent = static_cast<int>(kept.size());
+        kept.append(std::move(m_rows[r]));
+    }
+    beginResetModel();
+    m_rows = std::move(kept);
+    endResetModel();
+    m_selection.clear();
+    if (newCurrent >= 0)
+        m_selection.setCurrentIndex(index(newCurrent), QItemSelectionModel::NoUpdate);
+    return removed;
+}
+
 void ListModel::clear() {
     beginResetModel();
     m_rows.clear();
