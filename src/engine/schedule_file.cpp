@@ -17,10 +17,15 @@ QStringView todayRowTime(const QString& row) {
     return alarm_event::timeOf(row);
 }
 
-QString decoded(QLatin1String bytes) {
-    QString text;
-    appendFromCp1252(text, bytes);
-    return text;
+// alarm_event::messageRow of a record's fields, decoded straight into the row: a message of megabytes is
+// then held once, not once more for the joining.
+QString messageRow(QLatin1String message, QLatin1String time) {
+    QString row;
+    row.reserve(message.size() + 4 + time.size());
+    appendFromCp1252(row, message);
+    row += QLatin1String(" at ");
+    appendFromCp1252(row, time);
+    return row;
 }
 
 // The 4-letter play word of a record read from the file.
@@ -132,7 +137,7 @@ void loadSchedule(Context& ctx, const QString& fileName) {
                 ctx.tick.on = true;
                 armed.append(rowText);
                 if (!message.isEmpty())
-                    ctx.today.messages.addItem(alarm_event::messageRow(decoded(message), decoded(time)));
+                    ctx.today.messages.addItem(messageRow(message, time));
             }
             continue;
         }
