@@ -204,15 +204,44 @@ bool digitsNumber(const std::vector<QStringView>& keys, std::vector<std::pair<ui
     return true;
 }
 
+// Below this many keys a comparison sort is as quick.
+constexpr std::size_t kRadixMinimum = 4096;
+
+// Sorts by number, later positions first among equal numbers: a stable sort by 16-bit digits, least
+// significant first, of the positions taken in reverse. A million dates and times sort several times faster
+// so than by comparisons.
+void radixSortLaterFirst(std::vector<std::pair<uint64_t, qsizetype>>& numbers) {
+    std::reverse(numbers.begin(), numbers.end());
+    uint64_t highest = 0;
+    for (const auto& n : numbers)
+        highest = std::max(highest, n.first);
+    std::vector<std::pair<uint64_t, qsizetype>> other(numbers.size());
+    std::vector<std::size_t> starts(65536 + 1);
+    for (int shift = 0; shift < 64 && (highest >> shift) != 0; shift += 16) {
+        std::fill(starts.begin(), starts.end(), 0);
+        for (const auto& n : numbers)
+            ++starts[((n.first >> shift) & 0xFFFF) + 1];
+        for (std::size_t d = 1; d < starts.size(); ++d)
+            starts[d] += starts[d - 1];
+        for (const auto& n : numbers)
+            other[starts[(n.first >> shift) & 0xFFFF]++] = n;
+        numbers.swap(other);
+    }
+}
+
 } // namespace
 
 std::vector<qsizetype> ListModel::sortedOrder(const std::vector<QStringView>& keys) {
     std::vector<std::pair<uint64_t, qsizetype>> numbers;
     if (digitsNumber(keys, numbers)) {
         // By key, then later arrivals first among equals.
-        std::sort(numbers.begin(), numbers.end(), [](const auto& a, const auto& b) {
-            return a.first < b.first || (a.first == b.first && a.second > b.second);
-        });
+        if (numbers.size() >= kRadixMinimum) {
+            radixSortLaterFirst(numbers);
+        } else {
+            std::sort(numbers.begin(), numbers.end(), [](const auto& a, const auto& b) {
+                return a.first < b.first || (a.first == b.first && a.second > b.second);
+            });
+        }
         std::vector<qsizetype> order;
         order.reserve(numbers.size());
         for (const auto& n : numbers)

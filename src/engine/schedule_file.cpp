@@ -12,9 +12,26 @@
 
 #include <QFileInfo>
 
+#include <cstring>
+
 namespace {
 QStringView todayRowTime(const QString& row) {
     return alarm_event::timeOf(row);
+}
+
+// The number of line feeds, to size the row list once; memchr runs through the bytes many at a time.
+qsizetype lineCount(const QByteArray& bytes) {
+    qsizetype lines = 0;
+    const char* at = bytes.constData();
+    const char* const end = at + bytes.size();
+    while (at < end) {
+        const void* found = std::memchr(at, '\n', static_cast<std::size_t>(end - at));
+        if (!found)
+            break;
+        ++lines;
+        at = static_cast<const char*>(found) + 1;
+    }
+    return lines;
 }
 
 // alarm_event::messageRow of a record's fields, decoded straight into the row: a message of megabytes is
@@ -90,7 +107,7 @@ void loadSchedule(Context& ctx, const QString& fileName) {
     const QString loadDay = ctx.clock.dateText();
     const QString loadTime = ctx.clock.timeText();
     ctx.eventList.clear();
-    ctx.eventList.beginBulk(bytes.count('\n'));
+    ctx.eventList.beginBulk(lineCount(bytes));
     QStringList armed;
     ErrorList* errors = nullptr;
     QString word;
