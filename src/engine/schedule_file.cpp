@@ -11,7 +11,9 @@
 #include "sound/notices.h"
 
 #include <QFileInfo>
+#include <QVarLengthArray>
 
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -114,7 +116,7 @@ void loadSchedule(Context& ctx, const QString& fileName) {
     QLatin1String message;
     // The mark survives from record to record, as the word does; it is left in the event being entered.
     QChar mark = ctx.newEvent.mark.isEmpty() ? QChar() : ctx.newEvent.mark.front();
-    QString rowText;
+    QVarLengthArray<QChar, 32> rowText;
 
     // Views into the file's bytes: a schedule of a million records must not cost a copy of each field, nor
     // one of the whole file as text.
@@ -136,23 +138,26 @@ void loadSchedule(Context& ctx, const QString& fileName) {
 
         // The file's bytes compare with these texts as their decoded characters would: both are plain ASCII
         // wherever they can be equal.
-        QString today, now;
-        ctx.clock.present(today, now);
-        if (today.compare(date) > 0 || (today == date && now.compare(time) > 0))
+        const Clock::Present before = ctx.clock.present();
+        if (before.date.compare(date) > 0 || (before.date == date && before.time.compare(time) > 0))
             mark = QLatin1Char('x');
 
         ctx.newEvent.lineValid = true;
-        rowText.resize(0); // keeps its room from record to record
-        rowText += word;
-        rowText += QLatin1Char(' ');
-        rowText += time;
-        filterTodayRow(rowText, ctx.newEvent.lineValid);
+        // Word, a space and the time, put together in place: no text is made for a record that is not armed.
+        rowText.resize(word.size() + 1 + time.size());
+        std::copy(word.cbegin(), word.cend(), rowText.begin());
+        rowText[word.size()] = QLatin1Char(' ');
+        std::transform(time.begin(), time.end(), rowText.begin() + word.size() + 1,
+                       [](char c) { return QChar(QLatin1Char(c)); });
+        const QStringView row(rowText.constData(), rowText.size());
+        filterTodayRow(row, ctx.newEvent.lineValid);
         if (ctx.newEvent.lineValid) {
             ctx.eventList.insertRow(alarm_event::eventListRow(mark, date, time, message), false);
-            ctx.clock.present(today, now);
-            if ((today == date && now.compare(time) < 0) || (loadDay == date && loadTime.compare(time) < 0)) {
+            const Clock::Present present = ctx.clock.present();
+            if ((present.date == date && present.time.compare(time) < 0) ||
+                (loadDay == date && loadTime.compare(time) < 0)) {
                 ctx.tick.on = true;
-                armed.append(rowText);
+                armed.append(row.toString());
                 if (!message.isEmpty())
                     ctx.today.messages.addItem(messageRow(message, time));
             }
