@@ -300,7 +300,14 @@ int ListModel::insertSortedBatch(QStringList newRows, const KeyOf& key, const st
     int lastNewAt = -1;
     const qsizetype lastNew = newRows.size() - 1;
     qsizetype oldPos = 0;
-    for (const qsizetype n : order) {
+    // The new rows are visited in key order, all over memory: each is fetched a few steps ahead of its turn.
+    constexpr std::size_t kAhead = 8;
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        if (i + kAhead < order.size()) {
+            __builtin_prefetch(newRows.constData() + order[i + kAhead]);
+            __builtin_prefetch(keys.data() + order[i + kAhead]);
+        }
+        const qsizetype n = order[i];
         const QStringView k = keys[n];
         while (oldPos < m_rows.size() && key(m_rows[oldPos]) < k) {
             if (oldPos == oldCurrent)
