@@ -2,6 +2,7 @@
 
 #include "engine/alarm_event.h"
 #include "engine/context.h"
+#include "engine/list_model.h"
 #include "platform/clock.h"
 
 void toggleMessageView(Context& ctx, MessageView& view) {
@@ -33,7 +34,11 @@ void appendShadowMessage(Context& ctx, const QString& time, QString& messageView
     for (int i = 0; i < shadow.count(); ++i) {
         const QString row = shadow.item(i);
         if (alarm_event::timeOf(row) == time) {
-            messageView += QStringLiteral("  /  ") + alarm_event::messageOfMessageRow(row);
+            // The box shows what fits of a message: a message of megabytes from a hand-made schedule would
+            // hold the box's layout up for many seconds. Typed messages are far shorter than this.
+            const QStringView message = QStringView(row).left(qMax<qsizetype>(0, row.size() - 12));
+            messageView += QStringLiteral("  /  ");
+            messageView += message.left(ListModel::kShownLength);
             shadow.removeItem(i);
             return;
         }

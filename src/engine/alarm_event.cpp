@@ -2,6 +2,8 @@
 
 #include "platform/cp1252.h"
 
+#include <algorithm>
+
 namespace alarm_event {
 
 namespace {
@@ -103,18 +105,19 @@ QString eventListRow(const QString& mark, const QString& dateTime, const QString
 }
 
 QString eventListRow(QChar mark, QLatin1String date, QLatin1String time, QLatin1String message) {
-    QString row;
-    row.reserve(kRowFixedLength + message.size());
-    row += QLatin1String("      ");
-    row += mark;
-    row += QLatin1String("    ");
-    appendFromCp1252(row, date);
-    row += QLatin1Char('-');
-    appendFromCp1252(row, time);
-    row += QLatin1String("        ");
-    const qsizetype start = row.size();
-    appendFromCp1252(row, message);
-    turnQuotes(row, start);
+    // Written in place into a row of its final length: the schedule load makes one for every record.
+    QString row(6 + 1 + 4 + date.size() + 1 + time.size() + 8 + message.size(), Qt::Uninitialized);
+    QChar* out = row.data();
+    out = std::fill_n(out, 6, QLatin1Char(' '));
+    *out++ = mark;
+    out = std::fill_n(out, 4, QLatin1Char(' '));
+    out = decodeCp1252(out, date);
+    *out++ = QLatin1Char('-');
+    out = decodeCp1252(out, time);
+    out = std::fill_n(out, 8, QLatin1Char(' '));
+    QChar* const messageStart = out;
+    out = decodeCp1252(out, message);
+    std::replace(messageStart, out, QChar(u'"'), QChar(u'\''));
     return row;
 }
 

@@ -30,6 +30,66 @@ void ListModel::removeItem(int index) {
         m_selection.setCurrentIndex(QModelIndex(), QItemSelectionModel::NoUpdate);
 }
 
+int ListModel::removeSelected() {
+    std::vector<bool> doomed(m_rows.size());
+    for (const QItemSelectionRange& range : m_selection.selection()) {
+        for (int r = range.top(); r <= range.bottom(); ++r)
+            doomed[r] = true;
+    }
+    // Blocks of adjacent highlighted rows, top first.
+    std::vector<std::pair<int, int>> blocks;
+    for (int r = 0; r < count(); ++r) {
+        if (!doomed[r])
+            continue;
+        int end = r;
+        while (end + 1 < count() && doomed[end + 1])
+            ++end;
+        blocks.emplace_back(r, end);
+        r = end;
+    }
+    if (blocks.empty())
+        return 0;
+    const int current = currentIndex();
+    const bool currentGoes = current >= 0 && doomed[current];
+    int removed = 0;
+
+    // A few blocks go one by one, from the bottom, so a view keeps its place; many blocks would each cost a pass
+    // over the rows and the view's indexes, so the rows are compacted at once and the views start over.
+    constexpr std::size_t kBlocksRemovedInPlace = 16;
+    if (blocks.size() <= kBlocksRemovedInPlace) {
+        for (auto it = blocks.rbegin(); it != blocks.rend(); ++it) {
+            beginRemoveRows(QModelIndex(), it->first, it->second);
+            m_rows.remove(it->first, it->second - it->first + 1);
+            endRemoveRows();
+            removed += it->second - it->first + 1;
+        }
+        // A list box has no current row after its current row is removed.
+        if (currentGoes)
+            m_selection.setCurrentIndex(QModelIndex(), QItemSelectionModel::NoUpdate);
+        return removed;
+    }
+
+    QStringList kept;
+    kept.reserve(m_rows.size());
+    int newCurrent = -1;
+    for (qsizetype r = 0; r < m_rows.size(); ++r) {
+        if (doomed[r]) {
+            ++removed;
+            continue;
+        }
+        if (r == current)
+            newCurrent = static_cast<int>(kept.size());
+        kept.append(std::move(m_rows[r]));
+    }
+    beginResetModel();
+    m_rows = std::move(kept);
+    endResetModel();
+    m_selection.clear();
+    if (newCurrent >= 0)
+        m_selection.setCurrentIndex(index(newCurrent), QItemSelectionModel::NoUpdate);
+    return removed;
+}
+
 void ListModel::clear() {
     beginResetModel();
     m_rows.clear();
@@ -144,15 +204,44 @@ bool digitsNumber(const std::vector<QStringView>& keys, std::vector<std::pair<ui
     return true;
 }
 
+// Below this many keys a comparison sort is as quick.
+constexpr std::size_t kRadixMinimum = 4096;
+
+// Sorts by number, later positions first among equal numbers: a stable sort by 16-bit digits, least
+// significant first, of the positions taken in reverse. A million dates and times sort several times faster
+// so than by comparisons.
+void radixSortLaterFirst(std::vector<std::pair<uint64_t, qsizetype>>& numbers) {
+    std::reverse(numbers.begin(), numbers.end());
+    uint64_t highest = 0;
+    for (const auto& n : numbers)
+        highest = std::max(highest, n.first);
+    std::vector<std::pair<uint64_t, qsizetype>> other(numbers.size());
+    std::vector<std::size_t> starts(65536 + 1);
+    for (int shift = 0; shift < 64 && (highest >> shift) != 0; shift += 16) {
+        std::fill(starts.begin(), starts.end(), 0);
+        for (const auto& n : numbers)
+            ++starts[((n.first >> shift) & 0xFFFF) + 1];
+        for (std::size_t d = 1; d < starts.size(); ++d)
+            starts[d] += starts[d - 1];
+        for (const auto& n : numbers)
+            other[starts[(n.first >> shift) & 0xFFFF]++] = n;
+        numbers.swap(other);
+    }
+}
+
 } // namespace
 
 std::vector<qsizetype> ListModel::sortedOrder(const std::vector<QStringView>& keys) {
     std::vector<std::pair<uint64_t, qsizetype>> numbers;
     if (digitsNumber(keys, numbers)) {
         // By key, then later arrivals first among equals.
-        std::sort(numbers.begin(), numbers.end(), [](const auto& a, const auto& b) {
-            return a.first < b.first || (a.first == b.first && a.second > b.second);
-        });
+        if (numbers.size() >= kRadixMinimum) {
+            radixSortLaterFirst(numbers);
+        } else {
+            std::sort(numbers.begin(), numbers.end(), [](const auto& a, const auto& b) {
+                return a.first < b.first || (a.first == b.first && a.second > b.second);
+            });
+        }
         std::vector<qsizetype> order;
         order.reserve(numbers.size());
         for (const auto& n : numbers)
@@ -211,7 +300,14 @@ int ListModel::insertSortedBatch(QStringList newRows, const KeyOf& key, const st
     int lastNewAt = -1;
     const qsizetype lastNew = newRows.size() - 1;
     qsizetype oldPos = 0;
-    for (const qsizetype n : order) {
+    // The new rows are visited in key order, all over memory: each is fetched a few steps ahead of its turn.
+    constexpr std::size_t kAhead = 8;
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        if (i + kAhead < order.size()) {
+            __builtin_prefetch(newRows.constData() + order[i + kAhead]);
+            __builtin_prefetch(keys.data() + order[i + kAhead]);
+        }
+        const qsizetype n = order[i];
         const QStringView k = keys[n];
         while (oldPos < m_rows.size() && key(m_rows[oldPos]) < k) {
             if (oldPos == oldCurrent)

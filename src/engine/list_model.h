@@ -25,6 +25,9 @@ public:
     // Adds at the end, or ahead of the row at index.
     void addItem(const QString& text, int index = -1);
     void removeItem(int index);
+    // Removes every highlighted row in one pass, as removing the first highlighted row over and over would:
+    // the current row follows its row, or is gone with it. Returns how many rows went.
+    int removeSelected();
     void clear();
     void setItem(int index, const QString& text);
 

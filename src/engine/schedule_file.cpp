@@ -11,16 +11,40 @@
 #include "sound/notices.h"
 
 #include <QFileInfo>
+#include <QVarLengthArray>
+
+#include <algorithm>
+#include <cstring>
 
 namespace {
 QStringView todayRowTime(const QString& row) {
     return alarm_event::timeOf(row);
 }
 
-QString decoded(QLatin1String bytes) {
-    QString text;
-    appendFromCp1252(text, bytes);
-    return text;
+// The number of line feeds, to size the row list once; memchr runs through the bytes many at a time.
+qsizetype lineCount(const QByteArray& bytes) {
+    qsizetype lines = 0;
+    const char* at = bytes.constData();
+    const char* const end = at + bytes.size();
+    while (at < end) {
+        const void* found = std::memchr(at, '\n', static_cast<std::size_t>(end - at));
+        if (!found)
+            break;
+        ++lines;
+        at = static_cast<const char*>(found) + 1;
+    }
+    return lines;
+}
+
+// alarm_event::messageRow of a record's fields, decoded straight into the row: a message of megabytes is
+// then held once, not once more for the joining.
+QString messageRow(QLatin1String message, QLatin1String time) {
+    QString row;
+    row.reserve(message.size() + 4 + time.size());
+    appendFromCp1252(row, message);
+    row += QLatin1String(" at ");
+    appendFromCp1252(row, time);
+    return row;
 }
 
 // The 4-letter play word of a record read from the file.
@@ -85,14 +109,14 @@ void loadSchedule(Context& ctx, const QString& fileName) {
     const QString loadDay = ctx.clock.dateText();
     const QString loadTime = ctx.clock.timeText();
     ctx.eventList.clear();
-    ctx.eventList.beginBulk(bytes.count('\n'));
+    ctx.eventList.beginBulk(lineCount(bytes));
     QStringList armed;
     ErrorList* errors = nullptr;
     QString word;
     QLatin1String message;
     // The mark survives from record to record, as the word does; it is left in the event being entered.
     QChar mark = ctx.newEvent.mark.isEmpty() ? QChar() : ctx.newEvent.mark.front();
-    QString rowText;
+    QVarLengthArray<QChar, 32> rowText;
 
     // Views into the file's bytes: a schedule of a million records must not cost a copy of each field, nor
     // one of the whole file as text.
@@ -114,25 +138,28 @@ void loadSchedule(Context& ctx, const QString& fileName) {
 
         // The file's bytes compare with these texts as their decoded characters would: both are plain ASCII
         // wherever they can be equal.
-        QString today, now;
-        ctx.clock.present(today, now);
-        if (today.compare(date) > 0 || (today == date && now.compare(time) > 0))
+        const Clock::Present before = ctx.clock.present();
+        if (before.date.compare(date) > 0 || (before.date == date && before.time.compare(time) > 0))
             mark = QLatin1Char('x');
 
         ctx.newEvent.lineValid = true;
-        rowText.resize(0); // keeps its room from record to record
-        rowText += word;
-        rowText += QLatin1Char(' ');
-        rowText += time;
-        filterTodayRow(rowText, ctx.newEvent.lineValid);
+        // Word, a space and the time, put together in place: no text is made for a record that is not armed.
+        rowText.resize(word.size() + 1 + time.size());
+        std::copy(word.cbegin(), word.cend(), rowText.begin());
+        rowText[word.size()] = QLatin1Char(' ');
+        std::transform(time.begin(), time.end(), rowText.begin() + word.size() + 1,
+                       [](char c) { return QChar(QLatin1Char(c)); });
+        const QStringView row(rowText.constData(), rowText.size());
+        filterTodayRow(row, ctx.newEvent.lineValid);
         if (ctx.newEvent.lineValid) {
             ctx.eventList.insertRow(alarm_event::eventListRow(mark, date, time, message), false);
-            ctx.clock.present(today, now);
-            if ((today == date && now.compare(time) < 0) || (loadDay == date && loadTime.compare(time) < 0)) {
+            const Clock::Present present = ctx.clock.present();
+            if ((present.date == date && present.time.compare(time) < 0) ||
+                (loadDay == date && loadTime.compare(time) < 0)) {
                 ctx.tick.on = true;
-                armed.append(rowText);
+                armed.append(row.toString());
                 if (!message.isEmpty())
-                    ctx.today.messages.addItem(alarm_event::messageRow(decoded(message), decoded(time)));
+                    ctx.today.messages.addItem(messageRow(message, time));
             }
             continue;
         }

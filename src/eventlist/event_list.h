@@ -16,6 +16,8 @@ public:
     void clear();
     // Removes the first highlighted row, if any.
     void removeFirstHighlighted();
+    // Removes every highlighted row at once; how many went.
+    int removeHighlighted() { return rows.removeSelected(); }
     int highlightedCount() const { return rows.selectedCount(); }
     int currentRow() const { return rows.currentIndex(); }
 

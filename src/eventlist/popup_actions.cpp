@@ -29,9 +29,8 @@ void editFromPopup(Context& ctx, const OpenEditorFn& openEditor) {
 
 void deleteFromPopup(Context& ctx) {
     EventList& list = ctx.eventList;
-    if (list.highlightedCount() < 1)
+    // One pass over the rows and one rewrite, however many rows go.
+    if (list.removeHighlighted() == 0)
         return;
-    while (list.highlightedCount() >= 1)
-        list.removeFirstHighlighted();
     saveAllEvents(ctx);
 }

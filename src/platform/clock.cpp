@@ -17,10 +17,9 @@ qint64 Clock::secondKey() const {
     return t.date().toJulianDay() * 86400 + t.time().msecsSinceStartOfDay() / 1000;
 }
 
-void Clock::present(QString& date, QString& time) const {
+Clock::Present Clock::present() const {
     refreshTexts();
-    date = m_dateText;
-    time = m_timeText;
+    return {m_dateText, m_timeText};
 }
 
 void Clock::refreshTexts() const {

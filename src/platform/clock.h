@@ -15,8 +15,13 @@ public:
     // anew on every call; the texts are formatted again only when its second has changed.
     QString dateText() const;
     QString timeText() const;
-    // Both at one reading of the clock.
-    void present(QString& date, QString& time) const;
+    // Both at one reading of the clock, without a copy: they refer to the clock's own texts, which change at its
+    // next reading. A schedule load asks twice for every record.
+    struct Present {
+        const QString& date;
+        const QString& time;
+    };
+    Present present() const;
 
 protected:
     // A number that changes with the present second (and with nothing else that shows in the texts).

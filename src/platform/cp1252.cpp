@@ -48,6 +48,15 @@ void appendFromCp1252(QString& out, QLatin1String bytes) {
     }
 }
 
+QChar* decodeCp1252(QChar* dst, QLatin1String bytes) {
+    const auto* in = reinterpret_cast<const unsigned char*>(bytes.data());
+    for (qsizetype i = 0; i < bytes.size(); ++i) {
+        const unsigned char u = in[i];
+        dst[i] = static_cast<unsigned char>(u - 0x80) < 0x20 ? QChar(kHigh[u - 0x80]) : QChar(u);
+    }
+    return dst + bytes.size();
+}
+
 QString fromCp1252(const QByteArray& bytes) {
     // Latin-1 but for 0x80..0x9F: convert the fast way, then mend those few, if any.
     QString out = QString::fromLatin1(bytes);

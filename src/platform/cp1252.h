@@ -11,3 +11,5 @@ void appendCp1252(QByteArray& out, QStringView text);
 QString fromCp1252(const QByteArray& bytes);
 // Appends the decoded bytes to out.
 void appendFromCp1252(QString& out, QLatin1String bytes);
+// Writes the decoded bytes from dst on, one character per byte, and returns the end of what it wrote.
+QChar* decodeCp1252(QChar* dst, QLatin1String bytes);

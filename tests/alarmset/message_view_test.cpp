@@ -83,6 +83,14 @@ TEST_F(DayListTest, ViewStaysHiddenWithoutTodayRowsAndTwoRowsShareOneMessage) {
     EXPECT_EQ(view.text, "\r\n_08:30:00 AM  /  Tea\r\n_08:30:00 AM");
 }
 
+TEST_F(DayListTest, ViewShowsWhatFitsOfAHugeMessageAndTheMessageStaysWhole) {
+    const QString huge = QString(ListModel::kShownLength, 'a') + QString(200000, 'b');
+    rows({"once 08:30:00"}, {huge + " at 08:30:00"});
+    toggleMessageView(ctx, view);
+    EXPECT_EQ(view.text, "\r\n_08:30:00 AM  /  " + QString(ListModel::kShownLength, 'a'));
+    EXPECT_EQ(ctx.today.messages.item(0), huge + " at 08:30:00");
+}
+
 TEST_F(DayListTest, DeleteTakesTheRowWithItsOnlyMessage) {
     rows({"once 08:30:00", "twice 08:30:00", "once 09:00:00"}, {"Tea at 08:30:00", "Other at 09:00:00"});
     ctx.today.alarms.selectOnly(1);

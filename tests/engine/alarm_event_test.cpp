@@ -40,6 +40,10 @@ TEST(AlarmEvent, RowFormsAndCracking) {
     EXPECT_EQ(crackRow(eventListRow("-", "2002/05/01-08:30:00", "a\r\nb")).message, "a\r\nb");
     // A message holding " at " and a time reads back whole when cut 12 characters from the end.
     EXPECT_EQ(messageOfMessageRow(messageRow("meet at 09:00:00", "10:00:00")), "meet at 09:00:00");
+    // A record's bytes: Windows-1252 decoded, a double quote kept as an apostrophe, a mark not yet known left null.
+    EXPECT_EQ(
+        eventListRow(QChar(), QLatin1String("2002/05/01"), QLatin1String("08:30:00"), QLatin1String("\x80\"\xe9")),
+        QStringLiteral("      ") + QChar() + QStringLiteral("    2002/05/01-08:30:00        \u20ac'\u00e9"));
     // Short rows give shorter fields.
     EXPECT_EQ(crackRow("      -    2002/0").date, "2002/0");
     EXPECT_EQ(crackRow("      -").date, "");

@@ -5,6 +5,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <gtest/gtest.h>
 
@@ -66,6 +67,17 @@ TEST_F(MessageWindows, AReminderHidesTheWindowAndRingsAgainAfterItsMinutes) {
     EXPECT_EQ(notices.warnings, QStringList({"0 minute is invalid, the message will be ignored"}));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(form.isNull());
+}
+
+TEST_F(MessageWindows, AHugeMessageShowsWhatFitsAndStaysWhole) {
+    const QString huge = QString(MessageWindow::kShownLength, 'a') + QString(4'000'000, 'b') + " at 08:30:00";
+    QPointer<MessageWindow> form = new MessageWindow(ctx, huge);
+    const auto* box = form->findChild<QPlainTextEdit*>();
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->toPlainText(), QString(MessageWindow::kShownLength, 'a'));
+    EXPECT_EQ(form->messageText(), huge);
+    form->close();
+    delete form;
 }
 
 TEST_F(MessageWindows, MinutesBoxTakesDigitsAndEditingKeysOnly) {

@@ -70,6 +70,34 @@ TEST_F(ScheduleFile, EightBadRecordsStopTheLoadButSevenDoNot) {
               QStringList({"Invalid data in file, Data  8", "future.dat seems to be wrong format"}));
 }
 
+TEST_F(ScheduleFile, OneHugeLineAndALakeOfEmptyLinesAreBadDataOfTheUsualKind) {
+    // No line break in 4 MB: one field, one bad record.
+    writeFile("future.dat", QByteArray(4 << 20, 'x'));
+    loadSchedule(ctx, "future.dat");
+    EXPECT_TRUE(rows().isEmpty());
+    ASSERT_EQ(notices.errorLists.size(), 1u);
+    EXPECT_EQ(notices.errorLists[0]->lines, QStringList({"future.dat", "Invalid data in file, Data  1"}));
+
+    // A million empty lines: the eighth bad one ends the load.
+    writeFile("future.dat", QByteArray(1'000'000, '\n'));
+    loadSchedule(ctx, "future.dat");
+    EXPECT_TRUE(rows().isEmpty());
+    ASSERT_EQ(notices.errorLists.size(), 2u);
+    EXPECT_EQ(notices.errorLists[1]->lines.size(), 10);
+    EXPECT_EQ(notices.errorLists[1]->lines.last(), "future.dat seems to be wrong format");
+
+    // A message of 4 MB loads whole; the list is given what fits of its row.
+    const QByteArray message(4 << 20, 'm');
+    writeFile("future.dat", quotedRecord(message + "2002/05/01twic08:30:00"));
+    loadSchedule(ctx, "future.dat");
+    ASSERT_EQ(rows().size(), 1);
+    ctx.eventList.rows.setCurrent(0);
+    ctx.eventList.crackCurrentRow();
+    EXPECT_EQ(ctx.eventList.crackedMessage(), QString::fromLatin1(message));
+    EXPECT_EQ(ctx.eventList.rows.data(ctx.eventList.rows.index(0)).toString().size(), ListModel::kShownLength);
+    EXPECT_EQ(ctx.today.messages.items(), QStringList{QString::fromLatin1(message) + " at 08:30:00"});
+}
+
 TEST_F(ScheduleFile, MissingOrUnreadableFileChangesNothing) {
     ctx.eventList.insertRow("-", "2002/05/01-09:00:00", "", false);
     loadSchedule(ctx, "future.dat");

@@ -210,3 +210,51 @@ TEST_F(PopupTest, DeleteRemovesEveryHighlightedRowAndRewritesOnce) {
     EXPECT_TRUE(QFileInfo::exists(path("future.dat")));
     EXPECT_TRUE(readFile("future.dat").isEmpty());
 }
+
+TEST_F(PopupTest, BulkDeleteOfScatteredRowsIsOnePassAndMatchesDeletingOneByOne) {
+    // A few blocks and many blocks take different roads; both must end as the first-highlighted-first loop did.
+    struct Case {
+        int every;
+        int current;
+    };
+    for (const Case c : {Case{40, 41}, Case{40, 40}, Case{3, 7}, Case{3, 6}, Case{2, -1}}) {
+        SCOPED_TRACE(QStringLiteral("every %1th row, current %2").arg(c.every).arg(c.current).toStdString());
+        EventList bulk, oneByOne;
+        for (EventList* list : {&bulk, &oneByOne}) {
+            list->beginBulk();
+            for (int i = 0; i < 200; ++i)
+                list->insertRow("=", QStringLiteral("2002/05/%1-08:00:00").arg(1 + i % 28, 2, 10, QChar('0')),
+                                QStringLiteral("m%1").arg(i), false);
+            list->endBulk();
+            for (int r = 0; r < 200; r += c.every)
+                list->rows.setSelected(r, true);
+            list->rows.setCurrent(c.current);
+        }
+        int resets = 0, removals = 0;
+        QObject::connect(&bulk.rows, &ListModel::modelReset, [&] { ++resets; });
+        QObject::connect(&bulk.rows, &ListModel::rowsRemoved, [&] { ++removals; });
+
+        const int blocks = (199 / c.every) + 1;
+        EXPECT_EQ(bulk.removeHighlighted(), blocks);
+        while (oneByOne.highlightedCount() >= 1)
+            oneByOne.removeFirstHighlighted();
+        EXPECT_EQ(bulk.rows.items(), oneByOne.rows.items());
+        EXPECT_EQ(bulk.currentRow(), oneByOne.currentRow());
+        EXPECT_EQ(bulk.highlightedCount(), 0);
+        EXPECT_EQ(bulk.scheduleBytes(), oneByOne.scheduleBytes());
+        // Never a signal per row: a view would redo its layout for each.
+        EXPECT_LE(resets + removals, 16);
+    }
+}
+
+TEST_F(PopupTest, BulkDeleteWritesTheScheduleOnce) {
+    // A folder under the schedule's name makes every write fail, and each failed write is reported once.
+    ASSERT_TRUE(QFile::remove(path("future.dat")));
+    ASSERT_TRUE(QDir().mkdir(path("future.dat")));
+    for (int row : {0, 2, 4})
+        rows().setSelected(row, true);
+    deleteFromPopup(ctx);
+    EXPECT_EQ(rows().count(), 3);
+    ASSERT_EQ(notices.warnings.size(), 1);
+    EXPECT_TRUE(notices.warnings[0].startsWith("Error occurred when saving alarm event to disk, Error # "));
+}

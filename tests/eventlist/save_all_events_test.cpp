@@ -8,6 +8,8 @@
 #include <QRandomGenerator>
 #include <gtest/gtest.h>
 
+#include <numeric>
+
 namespace {
 
 struct SaveAllEventsTest : ::testing::Test, EngineFixture {
@@ -78,12 +80,19 @@ TEST(EventList, InsertionHighlightsAndDeletion) {
 }
 
 TEST(EventList, BulkLoadMatchesOneByOneInsertion) {
-    // Dates and times of one shape sort as numbers; one hand-made date of another shape sorts them all as text.
-    for (const QString odd : {QString(), QStringLiteral("2002/5/1x-01:00:00")}) {
+    // Dates and times of one shape sort as numbers (by digits when there are thousands); one hand-made date of
+    // another shape sorts them all as text.
+    struct Case {
+        QString odd;
+        int rows;
+    };
+    for (const Case c :
+         {Case{QString(), 500}, Case{QStringLiteral("2002/5/1x-01:00:00"), 500}, Case{QString(), 4200}}) {
+        const QString odd = c.odd;
         EventList single, bulk;
         QRandomGenerator rng(7);
         bulk.beginBulk();
-        for (int i = 0; i < 500; ++i) {
+        for (int i = 0; i < c.rows; ++i) {
             QString dt = QStringLiteral("2002/05/%1-0%2:00:00")
                              .arg(rng.bounded(1, 4), 2, 10, QLatin1Char('0'))
                              .arg(rng.bounded(3));
@@ -94,10 +103,26 @@ TEST(EventList, BulkLoadMatchesOneByOneInsertion) {
             bulk.insertRow("-", dt, msg, i % 7 == 0);
         }
         bulk.endBulk();
-        EXPECT_EQ(bulk.rows.items(), single.rows.items());
+        ASSERT_EQ(bulk.rows.items(), single.rows.items());
         for (int r = 0; r < single.rows.count(); ++r)
             ASSERT_EQ(bulk.rows.isSelected(r), single.rows.isSelected(r)) << r;
     }
+}
+
+TEST(EventList, LongNumericKeysSortLikeTextWithLaterOnesFirst) {
+    // Nineteen digits fill every 16-bit digit of the number sort; few distinct keys make many ties.
+    QRandomGenerator rng(11);
+    QStringList texts;
+    for (int i = 0; i < 6000; ++i)
+        texts.append(QStringLiteral("%1-%2")
+                         .arg(rng.bounded(3) * 3000000000ULL + 1000000000ULL)
+                         .arg(rng.bounded(4) * 123456789, 9, 10, QLatin1Char('0')));
+    std::vector<QStringView> keys(texts.cbegin(), texts.cend());
+    // Later positions first among equals: a stable sort of the positions taken in reverse.
+    std::vector<qsizetype> expected(keys.size());
+    std::iota(expected.rbegin(), expected.rend(), 0);
+    std::stable_sort(expected.begin(), expected.end(), [&](qsizetype a, qsizetype b) { return keys[a] < keys[b]; });
+    EXPECT_EQ(ListModel::sortedOrder(keys), expected);
 }
 
 TEST_F(SaveAllEventsTest, RewriteIsByteExactAndSortedWithMarksTurnedIntoWords) {

@@ -66,7 +66,7 @@ MessageWindow::MessageWindow(Context& ctx, const QString& text) : m_ctx(ctx) {
 
 void MessageWindow::setMessageText(const QString& text) {
     m_text = text;
-    m_messageEdit->setPlainText(QString(text).replace(QLatin1String("\r\n"), QLatin1String("\n")));
+    m_messageEdit->setPlainText(text.left(kShownLength).replace(QLatin1String("\r\n"), QLatin1String("\n")));
 }
 
 void MessageWindow::onTick() {

@@ -17,6 +17,9 @@ class MessageWindow : public QDialog {
     Q_OBJECT
 public:
     MessageWindow(Context& ctx, const QString& text);
+    // The most characters of a message the box is given: far beyond any typed message, and a message of
+    // megabytes from a hand-made schedule would hold the program up for many seconds while the alarm rings.
+    static constexpr int kShownLength = 64 * 1024;
 
     QString messageText() const { return m_text; }
     void setMessageText(const QString& text);
