@@ -109,6 +109,16 @@ TEST_F(AlarmSetWindowTest, WithoutATrayTheWindowOpensCarriesTheTrayMenuAndOnlyMi
     EXPECT_FALSE(f->isVisible());
 }
 
+TEST_F(AlarmSetWindowTest, ShownAgainTheTypingGoesToTheHourNotToTheButtonThatHidIt) {
+    for (int opening = 0; opening < 3; ++opening) {
+        host.showAlarmSet();
+        EXPECT_EQ(f->focusWidget(), f->hourBox) << "opening " << opening;
+        f->exitButton->setFocus();
+        f->exitButton->click();
+        ASSERT_FALSE(f->isVisible());
+    }
+}
+
 TEST_F(AlarmSetWindowTest, MessageViewAndComingListToggle) {
     f->show();
     ctx.today.alarms.addItem("once 21:00:00");

@@ -18,6 +18,7 @@
 #include "eventlist/ui/event_list_view.h"
 #include "platform/clock.h"
 #include "platform/twips.h"
+#include "platform/ui/place_keeper.h"
 #include "platform/ui/window_twips.h"
 
 #include <QAbstractButton>
@@ -33,6 +34,7 @@
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QShowEvent>
 #include <QTimer>
 
 namespace {
@@ -69,6 +71,7 @@ void setEditTextIfChanged(QComboBox* box, const QString& text) {
 AlarmSetWindow::AlarmSetWindow(Context& ctx, AlarmSetHooks& hooks, QWidget* parent)
     : QMainWindow(parent), ctx(ctx), hooks(hooks) {
     setObjectName(QStringLiteral("AlarmSetWindow"));
+    PlaceKeeper::keep(this);
     setWindowTitle(QStringLiteral("Bellwick Alarm Clock..."));
 
     settingsAction = menuBar()->addAction(QStringLiteral("Settings"));
@@ -93,6 +96,9 @@ AlarmSetWindow::AlarmSetWindow(Context& ctx, AlarmSetHooks& hooks, QWidget* pare
 void AlarmSetWindow::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     timer->start();
+    // Shown again after hiding: typing goes to the hour, not to the button that hid the window.
+    if (!event->spontaneous())
+        hourBox->setFocus(Qt::OtherFocusReason);
 }
 
 void AlarmSetWindow::hideEvent(QHideEvent* event) {
