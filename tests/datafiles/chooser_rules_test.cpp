@@ -33,6 +33,7 @@ struct ChooserWindowTest : ::testing::Test, EngineFixture {
         ctx.touchAlarmSet();
         writeFile("my.dat", "\"once 09:00:00\"\r\n");
         writeFile("WPAPER.DAT", "");
+        writeFile(".early.dat", ""); // a name that can be typed and saved must be listed too
         writeFile("notes.txt", "");
         ctx.today.alarms.addItem("twice 10:00:00");
     }
@@ -147,7 +148,7 @@ TEST_F(ChooserWindowTest, SaveModeListsDataFilesAndAsksBeforeOverwriting) {
     QStringList names;
     for (int i = 0; i < form->fileList->count(); ++i)
         names.append(form->fileList->item(i)->text());
-    EXPECT_EQ(names, QStringList({"my.dat", "WPAPER.DAT"}));
+    EXPECT_EQ(names, QStringList({".early.dat", "my.dat", "WPAPER.DAT"}));
 
     // Only name characters can be typed.
     typeText(form->input, "WP A/PER");

@@ -119,7 +119,8 @@ void DataFileChooser::load() {
     const QString folder = m_ctx.folder;
     // A folder that cannot be made leaves the list empty; a save then reports its own error.
     if (QDir().mkpath(folder)) {
-        const QDir dir(folder, QStringLiteral("*.dat"), QDir::Name | QDir::IgnoreCase, QDir::Files);
+        // Names starting with a dot can be typed and saved, so they are listed too.
+        const QDir dir(folder, QStringLiteral("*.dat"), QDir::Name | QDir::IgnoreCase, QDir::Files | QDir::Hidden);
         fileList->addItems(dir.entryList());
     }
     m_front.open(m_ctx.front.claimant);
