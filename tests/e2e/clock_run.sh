@@ -62,9 +62,14 @@ extents=$(xwininfo -id "$clock" -shape | awk '/Window shape extents/ {print $4}'
 [ "$extents" = "155x21+1+1" ] || fail "the outline is $extents, not 155x21+1+1"
 echo "outline $extents in a window of $size"
 
-# 2. Dropped 6 pixels from the left edge, it snaps to it; the other axis follows the pointer.
+# 2. Dropped 6 pixels from the left edge, it snaps to it; the other axis follows the pointer. The clock never
+#    takes the keyboard: the window that had it keeps it through the press and the drag.
+typing=$(xdotool search --onlyvisible --class trayer | head -1)
+xdotool windowfocus --sync "$typing" 2>/dev/null
+had=$(xdotool getwindowfocus)
 drag 60 10 66 300
 expect_place 0 290 "snapped to the left edge"
+[ "$(xdotool getwindowfocus)" = "$had" ] || fail "the clock took the keyboard from window $had"
 
 # 3. Dragged above the top edge and let go, it rolls up, leaving a strip to catch the pointer.
 drag 60 16 400 0

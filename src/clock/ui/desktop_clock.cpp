@@ -53,8 +53,10 @@ DesktopClock::DesktopClock(Context& ctx, QWidget* parent)
                    display_choice::windowsPlaceThemselves(QGuiApplication::platformName())) {}
 
 DesktopClock::DesktopClock(Context& ctx, ScreenServices& screen, DockingHandler& dock, QWidget* parent, bool placeable)
-    : QWidget(parent, placeable ? Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint
-                                : Qt::Tool | Qt::FramelessWindowHint),
+    // A desktop clock never takes the keyboard: text typed elsewhere must not go to it while it is dragged.
+    : QWidget(parent, placeable
+                          ? Qt::Tool | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::WindowStaysOnTopHint
+                          : Qt::Tool | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus),
       ctx(ctx), m_screen(screen), dock(dock), m_placeable(placeable), m_picture(clock_picture::pill()) {
     setAttribute(Qt::WA_DeleteOnClose);
     setFixedSize(toLogicalX(ClockFace::kFormWidth), toLogicalY(ClockFace::kFormHeight));
