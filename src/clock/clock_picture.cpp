@@ -7,12 +7,16 @@
 namespace clock_picture {
 
 namespace {
-constexpr int kWidth = 153;
-constexpr int kHeight = 20;
+// The window's outline: x from 1 to 155, y from 1 to 21. The face fills it whole, so no row of the window's
+// plain back shows under the round ends.
+constexpr int kLeft = 1;
+constexpr int kTop = 1;
+constexpr int kWidth = 155;
+constexpr int kHeight = 21;
 
 QPainterPath pillPath(double inset) {
     QPainterPath path;
-    const QRectF box(inset, inset, kWidth - 2 * inset, kHeight - 2 * inset);
+    const QRectF box(kLeft + inset, kTop + inset, kWidth - 2 * inset, kHeight - 2 * inset);
     const double radius = box.height() / 2;
     path.addRoundedRect(box, radius, radius);
     return path;
@@ -20,7 +24,7 @@ QPainterPath pillPath(double inset) {
 } // namespace
 
 QImage pill() {
-    QImage image(kWidth, kHeight, QImage::Format_ARGB32_Premultiplied);
+    QImage image(kLeft + kWidth, kTop + kHeight, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter p(&image);
     p.setRenderHint(QPainter::Antialiasing);
@@ -28,7 +32,7 @@ QImage pill() {
     p.fillPath(pillPath(0), backColour());
 
     // Outer rim: lit from above, in shade below.
-    QLinearGradient outer(0, 0, 0, kHeight);
+    QLinearGradient outer(0, kTop, 0, kTop + kHeight);
     outer.setColorAt(0.0, rimLight());
     outer.setColorAt(0.45, backColour());
     outer.setColorAt(1.0, rimShadow());
@@ -36,7 +40,7 @@ QImage pill() {
     p.drawPath(pillPath(0.6));
 
     // Inner rim: the groove inside, in shade along the top and catching the light along the bottom.
-    QLinearGradient inner(0, 0, 0, kHeight);
+    QLinearGradient inner(0, kTop, 0, kTop + kHeight);
     inner.setColorAt(0.0, rimShadow());
     inner.setColorAt(0.5, backColour());
     inner.setColorAt(1.0, rimLight());

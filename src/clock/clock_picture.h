@@ -16,8 +16,8 @@ inline QColor rimShadow() {
     return QColor(115, 132, 115);
 }
 
-// 153 x 20 pixels: the pale green pill with a bevelled rim, light along the upper curves and grey-green
-// along the inner and lower ones; the corners are transparent.
+// The pale green pill filling the window's outline (x 1 to 155, y 1 to 21), with a bevelled rim, light along the
+// upper curves and grey-green along the inner and lower ones; outside the outline it is transparent.
 QImage pill();
 
 } // namespace clock_picture

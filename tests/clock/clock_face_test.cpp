@@ -1,4 +1,5 @@
 #include "clock/clock_face.h"
+#include "clock/clock_picture.h"
 #include "clock/clock_text.h"
 #include "clock/window_region.h"
 #include "qt_printers.h"
@@ -131,6 +132,15 @@ TEST(WindowRegion, ClockPillIs155By21PixelsWithRoundEnds) {
     for (QPoint outside :
          {QPoint(0, 11), QPoint(80, 0), QPoint(80, 21), QPoint(156, 11), QPoint(1, 1), QPoint(155, 21), QPoint(2, 20)})
         EXPECT_FALSE(pill.contains(outside)) << outside.x() << "," << outside.y();
+}
+
+TEST(WindowRegion, TheFacePaintsEveryPixelOfTheOutline) {
+    std::vector<ShapeControl> shapes = clockBorderShapes();
+    const QImage face = clock_picture::pill();
+    for (const QRect& band : windowRegion(shapes, 0, 0))
+        for (int y = band.top(); y <= band.bottom(); ++y)
+            for (int x = band.left(); x <= band.right(); ++x)
+                ASSERT_GT(face.valid(x, y) ? qAlpha(face.pixel(x, y)) : 0, 0) << "no face at " << x << "," << y;
 }
 
 TEST(WindowRegion, EveryShapeKindTakesItsBox) {
