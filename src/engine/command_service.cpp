@@ -45,6 +45,8 @@ QByteArray add(Context& ctx, RoutedNotices& notices, const command_protocol::Req
     QString time = request.time;
     if (request.inSeconds > 0) {
         const QDateTime at = ctx.clock.now().addSecs(request.inSeconds);
+        if (at.date().year() > 9999)
+            return refusal(QStringLiteral("Invalid input of date")); // the date text holds four digits of year
         date = dateText(at);
         time = timeText(at);
     } else if (date.isEmpty()) {
