@@ -11,7 +11,7 @@
 namespace {
 // A request is a short line; anything longer is no client of ours.
 constexpr qsizetype kMostRequestBytes = 64 * 1024;
-// A client that says nothing is let go.
+// A client that does not say its request is let go.
 constexpr int kIdleMs = 10000;
 // While a modal box runs its own event loop, requests wait for the program's loop: the work the box
 // interrupted is not to see today's lists change under it.
@@ -75,6 +75,8 @@ void CommandServer::takeConnections() {
         connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
         connect(socket, &QLocalSocket::readyRead, this, [this, socket] { readRequest(socket); });
         QTimer::singleShot(kIdleMs, socket, [socket] {
+            if (socket->canReadLine())
+                return; // a whole request, waiting for a modal box to go
             socket->abort();
             socket->deleteLater();
         });

@@ -126,7 +126,8 @@ TEST(CommandLine, SubCommandArgumentsOfTheWrongShapeAreRefusedWithExitTwo) {
         ASSERT_TRUE(answer) << c.line;
         EXPECT_EQ(answer->exitCode, 2) << c.line;
         EXPECT_TRUE(answer->out.isEmpty());
-        EXPECT_TRUE(answer->err.startsWith(QStringLiteral("bellwick: ") + c.said)) << c.line << ": " << answer->err.toStdString();
+        EXPECT_TRUE(answer->err.startsWith(QStringLiteral("bellwick: ") + c.said))
+            << c.line << ": " << answer->err.toStdString();
         EXPECT_TRUE(answer->err.endsWith("Try 'bellwick --help' for more information.\n")) << c.line;
     }
     // A sub-command only counts as the first argument; after Qt's options it is an argument like any other.
