@@ -1,8 +1,11 @@
+#include "engine/command_client.h"
 #include "engine/command_line.h"
+#include "engine/command_protocol.h"
 #include "engine/ui/bellwick_app.h"
 #include "platform/display_choice.h"
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QLoggingCategory>
 #include <QProcessEnvironment>
 
@@ -13,11 +16,20 @@ int main(int argc, char** argv) {
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
         arguments << QString::fromLocal8Bit(argv[i]);
+    auto print = [](const command_line::Answer& answer) {
+        std::fputs(answer.out.toLocal8Bit().constData(), stdout);
+        std::fputs(answer.err.toLocal8Bit().constData(), stderr);
+        return std::fflush(stdout) == 0 ? answer.exitCode : 1;
+    };
     // Answered before the display, the lock or any file is touched.
-    if (const auto answer = command_line::answer(arguments, QStringLiteral(BELLWICK_VERSION))) {
-        std::fputs(answer->out.toLocal8Bit().constData(), stdout);
-        std::fputs(answer->err.toLocal8Bit().constData(), stderr);
-        return std::fflush(stdout) == 0 ? answer->exitCode : 1;
+    if (const auto answer = command_line::answer(arguments, QStringLiteral(BELLWICK_VERSION)))
+        return print(*answer);
+    // The sub-commands talk to the running program and need no display.
+    if (command_protocol::isSubCommand(arguments)) {
+        QCoreApplication app(argc, argv);
+        const auto request = command_protocol::parse(arguments).request;
+        return print(
+            command_client::run(*request, command_client::userChannel(QCoreApplication::applicationFilePath())));
     }
     // The platform goes on the command line, not into the environment the programs we start inherit.
     QByteArray platformOption("-platform");

@@ -4,6 +4,7 @@
 #include "engine/alarm_event.h"
 #include "engine/context.h"
 #include "engine/schedule_file.h"
+#include "message/message_text.h"
 #include "platform/clock.h"
 #include "platform/numeric.h"
 #include "sound/notices.h"
@@ -25,7 +26,17 @@ QString twentyFourHour(const QString& hourText, const QString& amPm) {
     return hourText;
 }
 
-void addEntry(Context& ctx, EntryControls& c, QString& playWord, const AlarmSetLinks& links) {
+AddResult addEvent(Context& ctx, EventEntry& entry, QString& playWord, const AlarmSetLinks& links) {
+    EntryControls& c = entry.controls;
+    // The message box never holds more than it takes, nor a double quote; a message that comes with the entry
+    // keeps the same rules, and is refused whole rather than cut.
+    const QString shownMessage = message_text::typed(message_text::shown(entry.message));
+    if (message_text::length(shownMessage) > message_text::kMaxLength) {
+        ctx.notices.answerOk(QStringLiteral("Message longer than %1 characters").arg(message_text::kMaxLength));
+        return AddResult::Refused;
+    }
+    const QString message = message_text::stored(shownMessage);
+
     // Without seconds whatever the box was left holding is overwritten before any test.
     if (ctx.options.noSecond) {
         c.secondBox = QStringLiteral("00");
@@ -33,14 +44,14 @@ void addEntry(Context& ctx, EntryControls& c, QString& playWord, const AlarmSetL
     }
     if (c.hourBox.isEmpty() || c.minuteBox.isEmpty() || c.secondBox.isEmpty()) {
         ctx.notices.answerOk(QStringLiteral("Invalid input"));
-        return;
+        return AddResult::Refused;
     }
     const long hour = leadingDigitsValue(c.hourBox);
     const long minute = leadingDigitsValue(c.minuteBox);
     const long second = leadingDigitsValue(c.secondBox);
     if (hour > 12 || minute > 59 || second > 59 || hour == 0) {
         ctx.notices.answerOk(QStringLiteral("Invalid input"));
-        return;
+        return AddResult::Refused;
     }
     padToTwo(c.hourBox);
     padToTwo(c.minuteBox);
@@ -51,19 +62,21 @@ void addEntry(Context& ctx, EntryControls& c, QString& playWord, const AlarmSetL
     if (c.playCountIndex >= 0)
         playWord = c.playCountText;
 
-    if (ctx.entry.date != ctx.clock.dateText()) {
+    if (entry.date != ctx.clock.dateText()) {
         // Another day, past ones included: straight to the schedule, whatever the time.
         links.callShowEventList();
         const alarm_event::PlayForms forms = alarm_event::fromWholeWord(playWord);
         ctx.newEvent.playWord = forms.shortWord;
         ctx.newEvent.mark = forms.mark;
-        if (ctx.entry.withMessage)
+        if (entry.askMessage) {
             links.callOpenInputMessage(QString()); // InputMessageWindow saves it when the user confirms
-        else
-            appendToSchedule(ctx, QString());
-        return;
+            return AddResult::MessageAsked;
+        }
+        appendToSchedule(ctx, entry.date, message, entry.highlightInList);
+        return AddResult::Schedule;
     }
 
+    AddResult result = AddResult::Refused;
     if (eventTime < ctx.clock.timeText()) {
         ctx.notices.answerOk(QStringLiteral("Time was passed or next day"));
         ctx.notices.beep();
@@ -71,11 +84,21 @@ void addEntry(Context& ctx, EntryControls& c, QString& playWord, const AlarmSetL
         ctx.newEvent.added = false;
         ctx.tick.on = true;
         insertTodayRow(ctx, eventTime, playWord, true);
+        result = AddResult::Today;
+        if (!message.isEmpty())
+            ctx.today.messages.addItem(alarm_event::messageRow(message, eventTime));
         // InputMessageWindow ties the message to the row that insertTodayRow left selected.
-        if (ctx.newEvent.added && ctx.entry.withMessage && ctx.front.claimant == 0) {
+        if (ctx.newEvent.added && entry.askMessage && ctx.front.claimant == 0) {
             links.shadeTodayList();
             links.callOpenInputMessage(QString());
         }
     }
     ctx.tick.haveAlarms = ctx.today.alarms.count() >= 1;
+    return result;
+}
+
+void addEntry(Context& ctx, EntryControls& controls, QString& playWord, const AlarmSetLinks& links) {
+    EventEntry entry{ctx.entry.date, controls, ctx.entry.withMessage, QString(), true};
+    addEvent(ctx, entry, playWord, links);
+    controls = entry.controls;
 }

@@ -1,5 +1,7 @@
 #include "engine/command_line.h"
 
+#include "engine/command_protocol.h"
+
 #include <array>
 
 namespace command_line {
@@ -29,6 +31,9 @@ Answer refuse(const QString& what) {
 QString helpText() {
     return QStringLiteral(
         "Usage: bellwick [option]\n"
+        "       bellwick add --time HH:MM:SS [--date YYYY/MM/DD] [--plays WORD] [--message TEXT]\n"
+        "       bellwick add --in DELAY [--plays WORD] [--message TEXT]\n"
+        "       bellwick list [--json]\n"
         "A resident alarm clock: it starts hidden with an icon in the notification area and rings your alarms\n"
         "at their due second. Left-click the icon to stop a ringing alarm, right-click it for the menu.\n"
         "\n"
@@ -37,10 +42,31 @@ QString helpText() {
         "  -v, --version  print the version and exit\n"
         "\n"
         "Qt's own options (-platform, -display, -style, ...) are passed on to Qt.\n"
+        "\n"
+        "Sub-commands, handed to the running program (started first when none runs):\n"
+        "  add            set an alarm, checked as the Alarm Set window's Add checks it; today's is armed,\n"
+        "                 a later day's goes to the schedule. Prints the event as 'list' does; a refusal\n"
+        "                 goes to standard error with exit status 1\n"
+        "    --time       the time of day, 24-hour (seconds may be left out)\n"
+        "    --date       the day; today when left out\n"
+        "    --in         a delay from now instead: 90s, 20m or 2h\n"
+        "    --plays      once (the default), twice, thrice or repeat (until stopped)\n"
+        "    --message    the text of the message window, at most 626 characters\n"
+        "  list           the coming alarms in time order, one a line: YYYY/MM/DD HH:MM:SS PLAYS MESSAGE\n"
+        "                 (in MESSAGE a line break is written \\n and a backslash \\\\)\n"
+        "    --json       a JSON array of {date, time, plays, message} instead\n"
         "Your alarms and settings live in ${XDG_DATA_HOME:-~/.local/share}/bellwick/.\n");
 }
 
 std::optional<Answer> answer(const QStringList& arguments, const QString& version) {
+    if (command_protocol::isSubCommand(arguments)) {
+        const command_protocol::Parsed parsed = command_protocol::parse(arguments);
+        if (parsed.help)
+            return Answer{0, helpText(), {}};
+        if (!parsed.refusal.isEmpty())
+            return refuse(parsed.refusal);
+        return std::nullopt;
+    }
     for (qsizetype i = 0; i < arguments.size(); ++i) {
         const QString& argument = arguments.at(i);
         if (argument == QLatin1String("-h") || argument == QLatin1String("--help"))

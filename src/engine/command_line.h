@@ -14,8 +14,9 @@ struct Answer {
     QString err; // for standard error
 };
 
-// Answers --help, --version and bad arguments; nothing when the resident program should start. Qt's own
-// options (-platform, -display, -style, ...) are left for QApplication.
+// Answers --help, --version and bad arguments; nothing when the resident program should start, or when a
+// well-formed sub-command ("add", "list") is to go to it. Qt's own options (-platform, -display, -style, ...)
+// are left for QApplication.
 std::optional<Answer> answer(const QStringList& arguments, const QString& version);
 
 QString helpText();

@@ -83,14 +83,18 @@ void insertTodayRows(Context& ctx, const QStringList& todayRows) {
 }
 
 void appendToSchedule(Context& ctx, const QString& message) {
-    const QString line = alarm_event::scheduleLine(message, ctx.entry.date, ctx.newEvent.playWord, ctx.newEvent.time);
+    appendToSchedule(ctx, ctx.entry.date, message, true);
+}
+
+void appendToSchedule(Context& ctx, const QString& date, const QString& message, bool highlight) {
+    const QString line = alarm_event::scheduleLine(message, date, ctx.newEvent.playWord, ctx.newEvent.time);
     FileError error;
     if (!record_file::appendRecords(ctx.appFile(QStringLiteral("future.dat")), {line}, error)) {
         ctx.notices.answerOk(QStringLiteral("Error occurred when saving alarm events to disk, data may be lost, ") +
                              QStringLiteral("Error # ") + numberForMessage(error.number) + QLatin1Char('\r') +
                              error.description);
     }
-    ctx.eventList.insertRow(ctx.newEvent.mark, ctx.entry.date + QLatin1Char('-') + ctx.newEvent.time, message, true);
+    ctx.eventList.insertRow(ctx.newEvent.mark, date + QLatin1Char('-') + ctx.newEvent.time, message, highlight);
 }
 
 void loadSchedule(Context& ctx, const QString& fileName) {

@@ -9,6 +9,8 @@ class Context;
 void loadSchedule(Context& ctx, const QString& fileName);
 // Appends the event being entered, with this message, and shows it highlighted in the event list.
 void appendToSchedule(Context& ctx, const QString& message);
+// The same for the event being entered on this date; its row is highlighted or not.
+void appendToSchedule(Context& ctx, const QString& date, const QString& message, bool highlight);
 
 // The validity test of a today row: valid becomes false when the row is bad, and is never set true.
 void filterTodayRow(QStringView rowText, bool& valid);

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The program answers --help, --version and bad arguments at once, with no display, and touches no file or lock;
-# its manual page formats without a warning.
+# The program answers --help, --version and bad arguments, its sub-commands' too, at once, with no display, and
+# touches no file or lock; its manual page formats without a warning.
 # Usage: command_line_run.sh <path to bellwick> <bellwick.1>
 set -uo pipefail
 program="$1"
@@ -32,6 +32,17 @@ check 0 '^bellwick [0-9]+\.[0-9]+\.[0-9]+$' '' --version
 check 2 '' "^bellwick: unknown option '--alarm'" --alarm
 check 2 '' "^bellwick: unexpected argument 'tomorrow'" tomorrow
 check 2 '' "^Try 'bellwick --help'" -platform
+# The sub-commands' argument errors are answered here too, before any copy is asked or started.
+check 0 '^       bellwick add --in DELAY' '' add --help
+check 0 '^Usage: bellwick' '' list -h
+check 2 '' "^bellwick: add: give --time \(and --date\), or --in" add
+check 2 '' "^bellwick: add: the delay '5x' is not" add --in 5x
+check 2 '' "^bellwick: add: --in goes without --date and --time" add --in 5m --time 07:00
+check 2 '' "^bellwick: add: the time '7.30' is not HH:MM:SS" add --time 7.30
+check 2 '' "^bellwick: add: the date '1/2/2030' is not YYYY/MM/DD" add --time 07:30 --date 1/2/2030
+check 2 '' "^bellwick: add: plays 'often' is not once" add --in 5m --plays often
+check 2 '' "^bellwick: add: option '--message' needs a value" add --in 5m --message
+check 2 '' "^bellwick: list: unknown option '--all'" list --all
 # Answering must not create the data folder, the lock or anything else.
 left=$(find "$home" -mindepth 1)
 [ -z "$left" ] || fail "the options left files behind: $left"

@@ -177,7 +177,7 @@ TEST(AudioOutputTest, NoDeviceMeansTheFallbackPath) {
 // The disk driver writing into /dev/full fails its first write, and SDL takes the device for lost, as it does
 // when a sound server goes away.
 bool waitUntilLost(const SdlAudio& audio) {
-    QDeadlineTimer deadline(3000);
+    QDeadlineTimer deadline(10000); // a loaded machine may be slow to reach the failing write
     while (!audio.lost() && !deadline.hasExpired())
         QThread::msleep(20);
     return audio.lost();

@@ -4,6 +4,7 @@
 #include "alarmset/ui/alarm_set_window.h"
 #include "clock/ui/desktop_clock.h"
 #include "datafiles/ui/data_file_chooser.h"
+#include "engine/command_service.h"
 #include "engine/context.h"
 #include "engine/startup.h"
 #include "engine/ui/tray_icon.h"
@@ -12,11 +13,13 @@
 #include "eventlist/ui/event_popup.h"
 #include "message/ui/input_message_window.h"
 #include "platform/clock.h"
+#include "platform/command_channel.h"
 #include "platform/data_folder.h"
 #include "platform/linux/linux_sound_devices.h"
 #include "platform/single_instance.h"
 #include "platform/ui/window_twips.h"
 #include "settings/ui/settings_window.h"
+#include "sound/routed_notices.h"
 #include "sound/sound_player.h"
 #include "sound/ui/widget_notices.h"
 
@@ -32,7 +35,9 @@ namespace {
 struct Program {
     SystemClock clock;
     LinuxSoundDevices devices;
-    WidgetNotices notices{ctx};
+    WidgetNotices windowNotices{ctx};
+    // A command-line add speaks through its answer, not through a window.
+    RoutedNotices notices{windowNotices};
     SoundPlayer sound{ctx, devices.devices()};
     Context ctx{clock, notices, sound};
 };
@@ -118,6 +123,13 @@ int BellwickApp::run() {
         tray.menu()->setTitle(QStringLiteral("&Bellwick"));
         alarmSet.standInForTray(missing ? tray.menu() : nullptr);
     };
+    // Only the sub-commands talk to it; a plain second start still meets the lock above.
+    CommandServer commands(
+        [&ctx, &program](const QByteArray& request) { return command_service::serve(ctx, program.notices, request); });
+    QString channelError;
+    if (!commands.listen(command_channel::socketPath(), channelError))
+        std::fprintf(stderr, "bellwick: no command channel for 'bellwick add' and 'list': %s\n",
+                     qPrintable(channelError));
     startUp(ctx, startup);
     tray.load();
     return QApplication::exec();

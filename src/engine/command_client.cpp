@@ -1,0 +1,107 @@
+#include "engine/command_client.h"
+
+#include "platform/command_channel.h"
+#include "platform/single_instance.h"
+
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QLockFile>
+#include <QProcess>
+#include <QThread>
+
+namespace command_client {
+
+namespace {
+
+// A request waits this long for its answer: the first touch of the Alarm Set window reads the whole schedule.
+constexpr int kAnswerMs = 60000;
+constexpr int kConnectMs = 1000;
+constexpr int kRetryMs = 100;
+
+command_line::Answer failed(const QString& what) {
+    return {1, {}, QStringLiteral("bellwick: %1\n").arg(what)};
+}
+
+// Whether a live copy holds the lock (it may still be on its way to listening).
+bool copyRuns(const QString& lockPath) {
+    QLockFile lock(lockPath);
+    lock.setStaleLockTime(0);
+    if (lock.tryLock(0)) {
+        lock.unlock();
+        return false;
+    }
+    return lock.error() == QLockFile::LockFailedError;
+}
+
+bool startProgram(const QString& programPath) {
+    QProcess process;
+    process.setProgram(programPath);
+    // The program outlives this command: it must not hold the pipe of a script's $(...) open, nor a folder.
+    process.setStandardInputFile(QProcess::nullDevice());
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+    process.setWorkingDirectory(QDir::homePath());
+    return process.startDetached();
+}
+
+} // namespace
+
+Channel userChannel(const QString& programPath) {
+    Channel c;
+    c.socketPath = command_channel::socketPath();
+    c.lockPath = SingleInstance::defaultLockPath();
+    if (!c.lockPath.isEmpty())
+        c.startLockPath = QFileInfo(c.lockPath).absolutePath() + QStringLiteral("/bellwick-start.lock");
+    c.programPath = programPath;
+    return c;
+}
+
+command_line::Answer run(const command_protocol::Request& request, const Channel& channel) {
+    if (channel.socketPath.isEmpty())
+        return failed(QStringLiteral("no private runtime folder for the command channel"));
+    const QByteArray line = command_protocol::toLine(command_protocol::toJson(request));
+    command_channel::Exchange reply = command_channel::exchange(channel.socketPath, line, kConnectMs, kAnswerMs);
+    if (!reply.connected) {
+        // One command line at a time finds out whether a copy runs and starts one; the others then find it.
+        QLockFile startLock(channel.startLockPath);
+        startLock.setStaleLockTime(0);
+        if (!startLock.tryLock(channel.startWaitMs + 5000))
+            return failed(QStringLiteral("another command is starting the program and does not finish"));
+        reply = command_channel::exchange(channel.socketPath, line, kConnectMs, kAnswerMs);
+        if (!reply.connected && !copyRuns(channel.lockPath) && !startProgram(channel.programPath))
+            return failed(QStringLiteral("cannot start %1").arg(channel.programPath));
+        const QDeadlineTimer deadline(channel.startWaitMs);
+        while (!reply.connected && !deadline.hasExpired()) {
+            QThread::msleep(kRetryMs);
+            reply = command_channel::exchange(channel.socketPath, line, kConnectMs, kAnswerMs);
+        }
+        if (!reply.connected)
+            return failed(QStringLiteral("the running program does not answer on %1").arg(channel.socketPath));
+    }
+    return answerFor(request, reply.answer);
+}
+
+command_line::Answer answerFor(const command_protocol::Request& request, const QByteArray& answerLine) {
+    const QJsonObject answer = command_protocol::fromLine(answerLine);
+    if (answer.isEmpty())
+        return failed(QStringLiteral("no answer from the running program"));
+    if (!answer.value("ok").toBool())
+        return failed(answer.value("error").toString().replace(QLatin1Char('\n'), QStringLiteral("\nbellwick: ")));
+    if (request.command == QLatin1String("add"))
+        return {0,
+                command_protocol::eventLine(command_protocol::eventFromJson(answer.value("event").toObject())) +
+                    QLatin1Char('\n'),
+                {}};
+    const QJsonArray events = answer.value("events").toArray();
+    if (request.json)
+        return {0, QString::fromUtf8(QJsonDocument(events).toJson(QJsonDocument::Indented)), {}};
+    QString out;
+    for (const QJsonValue& event : events)
+        out += command_protocol::eventLine(command_protocol::eventFromJson(event.toObject())) + QLatin1Char('\n');
+    return {0, out, {}};
+}
+
+} // namespace command_client

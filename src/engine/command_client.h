@@ -1,0 +1,28 @@
+#pragma once
+
+#include "engine/command_line.h"
+#include "engine/command_protocol.h"
+
+#include <QString>
+
+// The command line's side of the sub-commands: hands the request to the running program, starting it first
+// when none runs, and turns its answer into what is printed and the exit status.
+namespace command_client {
+
+struct Channel {
+    QString socketPath;
+    QString lockPath;        // the running program's lock
+    QString startLockPath;   // held while one command line starts the program, so two do not both start it
+    QString programPath;     // started detached when no copy runs
+    int startWaitMs = 10000; // how long a started copy may take to listen
+};
+
+// The channel of this user, starting this program.
+Channel userChannel(const QString& programPath);
+
+command_line::Answer run(const command_protocol::Request& request, const Channel& channel);
+
+// What the command line prints for an answer line of the running program.
+command_line::Answer answerFor(const command_protocol::Request& request, const QByteArray& answerLine);
+
+} // namespace command_client

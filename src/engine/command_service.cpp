@@ -1,0 +1,153 @@
+#include "engine/command_service.h"
+
+#include "alarmset/alarm_set_links.h"
+#include "engine/alarm_event.h"
+#include "engine/context.h"
+#include "message/message_text.h"
+#include "platform/clock.h"
+#include "sound/routed_notices.h"
+
+#include <QDate>
+#include <QHash>
+#include <QJsonArray>
+
+namespace command_service {
+
+namespace {
+
+using command_protocol::Event;
+
+const QStringList kPlays{QStringLiteral("once"), QStringLiteral("twice"), QStringLiteral("thrice"),
+                         QStringLiteral("repeat")};
+
+QByteArray refusal(const QString& text) {
+    return command_protocol::toLine({{"ok", false}, {"error", text}});
+}
+
+bool isDate(const QString& text) {
+    return text.size() == 10 && QDate::fromString(text, QStringLiteral("yyyy/MM/dd")).isValid();
+}
+
+bool isField(const QString& text) {
+    if (text.isEmpty() || text.size() > 2)
+        return false;
+    for (const QChar c : text)
+        if (!c.isDigit() || c.unicode() > '9')
+            return false;
+    return true;
+}
+
+QByteArray add(Context& ctx, RoutedNotices& notices, const command_protocol::Request& request) {
+    // The first touch loads the window and arms the schedule, as it would at the user's first Add, and its
+    // reports (bad records) show as at any first touch.
+    ctx.touchAlarmSet();
+    QString date = request.date;
+    QString time = request.time;
+    if (request.inSeconds > 0) {
+        const QDateTime at = ctx.clock.now().addSecs(request.inSeconds);
+        if (at.date().year() > 9999)
+            return refusal(QStringLiteral("Invalid input of date")); // the date text holds four digits of year
+        date = dateText(at);
+        time = timeText(at);
+    } else if (date.isEmpty()) {
+        date = ctx.clock.dateText();
+    }
+    if (!isDate(date))
+        return refusal(QStringLiteral("Invalid input of date"));
+    if (!kPlays.contains(request.plays))
+        return refusal(QStringLiteral("Invalid input"));
+
+    // The user may be entering an event on the window at this moment: what the Add keeps of the event being
+    // entered, the play word last chosen and the row the Input Message window writes to stay theirs.
+    const NewEvent entered = ctx.newEvent;
+    const int currentRow = ctx.today.alarms.currentIndex();
+    EventEntry entry{date, entryControls(time, request.plays), false, request.message, false};
+    QString playWord = request.plays;
+    RoutedNotices::Capture capture(notices);
+    const AddResult result = addEvent(ctx, entry, playWord, AlarmSetLinks());
+    const Event added{date, ctx.newEvent.time, playWord, message_text::shown(message_text::typed(request.message))};
+    ctx.newEvent = entered;
+    if (result == AddResult::Today) {
+        const int at = ctx.today.alarms.currentIndex();
+        ctx.today.alarms.selectOnly(currentRow >= at ? currentRow + 1 : currentRow);
+    }
+    if (!capture.warnings().isEmpty())
+        return refusal(capture.warnings().join(QLatin1Char('\n')));
+    if (result != AddResult::Today && result != AddResult::Schedule)
+        return refusal(QStringLiteral("Invalid input"));
+    return command_protocol::toLine({{"ok", true}, {"event", command_protocol::toJson(added)}});
+}
+
+QByteArray list(Context& ctx) {
+    ctx.touchAlarmSet();
+    QJsonArray events;
+    for (const Event& e : comingEvents(ctx))
+        events.append(command_protocol::toJson(e));
+    return command_protocol::toLine({{"ok", true}, {"events", events}});
+}
+
+} // namespace
+
+EntryControls entryControls(const QString& time, const QString& plays) {
+    QStringList fields = time.split(QLatin1Char(':'));
+    if (fields.size() == 2)
+        fields.append(QStringLiteral("00"));
+    EntryControls c;
+    if (fields.size() != 3)
+        return c;
+    for (QString& f : fields)
+        if (!isField(f))
+            f.clear();
+    const int hour = fields[0].isEmpty() ? -1 : fields[0].toInt();
+    c.amPm = hour >= 12 && hour <= 23 ? QStringLiteral("PM") : QStringLiteral("AM");
+    if (hour == 0 || hour == 12)
+        c.hourBox = QStringLiteral("12");
+    else if (hour > 12 && hour <= 23)
+        c.hourBox = QString::number(hour - 12);
+    else
+        c.hourBox = fields[0];
+    c.minuteBox = fields[1];
+    c.secondBox = fields[2];
+    c.secondIndex = fields[2].isEmpty() ? -1 : fields[2].toInt();
+    c.playCountIndex = static_cast<int>(kPlays.indexOf(plays));
+    c.playCountText = plays;
+    return c;
+}
+
+QList<Event> comingEvents(const Context& ctx) {
+    const QString today = ctx.clock.dateText();
+    // The messages of each time in the order they are taken when the alarms of that time ring.
+    QHash<QString, QStringList> messages;
+    for (const QString& row : ctx.today.messages.items())
+        messages[alarm_event::timeOf(row).toString()].append(alarm_event::messageOfMessageRow(row));
+    QList<Event> events;
+    for (const QString& row : ctx.today.alarms.items()) {
+        const QString time = alarm_event::timeOf(row).toString();
+        QStringList& ofTime = messages[time];
+        const QString message = ofTime.isEmpty() ? QString() : ofTime.takeFirst();
+        events.append({today, time, alarm_event::wholeWordFromTodayRow(row), message_text::shown(message)});
+    }
+    for (const QString& row : ctx.eventList.rows.items()) {
+        if (alarm_event::rowDate(row) <= today)
+            continue; // today's coming ones are armed above; the rest have passed
+        const alarm_event::CrackedRow cracked = alarm_event::crackRow(row);
+        QString word;
+        QChar mark;
+        alarm_event::fromShortWord(
+            alarm_event::shortWordFromMark(cracked.mark.isEmpty() ? QChar() : cracked.mark.front()), word, mark);
+        events.append({cracked.date, cracked.time, word, message_text::shown(cracked.message)});
+    }
+    return events;
+}
+
+QByteArray serve(Context& ctx, RoutedNotices& notices, const QByteArray& requestLine) {
+    const command_protocol::Request request =
+        command_protocol::requestFromJson(command_protocol::fromLine(requestLine));
+    if (request.command == QLatin1String("add"))
+        return add(ctx, notices, request);
+    if (request.command == QLatin1String("list"))
+        return list(ctx);
+    return refusal(QStringLiteral("unknown request"));
+}
+
+} // namespace command_service

@@ -1,0 +1,90 @@
+#!/usr/bin/env bash
+# Alarms from the command line on a real desktop: 'bellwick add --in 5s' starts the program when none runs and
+# the alarm rings with its message window and sound; a refusal comes back on standard error with no window on
+# the desktop; a plain second start is still refused with its box; two scripts adding 50 events each at once
+# for another day lose none of them.
+# Usage: cli_run.sh <path to bellwick>
+set -uo pipefail
+program="$1"
+. "$(dirname "$0")/desktop_env.sh"
+start_desktop
+start_sound_server
+folder="$XDG_DATA_HOME/bellwick"
+# The events of step 1 and 2 must be today's.
+while [ "$(date +%H%M%S)" -gt 235930 ]; do sleep 5; done
+
+# 1. No copy runs: the command starts one, hands the alarm over and prints it.
+started=$(date +%s%N)
+line=$("$program" add --in 5s --plays repeat --message 'From a "script"' 2>"$work/add.err")
+status=$?
+took=$((($(date +%s%N) - started) / 1000000))
+[ "$status" -eq 0 ] || fail "add exited $status: $(cat "$work/add.err")"
+echo "set in ${took} ms, with the program started: $line"
+echo "$line" | grep -qE "^$(date +%Y/%m/%d) [0-9]{2}:[0-9]{2}:[0-9]{2} repeat From a 'script'$" || fail "add printed '$line'"
+main_pid=$(head -1 "$XDG_RUNTIME_DIR/bellwick/bellwick.lock" 2>/dev/null)
+[ -n "$main_pid" ] && kill -0 "$main_pid" 2>/dev/null || fail "no running program after add"
+pids+=("$main_pid")
+[ "$(stat -c %a "$XDG_RUNTIME_DIR/bellwick")" = 700 ] || fail "the runtime folder is open to others"
+[ -S "$XDG_RUNTIME_DIR/bellwick/bellwick.socket" ] || fail "no socket beside the lock"
+[ "$(stat -c %a "$XDG_RUNTIME_DIR/bellwick/bellwick.socket")" = 700 ] || fail "the socket is open to others"
+listed=$("$program" list) || fail "list exited $?"
+[ "$listed" = "$line" ] || fail "list printed '$listed', not '$line'"
+
+# 2. A refusal goes to standard error with exit status 1, and no warning window opens.
+"$program" add --time 00:00:00 >"$work/refused.out" 2>"$work/refused.err"
+status=$?
+[ "$status" -eq 1 ] || fail "a passed time exited $status"
+grep -qx 'bellwick: Time was passed or next day' "$work/refused.err" || fail "refusal said '$(cat "$work/refused.err")'"
+[ -s "$work/refused.out" ] && fail "a refusal printed '$(cat "$work/refused.out")'"
+sleep 0.5
+xdotool search --onlyvisible --name '^Warning Message$' >/dev/null 2>&1 && fail "a warning window opened for a refusal"
+
+# 3. The alarm rings at its second with its message window, and sounds.
+due=$(echo "$line" | cut -d' ' -f2)
+message_window=$(wait_for_window '^Message  ' 10) || fail "no message window for $due"
+echo "message window at $(date +%T) for $due"
+rms=$(record_rms 2)
+echo "sound while ringing: RMS $rms"
+awk -v r="$rms" 'BEGIN { exit !(r > 0.01) }' || fail "no sound was recorded"
+[ -z "$("$program" list)" ] || fail "the rung alarm is still listed"
+
+# 4. A plain second start is refused as before.
+"$program" >"$work/second.log" 2>&1 &
+second_pid=$!
+refusal=$(wait_for_window '^Bellwick Alarm Clock sp$' 10) || fail "second start not refused"
+xdotool windowactivate --sync "$refusal" 2>/dev/null
+xdotool key Return
+for _ in $(seq 50); do kill -0 "$second_pid" 2>/dev/null || break; sleep 0.1; done
+kill -0 "$second_pid" 2>/dev/null && fail "second copy still runs"
+
+# 5. Two scripts add 50 events each at once, for tomorrow: the schedule holds all 100, each whole.
+tomorrow=$(date -d tomorrow +%Y/%m/%d)
+script() { # <name>
+    for n in $(seq 0 49); do
+        "$program" add --date "$tomorrow" --time "$(printf '%02d:%02d:%02d' $((n % 24)) "$n" "$n")" \
+            --message "$1 event $n" >/dev/null || echo "$1 $n exited $?"
+    done
+}
+started=$(date +%s%N)
+script first >"$work/first.fail" 2>&1 &
+first=$!
+script second >"$work/second.fail" 2>&1 &
+second=$!
+wait "$first" "$second"
+took=$((($(date +%s%N) - started) / 1000000))
+echo "100 adds from two scripts in ${took} ms"
+[ -s "$work/first.fail" ] || [ -s "$work/second.fail" ] && fail "adds failed: $(cat "$work/first.fail" "$work/second.fail")"
+records=$(grep -caE "^\"(first|second) event [0-9]+${tomorrow}once[0-9:]{8}\"$(printf '\r')$" "$folder/future.dat")
+[ "$records" -eq 100 ] || fail "the schedule holds $records whole records, not 100: $(head -c 400 "$folder/future.dat")"
+for who in first second; do
+    for n in $(seq 0 49); do
+        time=$(printf '%02d:%02d:%02d' $((n % 24)) "$n" "$n")
+        grep -qaF "\"$who event $n${tomorrow}once$time\"" "$folder/future.dat" || fail "$who event $n is missing"
+    done
+done
+"$program" list >"$work/list.txt" || fail "list exited $?"
+[ "$(wc -l <"$work/list.txt")" -eq 100 ] || fail "list does not give the 100 events"
+sort -c -s -k1,2 "$work/list.txt" || fail "list is not in time order"
+[ "$("$program" list --json | grep -c '"date": ')" -eq 100 ] || fail "list --json does not give the 100 events"
+kill -0 "$main_pid" 2>/dev/null || fail "the program ended"
+echo "command line: all checks passed"

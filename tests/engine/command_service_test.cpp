@@ -1,0 +1,244 @@
+#include "alarmset/add_entry.h"
+#include "alarmset/alarm_set_links.h"
+#include "engine/alarm_tick.h"
+#include "engine/command_client.h"
+#include "engine/command_service.h"
+#include "fakes.h"
+#include "platform/command_channel.h"
+#include "sound/routed_notices.h"
+
+#include <QEventLoop>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QThread>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// The engine as the running program builds it: its notices routed, so that a command's warnings can be kept
+// from the windows.
+struct CommandServiceTest : ::testing::Test {
+    QTemporaryDir dir;
+    FakeClock clock;
+    RecordingNotices windows;
+    RoutedNotices route{windows};
+    RecordingSound sound;
+    Context ctx{clock, route, sound};
+    WindowlessAlarmSet alarmSet{ctx};
+
+    CommandServiceTest() {
+        ctx.setStartValues(dir.path());
+        ctx.alarmSetUi = &alarmSet;
+        clock.set(2002, 5, 1, 8, 0, 0);
+    }
+
+    QJsonObject send(const QString& arguments) {
+        const auto request = command_protocol::parse(arguments.split(' ')).request;
+        EXPECT_TRUE(request) << qPrintable(arguments);
+        return command_protocol::fromLine(
+            command_service::serve(ctx, route, command_protocol::toLine(command_protocol::toJson(*request))));
+    }
+    QJsonObject add(const QString& arguments, const QString& message = QString()) {
+        command_protocol::Request request = *command_protocol::parse(arguments.split(' ')).request;
+        request.message = message;
+        return command_protocol::fromLine(
+            command_service::serve(ctx, route, command_protocol::toLine(command_protocol::toJson(request))));
+    }
+    QStringList listed() {
+        QStringList lines;
+        for (const QJsonValue& e : send("list").value("events").toArray())
+            lines.append(command_protocol::eventLine(command_protocol::eventFromJson(e.toObject())));
+        return lines;
+    }
+    QByteArray schedule() const { return readBytes(ctx.folder + "future.dat"); }
+};
+
+} // namespace
+
+TEST_F(CommandServiceTest, RefusesWhatTheWindowRefusesWithItsWordsAndShowsNothing) {
+    const struct {
+        const char* arguments;
+        const char* refusal;
+    } cases[] = {
+        {"add --time 07:59:59", "Time was passed or next day"},
+        {"add --in 2h --plays twice", nullptr}, // accepted, for contrast
+        {"add --time 24:00:00", "Invalid input"},
+        {"add --time 99:00", "Invalid input"},
+        {"add --time 08:60:00", "Invalid input"},
+        {"add --time 08:00:60", "Invalid input"},
+        {"add --date 2002/02/30 --time 09:00", "Invalid input of date"},
+        {"add --date 2002/13/01 --time 09:00", "Invalid input of date"},
+        {"add --in 87840h", "Invalid input of date"}, // ten years on from 9999 has no four-digit year
+    };
+    for (const auto& c : cases) {
+        if (QString(c.arguments) == "add --in 87840h")
+            clock.set(9999, 1, 1, 8, 0, 0);
+        const QJsonObject answer = send(c.arguments);
+        clock.set(2002, 5, 1, 8, 0, 0);
+        if (!c.refusal) {
+            EXPECT_TRUE(answer.value("ok").toBool()) << c.arguments;
+            continue;
+        }
+        EXPECT_FALSE(answer.value("ok").toBool()) << c.arguments;
+        EXPECT_EQ(answer.value("error").toString(), c.refusal) << c.arguments;
+    }
+    EXPECT_EQ(add("add --time 09:00", QString(627, 'm')).value("error").toString(),
+              "Message longer than 626 characters");
+    // A line break counts two, as in the message box.
+    EXPECT_FALSE(add("add --time 09:00", QString(625, 'm') + '\n').value("ok").toBool());
+    EXPECT_TRUE(add("add --time 09:00", QString(624, 'm') + '\n').value("ok").toBool());
+
+    EXPECT_TRUE(windows.warnings.isEmpty());
+    EXPECT_EQ(windows.beeps, 0);
+    EXPECT_EQ(ctx.today.alarms.items(), QStringList({"once 09:00:00", "twice 10:00:00"}));
+    EXPECT_FALSE(QFileInfo::exists(ctx.folder + "future.dat"));
+
+    // The window's own Add still speaks through the windows.
+    EntryControls controls;
+    controls.hourBox = "13";
+    addEntry(ctx, controls, ctx.entry.lastPlayWord, AlarmSetLinks());
+    EXPECT_EQ(windows.warnings, QStringList({"Invalid input"}));
+}
+
+TEST_F(CommandServiceTest, TwentyFourHourTimesBecomeTheWindowsEntryAndItsRules) {
+    clock.set(2002, 5, 1, 0, 0, 0);
+    const struct {
+        const char* time;
+        const char* hourBox;
+        const char* amPm;
+        const char* stored;
+    } cases[] = {
+        {"00:05:00", "12", "AM", "00:05:00"}, {"12:05:00", "12", "PM", "12:05:00"}, {"13:05:00", "1", "PM", "13:05:00"},
+        {"23:59:59", "11", "PM", "23:59:59"}, {"7:5:9", "7", "AM", "07:05:09"},     {"09:30", "09", "AM", "09:30:00"},
+    };
+    for (const auto& c : cases) {
+        const QJsonObject event = send(QStringLiteral("add --time ") + c.time).value("event").toObject();
+        EXPECT_EQ(event.value("time").toString(), c.stored) << c.time;
+        EXPECT_EQ(event.value("date").toString(), "2002/05/01") << c.time;
+    }
+    EXPECT_EQ(ctx.today.alarms.count(), 6);
+
+    // No-second mode drops the seconds before the test, as the window does: the present second is still accepted.
+    clock.set(2002, 5, 1, 9, 0, 0);
+    ctx.options.noSecond = true;
+    EXPECT_EQ(send("add --time 09:00:30").value("event").toObject().value("time").toString(), "09:00:00");
+    EXPECT_EQ(send("add --in 5s").value("event").toObject().value("time").toString(), "09:00:00");
+    clock.set(2002, 5, 1, 9, 0, 30);
+    EXPECT_EQ(send("add --in 5s").value("error").toString(), "Time was passed or next day");
+}
+
+TEST_F(CommandServiceTest, TodaysEventIsArmedAndRingsWithItsMessage) {
+    clock.set(2002, 5, 1, 21, 15, 30, 300);
+    const QJsonObject answer = add("add --in 2s --plays twice", "Tea \"now\"\nand cake");
+    ASSERT_TRUE(answer.value("ok").toBool()) << answer.value("error").toString().toStdString();
+    EXPECT_EQ(command_protocol::eventLine(command_protocol::eventFromJson(answer.value("event").toObject())),
+              "2002/05/01 21:15:32 twice Tea 'now'\\nand cake");
+    EXPECT_EQ(ctx.today.messages.items(), QStringList({"Tea 'now'\r\nand cake at 21:15:32"}));
+
+    AlarmTick tick(ctx);
+    const QDateTime end = clock.now().addSecs(4);
+    while (clock.now() < end) {
+        tick.onTick();
+        clock.advanceMs(800);
+    }
+    EXPECT_EQ(sound.played, QStringList({"twice|" + ctx.soundChoice.songPath}));
+    EXPECT_EQ(windows.alarmWindows.size(), 1);
+    EXPECT_TRUE(windows.alarmWindows.value(0).contains("Tea 'now'")) << windows.alarmWindows.value(0).toStdString();
+}
+
+TEST_F(CommandServiceTest, LeavesTheEventTheUserIsEnteringAlone) {
+    ctx.touchAlarmSet();
+    // The user added 10:00 with a message and the Input Message window stands open on that row; an event for
+    // another day waits there for its text too.
+    ctx.today.alarms.addItem("once 10:00:00");
+    ctx.today.alarms.selectOnly(0);
+    ctx.newEvent.time = "11:00:00";
+    ctx.newEvent.playWord = "thri";
+    ctx.newEvent.mark = "#";
+    ctx.entry.lastPlayWord = "repeat";
+    const NewEvent entered = ctx.newEvent;
+
+    ASSERT_TRUE(send("add --time 09:00 --plays twice").value("ok").toBool());
+    ASSERT_TRUE(send("add --time 10:30").value("ok").toBool());
+    ASSERT_TRUE(add("add --date 2002/05/03 --time 07:00", "Dentist").value("ok").toBool());
+    ASSERT_TRUE(send("add --date 2002/05/02 --time 07:00 --plays repeat").value("ok").toBool());
+
+    EXPECT_EQ(ctx.today.alarms.items(), QStringList({"twice 09:00:00", "once 10:00:00", "once 10:30:00"}));
+    EXPECT_EQ(ctx.today.alarms.currentIndex(), 1);
+    EXPECT_EQ(ctx.today.alarms.selectedCount(), 1);
+    EXPECT_EQ(ctx.newEvent.time, entered.time);
+    EXPECT_EQ(ctx.newEvent.playWord, entered.playWord);
+    EXPECT_EQ(ctx.newEvent.mark, entered.mark);
+    EXPECT_EQ(ctx.entry.lastPlayWord, "repeat");
+    EXPECT_EQ(schedule(), "\"Dentist2002/05/03once07:00:00\"\r\n\"2002/05/02repe07:00:00\"\r\n");
+    EXPECT_EQ(ctx.eventList.rows.count(), 2);
+    EXPECT_EQ(ctx.eventList.highlightedCount(), 0);
+}
+
+TEST_F(CommandServiceTest, ListsTodaysArmedEventsThenLaterDaysInTimeOrder) {
+    clock.set(2002, 5, 1, 12, 0, 0);
+    writeBytes(ctx.folder + "future.dat",
+               quotedRecord("Gone2002/05/01once11:00:00") + quotedRecord("Lunch2002/05/01twic12:30:00") +
+                   quotedRecord("2002/06/01repe06:00:00") + quotedRecord("Old2001/01/01once06:00:00") +
+                   quotedRecord("Soon2002/05/02thri06:00:00"));
+    // Listing is a first touch: the schedule is read and today's coming events armed.
+    EXPECT_EQ(listed(), QStringList({"2002/05/01 12:30:00 twice Lunch", "2002/05/02 06:00:00 thrice Soon",
+                                     "2002/06/01 06:00:00 repeat"}));
+    // Two alarms of one time take their messages in the order they ring.
+    add("add --time 18:00", "first");
+    add("add --time 18:00", "second");
+    add("add --date 2002/05/02 --time 05:00", "back\\slash\r\nnext");
+    EXPECT_EQ(listed(), QStringList({"2002/05/01 12:30:00 twice Lunch", "2002/05/01 18:00:00 once first",
+                                     "2002/05/01 18:00:00 once second", "2002/05/02 05:00:00 once back\\\\slash\\nnext",
+                                     "2002/05/02 06:00:00 thrice Soon", "2002/06/01 06:00:00 repeat"}));
+    EXPECT_TRUE(windows.warnings.isEmpty());
+}
+
+TEST_F(CommandServiceTest, ChannelIsPrivateAndWaitsOutAModalBox) {
+    QTemporaryDir run;
+    const QString path = run.path() + "/bellwick.socket";
+    QList<int> loopLevels;
+    CommandServer server([&](const QByteArray& line) {
+        loopLevels.append(QThread::currentThread()->loopLevel());
+        return command_service::serve(ctx, route, line);
+    });
+    QString error;
+    ASSERT_TRUE(server.listen(path, error)) << error.toStdString();
+    EXPECT_EQ(QFileInfo(path).permissions() & (QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther |
+                                               QFile::WriteOther | QFile::ExeGroup | QFile::ExeOther),
+              QFile::Permissions());
+
+    command_protocol::Request request = *command_protocol::parse({"add", "--time", "09:00"}).request;
+    const QByteArray line = command_protocol::toLine(command_protocol::toJson(request));
+    auto reply = std::async(std::launch::async, [&] { return command_channel::exchange(path, line, 2000, 5000); });
+    // The program's loop (level 1) serves it, and a modal box's loop (level 2) within it holds it back.
+    QEventLoop program;
+    QTimer::singleShot(0, [&] {
+        QEventLoop modalBox;
+        QTimer::singleShot(300, &modalBox, &QEventLoop::quit);
+        modalBox.exec();
+    });
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, [&] {
+        if (reply.wait_for(std::chrono::milliseconds(0)) == std::future_status::ready)
+            program.quit();
+    });
+    poll.start(10);
+    QTimer::singleShot(5000, &program, &QEventLoop::quit);
+    program.exec();
+    const command_channel::Exchange done = reply.get();
+    ASSERT_TRUE(done.connected);
+    EXPECT_EQ(loopLevels, QList<int>({1}));
+    const command_line::Answer printed = command_client::answerFor(request, done.answer);
+    EXPECT_EQ(printed.exitCode, 0);
+    EXPECT_EQ(printed.out, "2002/05/01 09:00:00 once\n");
+
+    // A refusal of two warnings prints both, each as its own line on standard error.
+    const command_line::Answer refused = command_client::answerFor(request, R"({"ok":false,"error":"one\ntwo"})"
+                                                                            "\n");
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_EQ(refused.err, "bellwick: one\nbellwick: two\n");
+    EXPECT_FALSE(command_channel::exchange(run.path() + "/none.socket", line, 200, 200).connected);
+}
