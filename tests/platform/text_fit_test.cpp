@@ -248,6 +248,33 @@ TEST_F(TextFitTest, RunsAtTheDensityItWasGiven) {
     EXPECT_EQ(logPixels, asked > 0 ? asked : 96);
 }
 
+// Each kind of control reports a caption that its size cuts, and none that it holds.
+TEST_F(TextFitTest, EachKindOfControlIsMeasured) {
+    for (const bool narrow : {true, false}) {
+        const int width = narrow ? 30 : 400;
+        QWidget window;
+        window.setWindowTitle(QStringLiteral("Message  28 May 2026 / 08:08 PM"));
+        window.resize(narrow ? 300 : 320, 300);
+        auto put = [&](QWidget* w, int top) { w->setGeometry(4, top, width, 24); };
+        put(new QLabel(QStringLiteral("Alarm time is :"), &window), 0);
+        put(new QPushButton(QStringLiteral("View Messages"), &window), 30);
+        put(new QCheckBox(QStringLiteral("Every"), &window), 60);
+        put(new QRadioButton(QStringLiteral("Use Arial font"), &window), 90);
+        auto* combo = new QComboBox(&window);
+        combo->setPlaceholderText(QStringLiteral("Play Times"));
+        put(combo, 120);
+        auto* shown = new QLineEdit(QStringLiteral("2026/05/28"), &window);
+        shown->setReadOnly(true);
+        put(shown, 150);
+        auto* group = new QGroupBox(QStringLiteral("Play list :"), &window);
+        put(group, 180);
+        group->resize(width, 60);
+        TextFit check;
+        check.window(&window, QStringLiteral("Sample"));
+        EXPECT_EQ(check.misfits.size(), narrow ? 8 : 0) << report(check.misfits);
+    }
+}
+
 TEST_F(TextFitTest, AlarmSetWindowInEachFontChoice) {
     for (int choice : {3, 1, 2}) {
         FontChoiceRun run(choice);
