@@ -204,6 +204,17 @@ std::string report(const QStringList& misfits) {
     return misfits.join(QLatin1Char('\n')).toStdString();
 }
 
+// The title of every month, morning and evening, as the window's clock writes it.
+template <typename Tick>
+void titlesThroughTheYear(FakeClock& clock, TextFit& fit, QWidget* window, const QString& name, Tick tick) {
+    for (int month = 1; month <= 12; ++month)
+        for (int hour : {8, 20}) {
+            clock.set(2026, month, 28, hour, 8, 0);
+            tick();
+            fit.title(window, name);
+        }
+}
+
 struct TextFitTest : ::testing::Test, EngineFixture {
     QFont appFont = QApplication::font();
     TextFit fit;
@@ -216,16 +227,6 @@ struct TextFitTest : ::testing::Test, EngineFixture {
     ~TextFitTest() override {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QApplication::setFont(appFont);
-    }
-
-    // The title of every month, morning and evening, as the window's clock writes it.
-    template <typename Tick> void titlesThroughTheYear(QWidget* window, const QString& name, Tick tick) {
-        for (int month = 1; month <= 12; ++month)
-            for (int hour : {8, 20}) {
-                clock.set(2026, month, 28, hour, 8, 0);
-                tick();
-                fit.title(window, name);
-            }
     }
 };
 
@@ -285,12 +286,7 @@ TEST_F(TextFitTest, AlarmSetWindowInEachFontChoice) {
         ASSERT_NE(form, nullptr);
         form->show();
         const QString name = QStringLiteral("AlarmSet(font %1)").arg(choice);
-        for (int month = 1; month <= 12; ++month)
-            for (int hour : {8, 20}) {
-                run.clock.set(2026, month, 28, hour, 8, 0);
-                form->onTick();
-                fit.title(form, name);
-            }
+        titlesThroughTheYear(run.clock, fit, form, name, [form] { form->onTick(); });
         for (const char* half : {"AM", "PM"}) {
             form->amPm->setText(QString::fromLatin1(half));
             fit.window(form, name);
@@ -302,7 +298,7 @@ TEST_F(TextFitTest, AlarmSetWindowInEachFontChoice) {
 
 TEST_F(TextFitTest, MessageWindowAndItsTitleClock) {
     QPointer<MessageWindow> form = new MessageWindow(ctx, QStringLiteral("Dentist at 08:30:00"));
-    titlesThroughTheYear(form, QStringLiteral("Message"), [&] { form->onTick(); });
+    titlesThroughTheYear(clock, fit, form, QStringLiteral("Message"), [&] { form->onTick(); });
     fit.window(form, QStringLiteral("Message"));
     delete form.data();
     EXPECT_TRUE(fit.misfits.isEmpty()) << report(fit.misfits);
