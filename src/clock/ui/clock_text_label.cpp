@@ -1,5 +1,7 @@
 #include "clock/ui/clock_text_label.h"
 
+#include "platform/ui/fitted_font.h"
+
 #include <QPainter>
 #include <QStyle>
 
@@ -17,7 +19,12 @@ void ClockTextLabel::setAlignment(Qt::Alignment alignment) {
     update();
 }
 
+QFont ClockTextLabel::shownFont() const {
+    return fittedFont(font(), m_text, width());
+}
+
 void ClockTextLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
+    painter.setFont(shownFont());
     style()->drawItemText(&painter, rect(), int(m_alignment), palette(), isEnabled(), m_text, QPalette::WindowText);
 }

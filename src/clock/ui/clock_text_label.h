@@ -11,6 +11,8 @@ public:
     QString text() const { return m_text; }
     void setText(const QString& text);
     void setAlignment(Qt::Alignment alignment);
+    // The face's font, made smaller where a text would not fit the label (a long date in a large size).
+    QFont shownFont() const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

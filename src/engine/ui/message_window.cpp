@@ -22,7 +22,8 @@ using window_twips::place;
 MessageWindow::MessageWindow(Context& ctx, const QString& text) : m_ctx(ctx) {
     setAttribute(Qt::WA_DeleteOnClose);
     setFont(window_twips::designFont(font()));
-    window_twips::sizeAndCentre(this, 4476, 2892);
+    // 144 twips wider than drawn, so that a window manager's title bar with three buttons holds the whole title.
+    window_twips::sizeAndCentre(this, 4620, 2892);
     setWindowTitle(RemindMe::title(ctx.clock.now()));
 
     m_messageEdit = new QPlainTextEdit(this);
@@ -43,7 +44,8 @@ MessageWindow::MessageWindow(Context& ctx, const QString& text) : m_ctx(ctx) {
     auto* minutesLabel = new QLabel(QStringLiteral("min(s)"), this);
     place(minutesLabel, 1680, 2556, 492, 252);
     playCountBox = new QComboBox(this);
-    place(playCountBox, 2280, 2520, 1092, 276);
+    // Wider than drawn, into the gap before OK, so that the style's arrow leaves room for "Play Times".
+    place(playCountBox, 2280, 2520, 1260, 276);
     playCountBox->addItems(
         {QStringLiteral("once"), QStringLiteral("twice"), QStringLiteral("thrice"), QStringLiteral("repeat")});
     playCountBox->setPlaceholderText(QStringLiteral("Play Times"));

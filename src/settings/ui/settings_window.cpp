@@ -1,6 +1,7 @@
 #include "settings/ui/settings_window.h"
 
 #include "engine/context.h"
+#include "platform/ui/fitted_font.h"
 #include "platform/ui/window_twips.h"
 #include "settings/settings_options.h"
 #include "settings/ui/caption_frame.h"
@@ -160,6 +161,10 @@ SettingsWindow::SettingsWindow(Context& ctx, QWidget* parent) : QWidget(parent, 
     m_listening = true;
     SettingsOptions(m_ctx).touch();
     applyFont(m_ctx.settings.boxes.appliedFont);
+    // Times New Roman at 10 points is wider than the layout's face: a one-line caption shrinks rather than be cut.
+    for (QLabel* label : findChildren<QLabel*>())
+        if (!label->wordWrap())
+            label->setFont(fittedFont(label->font(), label->text(), label->contentsRect().width()));
     showState();
 }
 
