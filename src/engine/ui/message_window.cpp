@@ -2,6 +2,7 @@
 
 #include "engine/context.h"
 #include "platform/clock.h"
+#include "platform/ui/fitted_font.h"
 #include "platform/ui/typed_key.h"
 #include "platform/ui/window_twips.h"
 #include "settings/settings_records.h"
@@ -15,6 +16,8 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QStyle>
+#include <QStyleOptionComboBox>
 #include <QTimer>
 
 using window_twips::place;
@@ -22,8 +25,7 @@ using window_twips::place;
 MessageWindow::MessageWindow(Context& ctx, const QString& text) : m_ctx(ctx) {
     setAttribute(Qt::WA_DeleteOnClose);
     setFont(window_twips::designFont(font()));
-    // 144 twips wider than drawn, so that a window manager's title bar with three buttons holds the whole title.
-    window_twips::sizeAndCentre(this, 4620, 2892);
+    window_twips::sizeAndCentre(this, 4476, 2892);
     setWindowTitle(RemindMe::title(ctx.clock.now()));
 
     m_messageEdit = new QPlainTextEdit(this);
@@ -44,11 +46,11 @@ MessageWindow::MessageWindow(Context& ctx, const QString& text) : m_ctx(ctx) {
     auto* minutesLabel = new QLabel(QStringLiteral("min(s)"), this);
     place(minutesLabel, 1680, 2556, 492, 252);
     playCountBox = new QComboBox(this);
-    // Wider than drawn, into the gap before OK, so that the style's arrow leaves room for "Play Times".
-    place(playCountBox, 2280, 2520, 1260, 276);
+    place(playCountBox, 2280, 2520, 1092, 276);
     playCountBox->addItems(
         {QStringLiteral("once"), QStringLiteral("twice"), QStringLiteral("thrice"), QStringLiteral("repeat")});
     playCountBox->setPlaceholderText(QStringLiteral("Play Times"));
+    fitPlayCountText();
     playCountBox->setCurrentIndex(-1);
     playCountBox->hide();
     okButton = new QPushButton(QStringLiteral("OK"), this);
@@ -81,6 +83,19 @@ void MessageWindow::onTick() {
         show();
         window_twips::makeTopmost(this);
     }
+}
+
+void MessageWindow::fitPlayCountText() {
+    // The box is as wide as laid out; beside the style's arrow "Play Times" needs a slightly smaller face.
+    QStyleOptionComboBox opt;
+    opt.initFrom(playCountBox);
+    opt.frame = playCountBox->hasFrame();
+    opt.subControls = QStyle::SC_All;
+    const int room = playCountBox->style()
+                         ->subControlRect(QStyle::CC_ComboBox, &opt, QStyle::SC_ComboBoxEditField, playCountBox)
+                         .width() -
+                     2;
+    playCountBox->setFont(fittedFont(playCountBox->font(), playCountBox->placeholderText(), room));
 }
 
 void MessageWindow::onOkClicked() {

@@ -35,6 +35,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void fitPlayCountText();
     Context& m_ctx;
     RemindMe m_remind;
     QString m_text;
