@@ -8,6 +8,7 @@ packages=(
     fonts-liberation man-db
     libgtest-dev
     xvfb openbox trayer xdotool x11-utils imagemagick pulseaudio pulseaudio-utils sox
+    dbus-daemon dbus-bin libglib2.0-bin haskell-status-notifier-item-utils haskell-gtk-sni-tray-utils
 )
 missing=()
 for p in "${packages[@]}"; do

@@ -51,8 +51,12 @@ TEST_F(TrayIconTest, AMissingTrayIsToldAfterTheGraceAndAgainWhenItComesOrGoes) {
     QTRY_COMPARE_WITH_TIMEOUT(told, QList<bool>{true}, 2000);
     tray.checkTray();
     EXPECT_EQ(told, QList<bool>{true}); // said once, not on every tick
+    // Qt is not asked for a tray before one is there: it would settle on none for good.
+    EXPECT_EQ(tray.tray(), nullptr);
     available = true;
     QTRY_COMPARE_WITH_TIMEOUT(told, (QList<bool>{true, false}), 2000); // the tick notices a tray that came
+    ASSERT_NE(tray.tray(), nullptr);
+    EXPECT_TRUE(tray.tray()->isVisible());
     available = false;
     tray.checkTray();
     EXPECT_EQ(told, (QList<bool>{true, false, true}));
