@@ -2,7 +2,8 @@
 # Runs the real program against a StatusNotifier tray, the D-Bus tray of KDE Plasma and AppIndicator desktops, on a
 # real X display with no XEmbed tray: the icon shows in the host, its menu over D-Bus holds the eight entries in
 # order, a left click on the icon in the host stops a repeating alarm, and Remove from that menu ends the program.
-# Then a host that comes a moment after the program still gets the icon, with no stand-in window.
+# Then a host that comes a moment after the program still gets the icon, with no stand-in window, and while an
+# error box is up an entry picked in that menu does nothing.
 # Usage: notifier_tray_run.sh <path to bellwick>
 set -uo pipefail
 program="$1"
@@ -62,6 +63,27 @@ drawn_icon() {
     convert "$work/bar.png" -bordercolor white -border 1 -fuzz 15% -trim \
         -format '%w %h %[fx:page.x-1] %[fx:page.y-1]' info: 2>/dev/null
 }
+menu_layout() { # "service path" of the first registered item's menu, then its layout
+    local entry service path menu
+    entry=$(watcher_get RegisteredStatusNotifierItems | grep -o "'[^']*'" | head -1 | tr -d "'")
+    service=${entry%%/*}
+    path=/StatusNotifierItem
+    [ "$service" != "$entry" ] && path=/${entry#*/}
+    menu=$(gdbus call --session --dest "$service" --object-path "$path" --method org.freedesktop.DBus.Properties.Get \
+        org.kde.StatusNotifierItem Menu | grep -o "'/[^']*'" | tr -d "'")
+    [ -n "$menu" ] || return 1
+    echo "$service $menu"
+    gdbus call --session --dest "$service" --object-path "$menu" --method com.canonical.dbusmenu.GetLayout -- 0 -1 '[]'
+}
+click_entry() { # label: picked as the host does when the user clicks it
+    local layout service menu id
+    layout=$(menu_layout) || return 1
+    read -r service menu <<<"$layout"
+    id=$(grep -oE "<\(([0-9]+), \{[^}]*'label': <'$1'>" <<<"$layout" | grep -oE '[0-9]+' | head -1)
+    [ -n "$id" ] || return 1
+    gdbus call --session --dest "$service" --object-path "$menu" --method com.canonical.dbusmenu.Event \
+        -- "$id" clicked '<0>' 0 >/dev/null
+}
 record_rms() {
     timeout "$1" parec -d e2e.monitor --raw --format=s16le --rate=22050 --channels=1 >"$work/rec.raw" 2>/dev/null
     [ -s "$work/rec.raw" ] || { echo 0; return; }
@@ -102,11 +124,7 @@ echo "icon: $service $path, drawn ${width}x${height} at $x,$y ($copies copies)"
 width=$height
 
 # 2. The menu over D-Bus, as the host shows it: the eight entries in order with their separators.
-menu=$(gdbus call --session --dest "$service" --object-path "$path" --method org.freedesktop.DBus.Properties.Get \
-    org.kde.StatusNotifierItem Menu | grep -o "'/[^']*'" | tr -d "'")
-[ -n "$menu" ] || fail "the item has no menu"
-layout=$(gdbus call --session --dest "$service" --object-path "$menu" --method com.canonical.dbusmenu.GetLayout \
-    -- 0 -1 '[]') || fail "no menu layout at $menu"
+layout=$(menu_layout) || fail "the item has no menu"
 entries=$(grep -oE "'label': <'[^']*'>|'type': <'separator'>" <<<"$layout" |
     sed -e "s/'type': <'separator'>/-/" -e "s/'label': <'\(.*\)'>/\1/" | paste -sd '|')
 expected=' About  |-| Alarm Set  | Show| Settings  |-| Help  | Stop  |-| Disable  | Remove  '
@@ -144,10 +162,8 @@ echo "after the left click: RMS $rms"
 awk -v r="$rms" 'BEGIN { exit !(r < 0.001) }' || fail "the alarm goes on after the left click"
 [ -s "$work/stderr.log" ] && fail "something was said on standard error: $(cat "$work/stderr.log")"
 
-# 4. Remove, clicked in the exported menu, ends the program.
-remove=$(grep -oE "<\(([0-9]+), \{[^}]*'label': <' Remove  '>" <<<"$layout" | grep -oE '[0-9]+' | head -1)
-gdbus call --session --dest "$service" --object-path "$menu" --method com.canonical.dbusmenu.Event \
-    -- "$remove" clicked '<0>' 0 >/dev/null || fail "the menu took no click"
+# 4. Remove, picked in the exported menu, ends the program.
+click_entry ' Remove  ' || fail "the menu took no click"
 for _ in $(seq 30); do kill -0 "$main_pid" 2>/dev/null || break; sleep 0.1; done
 kill -0 "$main_pid" 2>/dev/null && fail "Remove from the D-Bus menu left the program running"
 echo "removed from the menu"
@@ -155,15 +171,33 @@ echo "removed from the menu"
 # 5. A host that comes after the program, within the grace period, still gets the icon and no stand-in opens.
 kill "$host_pid" "$watcher_pid"
 wait "$host_pid" "$watcher_pid" 2>/dev/null
-printf '' >"$folder/future.dat"
+# For step 6, an alarm whose wave is cut after its header and whose midi is text: it ends in an error box.
+due=$(date -d "+9 seconds" +%H:%M:%S)
+printf '"Box check%sonce%s"\r\n' "$(date +%Y/%m/%d)" "$due" >"$folder/future.dat"
+{ printf 'RIFF\x2c\x00\x00\x00WAVEfmt \x10\x00\x00\x00\x01\x00\x01\x00\x44\xac\x00\x00\x88\x58\x01\x00\x02\x00\x10\x00'
+  printf 'data\x10\x00\x00\x00'; head -c 16 /dev/zero; } >"$folder/ding.wav"
+echo "not a midi file" >"$folder/air.mid"
 "$program" >"$work/out.log" 2>"$work/stderr.log" &
-second_start=$(date +%s)
+second_start=$SECONDS
 pids+=($!)
 sleep 1.5
 start_host
 wait_for_item 4 || { cat "$work/stderr.log"; fail "no icon in a host that came 1.5 s after the program"; }
-while [ $(($(date +%s) - second_start)) -lt 6 ]; do sleep 0.2; done
+while [ $((SECONDS - second_start)) -lt 6 ]; do sleep 0.2; done
 [ -s "$work/stderr.log" ] && fail "the tray was reported missing: $(cat "$work/stderr.log")"
-xdotool search --onlyvisible --name '^Bellwick Alarm Clock' >/dev/null 2>&1 && fail "the Alarm Set window stood in for the tray"
+alarm_set='^Bellwick Alarm Clock( sp)?\.\.\.'
+xdotool search --onlyvisible --name "$alarm_set" >/dev/null 2>&1 && fail "the Alarm Set window stood in for the tray"
 echo "late host: icon registered, no stand-in"
+
+# 6. While the error box is up the menu does nothing; once it is answered, the same entry works.
+box=$(wait_for_window '^Bellwick Alarm Clock sp$' 15) || fail "no error box for the alarm at $due"
+click_entry ' Alarm Set  ' || fail "the menu took no click"
+sleep 1.5
+xdotool search --onlyvisible --name "$alarm_set" >/dev/null 2>&1 && fail "the menu worked while the error box was up"
+xdotool windowactivate --sync "$box" 2>/dev/null
+xdotool key Return
+wait_for_window '^Message  ' 10 >/dev/null || fail "no message window after the box"
+click_entry ' Alarm Set  ' || fail "the menu took no click"
+wait_for_window "$alarm_set" 5 >/dev/null || fail "Alarm Set from the menu showed no window after the box"
+echo "error box: the menu did nothing while it was up, and works after"
 echo "1 passed, 0 failed"

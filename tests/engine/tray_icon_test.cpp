@@ -83,6 +83,24 @@ TEST_F(TrayIconTest, LeftClickStopsUnlessAnErrorBoxIsUp) {
     EXPECT_TRUE(ctx.soundChoice.repeatSweep);
 }
 
+TEST_F(TrayIconTest, WhileAnErrorBoxIsUpMenuEntriesTriggeredFromOutsideDoNothing) {
+    // A StatusNotifier host shows the menu itself and triggers the actions over D-Bus: closing the menu is no help.
+    ctx.front.trayEnabled = false;
+    ctx.soundChoice.repeatSweep = true;
+    const QList<QAction*> actions = tray.menu()->actions();
+    actions.at(7)->trigger(); // Stop
+    actions.at(9)->trigger(); // Disable
+    actions.at(6)->trigger(); // Help, whose file is missing
+    EXPECT_EQ(stops, 0);
+    EXPECT_TRUE(ctx.soundChoice.repeatSweep);
+    EXPECT_FALSE(tray.disabled());
+    EXPECT_TRUE(tray.timer().isActive());
+    EXPECT_TRUE(notices.warnings.isEmpty());
+    ctx.front.trayEnabled = true;
+    actions.at(7)->trigger();
+    EXPECT_EQ(stops, 1);
+}
+
 TEST_F(TrayIconTest, DisableStopsTheTickAndKeepsTheRepeatFlag) {
     ctx.soundChoice.repeatSweep = true;
     QAction* disable = tray.menu()->actions().at(9);

@@ -43,9 +43,14 @@ TrayIcon::TrayIcon(Context& ctx, TrayHooks hooks) : m_ctx(ctx), m_hooks(std::mov
 
 void TrayIcon::buildMenu() {
     m_popup = new QMenu();
+    // While an error box is up the icon does nothing, its menu included. A StatusNotifier host shows the menu
+    // itself and triggers the entries over D-Bus, so each entry looks for itself.
     auto add = [this](const QString& caption, void (TrayIcon::*slot)()) {
         QAction* action = m_popup->addAction(caption);
-        connect(action, &QAction::triggered, this, slot);
+        connect(action, &QAction::triggered, this, [this, slot] {
+            if (m_ctx.front.trayEnabled)
+                (this->*slot)();
+        });
         return action;
     };
     add(QStringLiteral(" About  "), &TrayIcon::onOpen);
@@ -59,10 +64,14 @@ void TrayIcon::buildMenu() {
     m_popup->addSeparator();
     m_disable = m_popup->addAction(QStringLiteral(" Disable  "));
     m_disable->setCheckable(true);
-    connect(m_disable, &QAction::triggered, this, &TrayIcon::onDisable);
+    connect(m_disable, &QAction::triggered, this, [this] {
+        if (m_ctx.front.trayEnabled)
+            onDisable();
+        else
+            m_disable->setChecked(!m_disable->isChecked()); // the tick it took on its own goes back
+    });
     add(QStringLiteral(" Remove  "), &TrayIcon::onRemove);
 
-    // While an error box is up the icon does nothing, its menu included.
     connect(m_popup, &QMenu::aboutToShow, this, [this] {
         if (!m_ctx.front.trayEnabled)
             QMetaObject::invokeMethod(m_popup, &QMenu::close, Qt::QueuedConnection);
