@@ -51,8 +51,12 @@ TEST_F(TrayIconTest, AMissingTrayIsToldAfterTheGraceAndAgainWhenItComesOrGoes) {
     QTRY_COMPARE_WITH_TIMEOUT(told, QList<bool>{true}, 2000);
     tray.checkTray();
     EXPECT_EQ(told, QList<bool>{true}); // said once, not on every tick
+    // Qt is not asked for a tray before one is there: it would settle on none for good.
+    EXPECT_EQ(tray.tray(), nullptr);
     available = true;
     QTRY_COMPARE_WITH_TIMEOUT(told, (QList<bool>{true, false}), 2000); // the tick notices a tray that came
+    ASSERT_NE(tray.tray(), nullptr);
+    EXPECT_TRUE(tray.tray()->isVisible());
     available = false;
     tray.checkTray();
     EXPECT_EQ(told, (QList<bool>{true, false, true}));
@@ -77,6 +81,24 @@ TEST_F(TrayIconTest, LeftClickStopsUnlessAnErrorBoxIsUp) {
     tray.trayMessage(514);
     EXPECT_EQ(stops, 1);
     EXPECT_TRUE(ctx.soundChoice.repeatSweep);
+}
+
+TEST_F(TrayIconTest, WhileAnErrorBoxIsUpMenuEntriesTriggeredFromOutsideDoNothing) {
+    // A StatusNotifier host shows the menu itself and triggers the actions over D-Bus: closing the menu is no help.
+    ctx.front.trayEnabled = false;
+    ctx.soundChoice.repeatSweep = true;
+    const QList<QAction*> actions = tray.menu()->actions();
+    actions.at(7)->trigger(); // Stop
+    actions.at(9)->trigger(); // Disable
+    actions.at(6)->trigger(); // Help, whose file is missing
+    EXPECT_EQ(stops, 0);
+    EXPECT_TRUE(ctx.soundChoice.repeatSweep);
+    EXPECT_FALSE(tray.disabled());
+    EXPECT_TRUE(tray.timer().isActive());
+    EXPECT_TRUE(notices.warnings.isEmpty());
+    ctx.front.trayEnabled = true;
+    actions.at(7)->trigger();
+    EXPECT_EQ(stops, 1);
 }
 
 TEST_F(TrayIconTest, DisableStopsTheTickAndKeepsTheRepeatFlag) {

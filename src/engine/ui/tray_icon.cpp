@@ -2,6 +2,7 @@
 
 #include "engine/context.h"
 #include "platform/ui/pictures.h"
+#include "platform/ui/tray_host.h"
 #include "sound/notices.h"
 #include "sound/ui/about_box.h"
 
@@ -42,9 +43,14 @@ TrayIcon::TrayIcon(Context& ctx, TrayHooks hooks) : m_ctx(ctx), m_hooks(std::mov
 
 void TrayIcon::buildMenu() {
     m_popup = new QMenu();
+    // While an error box is up the icon does nothing, its menu included. A StatusNotifier host shows the menu
+    // itself and triggers the entries over D-Bus, so each entry looks for itself.
     auto add = [this](const QString& caption, void (TrayIcon::*slot)()) {
         QAction* action = m_popup->addAction(caption);
-        connect(action, &QAction::triggered, this, slot);
+        connect(action, &QAction::triggered, this, [this, slot] {
+            if (m_ctx.front.trayEnabled)
+                (this->*slot)();
+        });
         return action;
     };
     add(QStringLiteral(" About  "), &TrayIcon::onOpen);
@@ -58,26 +64,41 @@ void TrayIcon::buildMenu() {
     m_popup->addSeparator();
     m_disable = m_popup->addAction(QStringLiteral(" Disable  "));
     m_disable->setCheckable(true);
-    connect(m_disable, &QAction::triggered, this, &TrayIcon::onDisable);
+    connect(m_disable, &QAction::triggered, this, [this] {
+        if (m_ctx.front.trayEnabled)
+            onDisable();
+        else
+            m_disable->setChecked(!m_disable->isChecked()); // the tick it took on its own goes back
+    });
     add(QStringLiteral(" Remove  "), &TrayIcon::onRemove);
 
-    // While an error box is up the icon does nothing, its menu included.
     connect(m_popup, &QMenu::aboutToShow, this, [this] {
         if (!m_ctx.front.trayEnabled)
             QMetaObject::invokeMethod(m_popup, &QMenu::close, Qt::QueuedConnection);
     });
-    m_tray.setContextMenu(m_popup);
-    connect(&m_tray, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
+}
+
+void TrayIcon::createIcon() {
+    m_tray = new QSystemTrayIcon(this);
+    m_tray->setContextMenu(m_popup);
+    connect(m_tray, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
         if (reason == QSystemTrayIcon::Trigger)
             trayMessage(514);
     });
+    m_tray->setIcon(trayIcon(!disabled()));
+    m_tray->setToolTip(QStringLiteral("Bwk"));
+    // From here on Qt puts the icon in a tray of its kind that goes and comes.
+    m_tray->show();
+}
+
+bool TrayIcon::defaultTrayAvailable() const {
+    // Qt's own answer only once its tray kind is settled: asked earlier it would settle on none.
+    return m_tray ? QSystemTrayIcon::isSystemTrayAvailable() : tray_host::present();
 }
 
 void TrayIcon::load(int graceMs) {
-    m_tray.setIcon(trayIcon(true));
-    m_tray.setToolTip(QStringLiteral("Bwk"));
-    // Qt puts the icon in a tray that comes later by itself.
-    m_tray.show();
+    m_loaded = true;
+    checkTray();
     // Panels start in any order with the session: give the tray a moment before standing in for it.
     QTimer::singleShot(graceMs, this, [this] {
         m_graceOver = true;
@@ -86,9 +107,14 @@ void TrayIcon::load(int graceMs) {
 }
 
 void TrayIcon::checkTray() {
+    if (!m_loaded)
+        return;
+    const bool available = trayAvailable();
+    if (available && !m_tray)
+        createIcon();
     if (!m_graceOver)
         return;
-    const bool missing = !trayAvailable();
+    const bool missing = !available;
     if (missing == m_trayMissing)
         return;
     m_trayMissing = missing;
@@ -147,19 +173,19 @@ void TrayIcon::onStop() {
 
 void TrayIcon::onDisable() {
     // The action has already turned its tick over.
-    if (m_disable->isChecked()) {
+    if (m_disable->isChecked())
         m_timer.stop();
-        m_tray.setIcon(trayIcon(false));
-    } else {
+    else
         m_timer.start();
-        m_tray.setIcon(trayIcon(true));
-    }
+    if (m_tray)
+        m_tray->setIcon(trayIcon(!m_disable->isChecked()));
 }
 
 void TrayIcon::onRemove() {
     if (m_hooks.unloadClock)
         m_hooks.unloadClock();
-    m_tray.hide();
+    if (m_tray)
+        m_tray->hide();
     // No other window's closing logic runs: every file is complete at all times.
     QCoreApplication::exit(0);
 }

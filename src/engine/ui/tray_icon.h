@@ -27,17 +27,18 @@ class TrayIcon : public QObject {
 public:
     TrayIcon(Context& ctx, TrayHooks hooks);
 
-    // Shows the tray icon; the tick runs from construction on. A tray missing after the grace period, or going
-    // and coming later, is told to onTrayMissing.
+    // Shows the tray icon once a tray is there; the tick runs from construction on. A tray missing after the grace
+    // period, or going and coming later, is told to onTrayMissing.
     void load(int graceMs = 4000);
     std::function<void(bool missing)> onTrayMissing;
-    std::function<bool()> trayAvailable = &QSystemTrayIcon::isSystemTrayAvailable;
-    // Looked at on every tick once the grace period is over: no wake-up of its own.
+    std::function<bool()> trayAvailable = [this] { return defaultTrayAvailable(); };
+    // Looked at on every tick: no wake-up of its own.
     void checkTray();
 
     AlarmTick& tick() { return m_tick; }
     QTimer& timer() { return m_timer; }
-    QSystemTrayIcon& tray() { return m_tray; }
+    // Null until a tray was there to take the icon.
+    QSystemTrayIcon* tray() const { return m_tray; }
     QMenu* menu() const { return m_popup; }
     bool disabled() const;
 
@@ -55,14 +56,17 @@ public:
 
 private:
     void buildMenu();
+    void createIcon();
+    bool defaultTrayAvailable() const;
 
     Context& m_ctx;
     TrayHooks m_hooks;
     AlarmTick m_tick;
     QTimer m_timer;
-    QSystemTrayIcon m_tray;
+    QSystemTrayIcon* m_tray = nullptr;
     QMenu* m_popup = nullptr;
     QAction* m_disable = nullptr;
+    bool m_loaded = false;
     bool m_graceOver = false;
     bool m_trayMissing = false;
 };
