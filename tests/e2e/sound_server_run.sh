@@ -41,7 +41,13 @@ box_then_ok() { # what for, [seconds]
     box=$(wait_for_window '^Bellwick Alarm Clock sp$' "${2:-5}") || { cat "$work/bellwick.log"; fail "no box $1"; }
     echo "box at $(date +%T) $1"
     alive "$1"
-    xdotool windowactivate --sync "$box" 2>/dev/null
+    # Return must reach the box, not the message window standing beside it, whose OK it would press.
+    for _ in $(seq 20); do
+        xdotool windowactivate --sync "$box" 2>/dev/null
+        [ "$(xdotool getactivewindow 2>/dev/null)" = "$box" ] && break
+        sleep 0.1
+    done
+    [ "$(xdotool getactivewindow 2>/dev/null)" = "$box" ] || fail "the box $1 would not take the keyboard"
     xdotool key Return
 }
 messages=""
