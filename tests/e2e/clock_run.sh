@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
-# The desktop clock on a real X display at a given density: its outline is the 155 x 21 pixel pill, it snaps
-# to the left edge, rolls up behind the top edge when dropped above it, comes back under the pointer and
-# closes on a left press at its right end. Every place is checked to the device pixel: at 120 and 144 dots per inch
-# a trip through Qt's logical pixels would land one pixel off.
+# The desktop clock on a real X display at a given density: it starts centred, its outline is the 155 x 21 pixel
+# pill, it snaps to the left and right edges and holds against a pull of exactly the snap distance, rests short of
+# the bottom edge, also in the corners, rolls up behind the top edge when dropped above it and steps the pointer
+# off its strip, comes back under the pointer and closes on a left press at its right end. Every place is checked
+# to the device pixel: at 120 and 144 dots per inch a trip through Qt's logical pixels lands one pixel off.
 # Usage: clock_run.sh <path to bellwick> <dots per inch: 96, 120 or 144>
 set -uo pipefail
 program="$1"
