@@ -2,6 +2,9 @@
 
 #include <QPoint>
 #include <cstdint>
+#include <optional>
+
+class QWindow;
 
 // A rectangle in pixels as the system hands it out: right and bottom lie just outside.
 struct PixelRect {
@@ -26,4 +29,8 @@ public:
     virtual bool getWorkArea(PixelRect& area) const = 0;
     virtual QPoint cursorPos() const = 0;
     virtual void setCursorPos(int32_t x, int32_t y) = 0;
+    // A top-level window's top left corner, moved to or read in pixels. False or nothing where the platform
+    // cannot: the window is then moved through Qt.
+    virtual bool moveWindow(const QWindow&, const QPoint&) { return false; }
+    virtual std::optional<QPoint> windowPlace(const QWindow&) const { return std::nullopt; }
 };

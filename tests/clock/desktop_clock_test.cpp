@@ -9,7 +9,9 @@
 #include <QAction>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QTest>
 #include <QTimer>
+#include <QtTest/qtestspontaneevent.h>
 
 #include <gtest/gtest.h>
 
@@ -45,6 +47,13 @@ struct ClockRig {
 void send(QWidget* target, QEvent::Type type, Qt::MouseButton button, QPointF at, Qt::MouseButtons held = {}) {
     QMouseEvent event(type, at, target->mapToGlobal(at), button, held, Qt::NoModifier);
     QApplication::sendEvent(target, &event);
+}
+
+// What the window system sends when a window has moved.
+void reportMove(QWidget* window) {
+    QMoveEvent event(window->pos(), window->pos());
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    QApplication::instance()->notify(window, &event); // sendEvent would take the mark off
 }
 
 void processDeletes() {
@@ -263,6 +272,48 @@ TEST(DesktopClock, WhereWindowsCannotPlaceThemselvesItIsAPlainWindowThatKeepsThe
     int32_t left = 0;
     EXPECT_EQ(rig.stored(5, &left), 600);
     EXPECT_EQ(left, 1200);
+}
+
+TEST(DesktopClock, ANativeWindowStandsOnTheDevicePixelAndDragsByThePointerItself) {
+    ClockRig rig(144);
+    rig.screen.native = true;
+    DesktopClock& f = rig.load();
+    f.show();
+    QTest::qWait(10);
+    EXPECT_EQ(rig.screen.windowMoves.back(), QPoint(362, 0)); // (10240 - 3000) / 2 twips
+    f.setLeft(7140);
+    f.setTop(3000);
+    EXPECT_EQ(rig.screen.windowMoves.back(), QPoint(714, 300));
+
+    // Positions come from the pointer, not from the events. Flush right is 724; a pull of exactly the snap
+    // distance, 10 pixels, holds, and one more lets go.
+    auto pointerAt = [&](int x, QEvent::Type type = QEvent::MouseMove) {
+        rig.screen.cursor = QPoint(x, 310);
+        send(f.timeLabel, type, type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, {0, 0}, Qt::LeftButton);
+    };
+    pointerAt(774, QEvent::MouseButtonPress);
+    for (const auto [x, left] : {std::pair{779, 724}, std::pair{794, 724}, std::pair{774, 724}, std::pair{795, 735}}) {
+        pointerAt(x);
+        EXPECT_EQ(rig.screen.windowMoves.back(), QPoint(left, 300)) << x;
+        EXPECT_EQ(f.leftTwips(), left * 10) << x;
+    }
+
+    // The news of an earlier step leaves the place alone; the frame's first place while the window is being
+    // framed puts it back; a move by the window manager after that is believed.
+    rig.screen.windowAt = QPoint(724, 300);
+    reportMove(&f);
+    EXPECT_EQ(f.leftTwips(), 7350);
+    rig.screen.windowAt = QPoint(0, 0);
+    const size_t moves = rig.screen.windowMoves.size();
+    reportMove(&f);
+    QTest::qWait(10);
+    ASSERT_EQ(rig.screen.windowMoves.size(), moves + 1);
+    EXPECT_EQ(rig.screen.windowMoves.back(), QPoint(735, 300));
+    QTest::qWait(1000);
+    rig.screen.windowAt = QPoint(501, 203);
+    reportMove(&f);
+    EXPECT_EQ(QPointF(f.leftTwips(), f.topTwips()), QPointF(5010, 2030));
+    EXPECT_EQ(rig.screen.windowMoves.size(), moves + 1);
 }
 
 } // namespace

@@ -12,6 +12,10 @@ struct FakeScreen : ScreenServices {
     PixelRect workArea{0, 0, 1024, 720};
     QPoint cursor;
     std::vector<QPoint> cursorMoves;
+    // With `native` set, windows are moved here in pixels and stand where `windowAt` says.
+    bool native = false;
+    std::vector<QPoint> windowMoves;
+    QPoint windowAt;
 
     explicit FakeScreen(int32_t dpi = 120) : logPixels(dpi) {}
     int32_t logPixelsX() const override { return logPixels; }
@@ -26,6 +30,16 @@ struct FakeScreen : ScreenServices {
     void setCursorPos(int32_t x, int32_t y) override {
         cursor = QPoint(x, y);
         cursorMoves.push_back(cursor);
+    }
+    bool moveWindow(const QWindow&, const QPoint& place) override {
+        if (native) {
+            windowMoves.push_back(place);
+            windowAt = place;
+        }
+        return native;
+    }
+    std::optional<QPoint> windowPlace(const QWindow&) const override {
+        return native ? std::optional<QPoint>(windowAt) : std::nullopt;
     }
 };
 

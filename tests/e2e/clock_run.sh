@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
-# The desktop clock on a real X display at a given density: its outline is the 155 x 21 pixel pill, it snaps
-# to the left edge, rolls up behind the top edge when dropped above it, comes back under the pointer and
-# closes on a left press at its right end.
+# The desktop clock on a real X display at a given density: it starts centred, its outline is the 155 x 21 pixel
+# pill, it snaps to the left and right edges and holds against a pull of exactly the snap distance, rests short of
+# the bottom edge, also in the corners, rolls up behind the top edge when dropped above it and steps the pointer
+# off its strip, comes back under the pointer and closes on a left press at its right end. Every place is checked
+# to the device pixel: at 120 and 144 dots per inch a trip through Qt's logical pixels lands one pixel off.
 # Usage: clock_run.sh <path to bellwick> <dots per inch: 96, 120 or 144>
 set -uo pipefail
 program="$1"
@@ -15,11 +17,14 @@ write_settings ALAEOfDCWSOfUISPOfISOMOf clock
 "$program" >"$work/bellwick.log" 2>&1 &
 pids+=($!)
 
-# The window is 3000 x 1020 twips; its device pixels follow the density.
+# The window is 3000 x 1020 twips; its device pixels follow the density, as does the snap distance of 10 pixels.
+# It starts centred: (1024 x twips per pixel - 3000) / 2 twips. The bottom edge holds it short of flush
+# (768 - height) by the step that reached it; the runs below step 5 pixels. A roll-up steps the pointer down by
+# the twips-per-pixel figure used as pixels.
 case "$dpi" in
-96) size=200x68 rolled_top=-15 ;;
-120) size=250x85 rolled_top=-20 ;;
-144) size=300x102 rolled_top=-24 ;;
+96) size=200x68 rolled_top=-15 start_left=412 flush_right=824 bottom_rest=695 pointer_step=15 ;;
+120) size=250x85 rolled_top=-20 start_left=387 flush_right=774 bottom_rest=678 pointer_step=12 ;;
+144) size=300x102 rolled_top=-24 start_left=362 flush_right=724 bottom_rest=661 pointer_step=10 ;;
 *) fail "no figures for $dpi dots per inch" ;;
 esac
 
@@ -33,22 +38,25 @@ for _ in $(seq 100); do
 done
 [ -n "$clock" ] || { cat "$work/bellwick.log"; fail "no desktop clock of $size pixels"; }
 place() { xdotool getwindowgeometry "$clock" | awk '/Position/ {split($2, p, ","); print p[1], p[2]}'; }
-drag() { # grip x y inside the window, to screen x y, in small steps as a hand would
-    local left top x y tx=$3 ty=$4
+drag() { # grip x y inside the window, to screen x y [, last step], in steps as a hand would: 20 pixels, and the
+    # given step (3 unless told) over the last 30 pixels of each axis
+    local left top x y tx=$3 ty=$4 step=${5:-3}
     read -r left top < <(place)
     x=$((left + $1)) y=$((top + $2))
     xdotool mousemove "$x" "$y" mousedown 1
     sleep 0.1
     while [ "$x" -ne "$tx" ] || [ "$y" -ne "$ty" ]; do
-        [ "$x" -lt "$tx" ] && x=$((x + 3 > tx ? tx : x + 3))
-        [ "$x" -gt "$tx" ] && x=$((x - 3 < tx ? tx : x - 3))
-        [ "$y" -lt "$ty" ] && y=$((y + 3 > ty ? ty : y + 3))
-        [ "$y" -gt "$ty" ] && y=$((y - 3 < ty ? ty : y - 3))
+        x=$(step_to "$x" "$tx" "$step") y=$(step_to "$y" "$ty" "$step")
         xdotool mousemove "$x" "$y"
-        sleep 0.02
+        sleep 0.01
     done
     xdotool mouseup 1
-    sleep 0.4
+    sleep 0.3
+}
+step_to() { # from to last-step
+    local d=$(($2 - $1)) s=$3
+    [ "${d#-}" -gt 30 ] && s=20
+    if [ "$d" -gt 0 ]; then echo $(($1 + (d < s ? d : s))); else echo $(($1 - (-d < s ? -d : s))); fi
 }
 expect_place() { # left top, what
     local left top
@@ -57,7 +65,9 @@ expect_place() { # left top, what
     echo "$3: $left,$top"
 }
 
-# 1. The outline is the pill, pixel for pixel, at every density.
+# 1. It starts centred at the top; its outline is the pill, pixel for pixel, at every density.
+for _ in $(seq 20); do [ "$(place)" = "$start_left 0" ] && break; sleep 0.1; done
+expect_place "$start_left" 0 "centred at start"
 extents=$(xwininfo -id "$clock" -shape | awk '/Window shape extents/ {print $4}')
 [ "$extents" = "155x21+1+1" ] || fail "the outline is $extents, not 155x21+1+1"
 echo "outline $extents in a window of $size"
@@ -71,10 +81,33 @@ drag 60 10 66 300
 expect_place 0 290 "snapped to the left edge"
 [ "$(xdotool getwindowfocus)" = "$had" ] || fail "the clock took the keyboard from window $had"
 
-# 3. Dragged above the top edge and let go, it rolls up, leaving a strip to catch the pointer.
+# 3. The right edge holds it flush; a pull of exactly the snap distance past the edge, or back, does not let go.
+drag 60 10 $((60 + flush_right)) 300 5
+expect_place "$flush_right" 290 "snapped to the right edge"
+drag 60 10 $((70 + flush_right)) 300 5
+expect_place "$flush_right" 290 "held at the right edge by a pull of 10 pixels outward"
+drag 60 10 $((50 + flush_right)) 300 5
+expect_place "$flush_right" 290 "held at the right edge by a pull of 10 pixels inward"
+
+# 4. Brought down to the bottom edge it rests short of flush by the last step, also in the corners.
+drag 60 10 $((60 + flush_right)) $((bottom_rest + 15)) 5
+expect_place "$flush_right" "$bottom_rest" "rests in the bottom right corner"
+drag 60 10 460 410 5
+expect_place 400 400 "let go of both edges"
+drag 60 10 460 $((bottom_rest + 15)) 5
+expect_place 400 "$bottom_rest" "rests at the bottom edge"
+drag 60 10 210 410 5
+drag 60 10 60 $((bottom_rest + 15)) 5
+expect_place 0 "$bottom_rest" "rests in the bottom left corner"
+
+# 5. Dragged above the top edge and let go, it rolls up, leaving a strip to catch the pointer, and steps the
+#    pointer off the strip.
 drag 60 16 400 0
 read -r left _ < <(place)
 expect_place "$left" "$rolled_top" "rolled up"
+pointer_y=$(xdotool getmouselocation | sed -n 's/.*y:\([-0-9]*\).*/\1/p')
+[ "$pointer_y" = "$pointer_step" ] || fail "the roll-up put the pointer at y $pointer_y, not $pointer_step"
+echo "pointer stepped off the strip to y $pointer_y"
 
 # Above 120 dots per inch the fixed lift of 252 twips hides the whole pill: only the tray's Show brings it back.
 if [ "$dpi" -gt 120 ]; then
@@ -82,7 +115,7 @@ if [ "$dpi" -gt 120 ]; then
     exit 0
 fi
 
-# 4. The pointer on the strip brings it back.
+# 6. The pointer on the strip brings it back.
 xdotool mousemove 400 300
 sleep 0.2
 xdotool mousemove $((left + 60)) 0
@@ -91,7 +124,7 @@ xdotool mousemove $((left + 61)) 0
 sleep 0.5
 expect_place "$left" 0 "back under the pointer"
 
-# 5. A left press on the right end closes it.
+# 7. A left press on the right end closes it.
 xdotool mousemove $((left + 146)) 10 click 1
 sleep 0.5
 xdotool search --onlyvisible --class bellwick 2>/dev/null | grep -qx "$clock" && fail "the clock did not close"

@@ -3,10 +3,10 @@
 #include "clock/clock_picture.h"
 #include "clock/clock_settings.h"
 #include "clock/clock_text.h"
-#include "clock/qt_screen_services.h"
 #include "clock/roll_up.h"
 #include "clock/screen_services.h"
 #include "clock/ui/clock_text_label.h"
+#include "clock/ui/qt_screen_services.h"
 #include "clock/window_region.h"
 #include "engine/context.h"
 #include "platform/clock.h"
@@ -26,6 +26,7 @@
 #include <QTimer>
 #include <QWindow>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -282,7 +283,7 @@ bool DesktopClock::eventFilter(QObject* watched, QEvent* event) {
 
 void DesktopClock::onTimeLabelMouse(QEvent* event) {
     auto* mouse = static_cast<QMouseEvent*>(event);
-    const QPointF twipPos = toTwips(mouse->position());
+    const QPointF twipPos = pointerInLabel(*mouse);
     const auto X = static_cast<float>(twipPos.x());
     const auto Y = static_cast<float>(twipPos.y());
     switch (event->type()) {
@@ -325,11 +326,11 @@ void DesktopClock::onMenuEndClicked() {
 }
 
 float DesktopClock::leftTwips() const {
-    return static_cast<float>(roundHalfEven(pos().x() * devicePixelRatioF()) * m_screen.twipsPerPixelX());
+    return static_cast<float>(devicePlace().x() * m_screen.twipsPerPixelX());
 }
 
 float DesktopClock::topTwips() const {
-    return static_cast<float>(roundHalfEven(pos().y() * devicePixelRatioF()) * m_screen.twipsPerPixelY());
+    return static_cast<float>(devicePlace().y() * m_screen.twipsPerPixelY());
 }
 
 float DesktopClock::widthTwips() const {
@@ -344,8 +345,8 @@ void DesktopClock::setWindowPos(int32_t insertAfter, int32_t x, int32_t y, int32
     const double ratio = devicePixelRatioF();
     const QSize size(static_cast<int>(roundHalfEven(cx / ratio)), static_cast<int>(roundHalfEven(cy / ratio)));
     if (size != this->size())
-        setFixedSize(size);
-    place(QPoint(static_cast<int>(roundHalfEven(x / ratio)), static_cast<int>(roundHalfEven(y / ratio))));
+        setFixedSize(size); // through Qt's logical place: the place below comes after
+    place(QPoint(x, y));
     setTopmost(insertAfter == DockingHandler::kHwndTopmost);
 }
 
@@ -365,16 +366,39 @@ void DesktopClock::setTopmost(bool on) {
 }
 
 void DesktopClock::setLeft(float twipValue) {
-    place(QPoint(toLogicalX(twipValue), m_place.y()));
+    place(QPoint(static_cast<int>(roundHalfEven(twipValue / m_screen.twipsPerPixelX())), devicePlace().y()));
 }
 
 void DesktopClock::setTop(float twipValue) {
-    place(QPoint(m_place.x(), toLogicalY(twipValue)));
+    place(QPoint(devicePlace().x(), static_cast<int>(roundHalfEven(twipValue / m_screen.twipsPerPixelY()))));
 }
 
-void DesktopClock::place(const QPoint& logical) {
-    m_place = logical;
-    move(logical);
+void DesktopClock::place(const QPoint& device) {
+    m_place = device;
+    m_native = isVisible() && placeNatively();
+    if (m_native)
+        return;
+    // Hidden, or no native way: Qt's logical pixels; showing puts it on the device pixel.
+    m_placing = true;
+    move(toLogical(device));
+    m_placing = false;
+}
+
+bool DesktopClock::placeNatively() {
+    if (!m_placeable || !windowHandle() || !m_screen.moveWindow(*windowHandle(), m_place))
+        return false;
+    constexpr size_t kKept = 16;
+    if (m_requested.size() >= kKept)
+        m_requested.erase(m_requested.begin());
+    m_requested.push_back(m_place);
+    return true;
+}
+
+QPoint DesktopClock::devicePlace() const {
+    // Moved through Qt by other means (a move before showing sends no event): its logical place is all there is.
+    if (!m_native && pos() != toLogical(m_place))
+        return toDevice(pos());
+    return m_place;
 }
 
 void DesktopClock::showEvent(QShowEvent* event) {
@@ -382,22 +406,58 @@ void DesktopClock::showEvent(QShowEvent* event) {
     // Now that the window exists the outline can go to it pixel for pixel.
     if (m_placeable)
         window_shape::setWindowRegion(*this, m_outline);
+    // The same for the place. Qt may still move the window to its logical place after this event, so again
+    // once it is shown.
+    m_place = devicePlace();
+    m_native = placeNatively();
+    if (m_native)
+        QTimer::singleShot(0, this, [this] {
+            if (m_native)
+                placeNatively();
+        });
     m_settling = true;
     QTimer::singleShot(kSettleTime, this, [this] { m_settling = false; });
 }
 
 void DesktopClock::moveEvent(QMoveEvent* event) {
     QWidget::moveEvent(event);
-    if (!event->spontaneous())
+    if (!event->spontaneous() || m_placing)
         return;
+    QPoint actual = toDevice(pos());
+    if (m_native) {
+        const std::optional<QPoint> native = windowHandle() ? m_screen.windowPlace(*windowHandle()) : std::nullopt;
+        if (!native || *native == m_place) {
+            m_requested.clear();
+            return;
+        }
+        // The news of an earlier drag step, with the window already further on.
+        if (std::find(m_requested.begin(), m_requested.end(), *native) != m_requested.end())
+            return;
+        actual = *native;
+    } else if (pos() == toLogical(m_place)) {
+        return;
+    }
     if (!m_settling) {
-        m_place = pos(); // moved by the window manager: believe it
+        // Moved by the window manager: believe it.
+        m_place = actual;
+        m_requested.clear();
         return;
     }
     // While the window is being framed, the manager may report the frame's first place (0, 0) though the
     // window stands where we put it. Every drag step reads our place, so set it again.
-    if (pos() != m_place)
-        QTimer::singleShot(0, this, [this] { move(m_place); });
+    QTimer::singleShot(0, this, [this] { place(m_place); });
+}
+
+QPoint DesktopClock::toLogical(const QPoint& device) const {
+    const double ratio = devicePixelRatioF();
+    return QPoint(static_cast<int>(roundHalfEven(device.x() / ratio)),
+                  static_cast<int>(roundHalfEven(device.y() / ratio)));
+}
+
+QPoint DesktopClock::toDevice(const QPoint& logical) const {
+    const double ratio = devicePixelRatioF();
+    return QPoint(static_cast<int>(roundHalfEven(logical.x() * ratio)),
+                  static_cast<int>(roundHalfEven(logical.y() * ratio)));
 }
 
 int DesktopClock::toLogicalX(double twipValue) const {
@@ -410,7 +470,14 @@ int DesktopClock::toLogicalY(double twipValue) const {
     return static_cast<int>(roundHalfEven(device / devicePixelRatioF()));
 }
 
-QPointF DesktopClock::toTwips(const QPointF& logical) const {
-    const double ratio = devicePixelRatioF();
-    return QPointF(logical.x() * ratio * m_screen.twipsPerPixelX(), logical.y() * ratio * m_screen.twipsPerPixelY());
+QPointF DesktopClock::pointerInLabel(const QMouseEvent& mouse) const {
+    QPointF device;
+    if (m_native) {
+        // Qt hands out mouse positions in whole logical pixels, up to one and a half device pixels apart: a pull of
+        // the snap distance could not be told from one pixel more. The pointer itself is asked instead.
+        device = m_screen.cursorPos() - devicePlace() - toDevice(timeLabel->pos());
+    } else {
+        device = mouse.position() * devicePixelRatioF();
+    }
+    return QPointF(device.x() * m_screen.twipsPerPixelX(), device.y() * m_screen.twipsPerPixelY());
 }

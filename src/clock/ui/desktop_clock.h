@@ -9,11 +9,13 @@
 
 #include <cstdint>
 #include <functional>
+#include <vector>
 
 class Context;
 class QAction;
 class ClockTextLabel;
 class QMenu;
+class QMouseEvent;
 class QTimer;
 class ScreenServices;
 
@@ -92,11 +94,17 @@ private:
     void onCloseEndPressed(Qt::MouseButton button);
     void onMenuEndClicked();
     void setTopmost(bool on);
-    void place(const QPoint& logical);
+    // Puts the window's top left corner at this place in device pixels.
+    void place(const QPoint& device);
+    bool placeNatively();
+    QPoint devicePlace() const;
+    QPoint toLogical(const QPoint& device) const;
+    QPoint toDevice(const QPoint& logical) const;
     // Twips to this window's logical pixels, through the screen's device pixels.
     int toLogicalX(double twipValue) const;
     int toLogicalY(double twipValue) const;
-    QPointF toTwips(const QPointF& logical) const;
+    // Where the pointer stands in the time label, in twips.
+    QPointF pointerInLabel(const QMouseEvent& mouse) const;
 
     Context& ctx;
     ScreenServices& m_screen;
@@ -110,7 +118,11 @@ private:
     int32_t m_logPixelsX = 96;
     int32_t m_dpiOffset = 0;
     bool m_settingPressed = false;
-    // Where we put the window, and whether it is just being mapped (see moveEvent).
+    // Where the window stands in device pixels. Qt's logical place, rounded, cannot tell every device pixel at a
+    // fractional scale factor, so it is only believed when the window could not be moved natively.
     QPoint m_place;
-    bool m_settling = false;
+    bool m_native = false; // m_place was reached natively: Qt's own idea lags behind and is not asked
+    bool m_placing = false;
+    std::vector<QPoint> m_requested; // native moves whose news may still be on the way
+    bool m_settling = false;         // just mapped (see moveEvent)
 };

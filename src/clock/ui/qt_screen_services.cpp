@@ -1,7 +1,8 @@
-#include "clock/qt_screen_services.h"
+#include "clock/ui/qt_screen_services.h"
 
 #include "platform/numeric.h"
 #include "platform/twips.h"
+#include "platform/ui/x11_desktop.h"
 
 #include <QCursor>
 #include <QGuiApplication>
@@ -34,11 +35,17 @@ float QtScreenServices::twipsPerPixelY() const {
 }
 
 int32_t QtScreenServices::screenWidth() const {
+    if (const std::optional<QRect> whole = x11_desktop::screenGeometry())
+        return whole->width();
     const QScreen* s = screen();
     return s ? toDevice(s->geometry().width(), s->devicePixelRatio()) : 0;
 }
 
 bool QtScreenServices::getWorkArea(PixelRect& area) const {
+    if (const std::optional<QRect> work = x11_desktop::workArea()) {
+        area = {work->left(), work->top(), work->left() + work->width(), work->top() + work->height()};
+        return true;
+    }
     const QScreen* s = screen();
     if (!s)
         return false;
@@ -52,6 +59,8 @@ bool QtScreenServices::getWorkArea(PixelRect& area) const {
 }
 
 QPoint QtScreenServices::cursorPos() const {
+    if (const std::optional<QPoint> at = x11_desktop::pointer())
+        return *at;
     QScreen* s = screen();
     const QPoint p = s ? QCursor::pos(s) : QCursor::pos();
     const double ratio = s ? s->devicePixelRatio() : 1.0;
@@ -59,6 +68,8 @@ QPoint QtScreenServices::cursorPos() const {
 }
 
 void QtScreenServices::setCursorPos(int32_t x, int32_t y) {
+    if (x11_desktop::warpPointer(QPoint(x, y)))
+        return;
     QScreen* s = screen();
     const double ratio = s ? s->devicePixelRatio() : 1.0;
     const QPoint logical(static_cast<int>(roundHalfEven(x / ratio)), static_cast<int>(roundHalfEven(y / ratio)));
@@ -66,4 +77,12 @@ void QtScreenServices::setCursorPos(int32_t x, int32_t y) {
         QCursor::setPos(s, logical);
     else
         QCursor::setPos(logical);
+}
+
+bool QtScreenServices::moveWindow(const QWindow& window, const QPoint& place) {
+    return x11_desktop::moveWindow(window, place);
+}
+
+std::optional<QPoint> QtScreenServices::windowPlace(const QWindow& window) const {
+    return x11_desktop::windowPlace(window);
 }

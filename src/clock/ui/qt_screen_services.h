@@ -4,7 +4,8 @@
 
 class QScreen;
 
-// The primary screen through Qt. Pixels are device pixels: logical coordinates times the device pixel ratio.
+// The primary screen. Pixels are device pixels: the X server's own figures on X11, elsewhere Qt's logical
+// coordinates times the device pixel ratio.
 class QtScreenServices : public ScreenServices {
 public:
     int32_t logPixelsX() const override;
@@ -14,6 +15,8 @@ public:
     bool getWorkArea(PixelRect& area) const override;
     QPoint cursorPos() const override;
     void setCursorPos(int32_t x, int32_t y) override;
+    bool moveWindow(const QWindow& window, const QPoint& place) override;
+    std::optional<QPoint> windowPlace(const QWindow& window) const override;
 
 private:
     static QScreen* screen();
