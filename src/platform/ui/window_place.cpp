@@ -14,37 +14,17 @@ namespace window_place {
 
 namespace {
 
-// The frame's corner, once the manager has told the frame.
-std::optional<QPoint> nativeTopLeftFramed(const QWidget& window) {
-    const QWindow* handle = window.windowHandle();
-    const std::optional<QMargins> frame = handle ? x11_desktop::frameExtents(*handle) : std::nullopt;
-    const std::optional<QPoint> client = frame ? x11_desktop::windowPlace(*handle) : std::nullopt;
-    if (!client)
-        return std::nullopt;
-    return *client - QPoint(frame->left(), frame->top());
-}
-
 bool moveNatively(QWidget& window, const QPoint& device, bool frameKnown = false) {
     return window.isVisible() && window.windowHandle() &&
            x11_desktop::moveFrame(*window.windowHandle(), device, frameKnown);
 }
 
-// A window just shown is framed by the manager a little later, and its place may depend on that frame; the
-// manager and Qt may also place it once more while they map it. So the place is checked, and set again, until it
-// has held for a few looks.
-void moveWhenFramed(QWidget& window, const QPoint& device, int looksLeft = 30, int held = 0) {
-    if (!x11_desktop::available() || !window.isVisible() || looksLeft <= 0 || held >= 3)
+// A window just shown is framed by the manager a little later; its place may depend on that frame.
+void moveWhenFramed(QWidget& window, const QPoint& device, int triesLeft = 25) {
+    if (!x11_desktop::available() || moveNatively(window, device, triesLeft > 0) || triesLeft <= 0 ||
+        !window.isVisible())
         return;
-    const std::optional<QPoint> now = nativeTopLeftFramed(window);
-    if (now == device) {
-        ++held;
-    } else {
-        held = 0;
-        // The last look takes the window without its frame, if the manager never tells it.
-        moveNatively(window, device, looksLeft > 1);
-    }
-    QTimer::singleShot(20, &window,
-                       [&window, device, looksLeft, held] { moveWhenFramed(window, device, looksLeft - 1, held); });
+    QTimer::singleShot(20, &window, [&window, device, triesLeft] { moveWhenFramed(window, device, triesLeft - 1); });
 }
 
 // Takes a hidden window from the place Qt showed it at to its device pixel.
