@@ -1,29 +1,13 @@
 #!/usr/bin/env bash
 # The Alarm Set window, dragged elsewhere by the user, hidden by its close box and shown again from the tray menu,
-# comes back where the user left it, not where the window manager first put it. At 96 dots per inch the window
-# manager gives it its first place; at 120 and 144 its stored place, and its frame's corner stands on that pixel.
-# Usage: window_place_run.sh <path to bellwick> [dots per inch: 96, 120 or 144]
+# comes back where the user left it, not where the window manager first put it.
+# Usage: window_place_run.sh <path to bellwick>
 set -uo pipefail
 program="$1"
-dpi="${2:-96}"
 . "$(dirname "$0")/desktop_env.sh"
-need_tools xwininfo
-start_desktop "$dpi"
+start_desktop 96
 export SDL_AUDIODRIVER=dummy
 write_settings ALAEOnDCWSOfUISPOfISOMOf
-# Stored places whose pixels a trip through Qt's logical pixels would miss by one.
-case "$dpi" in
-96) frame="" ;;
-120) left=2424 top=1164 frame="202 97" ;;
-144) left=2440 top=1210 frame="244 121" ;;
-*) fail "no figures for $dpi dots per inch" ;;
-esac
-if [ -n "$frame" ]; then
-    {
-        printf '%-17s' '[TimeInputLoc]'
-        printf "$(printf '\\x%02x\\x%02x\\x00\\x00' $((top & 255)) $((top >> 8)) $((left & 255)) $((left >> 8)))"
-    } | dd of="$XDG_DATA_HOME/bellwick/tolm.ini" conv=notrunc status=none
-fi
 : >"$XDG_DATA_HOME/bellwick/my.dat"
 "$program" >"$work/bellwick.log" 2>&1 &
 pids+=($!)
@@ -45,13 +29,6 @@ position() { xdotool getwindowgeometry "$1" | awk '/Position/ {print $2}'; }
 open_alarm_set
 window=$(wait_for_window '^Bellwick Alarm Clock( sp)?\.\.\.' 10) || fail "the tray menu opened no Alarm Set window"
 sleep 0.5
-frame_corner() { xwininfo -id "$1" | awk '/Absolute upper-left [XY]/ {a[++n] = $4} /Relative upper-left [XY]/ {r[++m] = $4}
-    END {print a[1] - r[1], a[2] - r[2]}'; }
-if [ -n "$frame" ]; then
-    for _ in $(seq 30); do corner=$(frame_corner "$window") && [ "$corner" = "$frame" ] && break; sleep 0.1; done
-    [ "$corner" = "$frame" ] || fail "stored at $left, $top twips, the frame's corner stands at $corner, not $frame"
-    echo "stored place: frame at $corner"
-fi
 first=$(position "$window")
 xdotool windowmove "$window" 136 125
 sleep 0.5

@@ -17,8 +17,8 @@
 #include "engine/schedule_file.h"
 #include "eventlist/ui/event_list_view.h"
 #include "platform/clock.h"
+#include "platform/twips.h"
 #include "platform/ui/place_keeper.h"
-#include "platform/ui/window_place.h"
 #include "platform/ui/window_twips.h"
 
 #include <QAbstractButton>
@@ -323,7 +323,7 @@ void AlarmSetWindow::load() {
     loadAlarmSetSettings(ctx, loaded);
     amPm->setText(loaded.amPm);
     if (loaded.havePosition)
-        window_place::moveTwips(*this, loaded.left, loaded.top);
+        move(px(loaded.left), px(loaded.top));
     applyFontSetting();
     ctx.entry.date = ctx.clock.dateText();
     dateLabel->setText(ctx.entry.date);
@@ -440,6 +440,10 @@ void AlarmSetWindow::showEntry(const EntryControls& c) {
 
 int AlarmSetWindow::px(double twipValue) const {
     return window_twips::px(this, twipValue);
+}
+
+double AlarmSetWindow::twipsOf(int logicalPixels) const {
+    return twips::toTwips(qRound(logicalPixels * devicePixelRatioF()), window_twips::twipsPerPixel(this));
 }
 
 AlarmSetLinks AlarmSetWindow::links() {
@@ -570,8 +574,7 @@ void AlarmSetWindow::onMinimiseClicked() {
 }
 
 void AlarmSetWindow::onExitClicked() {
-    const QPointF place = window_place::topLeftTwips(*this);
-    storeAlarmSetPlace(ctx, place.y(), place.x(), ctx.today.alarms);
+    storeAlarmSetPlace(ctx, twipsOf(y()), twipsOf(x()), ctx.today.alarms);
     hideOrMinimise();
     ctx.dropNewEvent();
 }

@@ -3,8 +3,8 @@
 #include "engine/context.h"
 #include "message/message_text.h"
 #include "message/ui/message_text_box.h"
+#include "platform/twips.h"
 #include "platform/ui/front.h"
-#include "platform/ui/window_place.h"
 #include "platform/ui/window_twips.h"
 #include "sound/notices.h"
 
@@ -81,13 +81,13 @@ void InputMessageWindow::load() {
     input->clear();
     showControls(MessageControls());
     setFontSize(kFirstFontSize);
-    window_place::moveTwips(*this, kFirstLeft, kFirstTop);
+    move(px(this, kFirstLeft), px(this, kFirstTop));
     // A hidden window keeps its last focus; the typing of a new message must go into the box.
     input->setFocus(Qt::OtherFocusReason);
 
     const MessagePlacement placement = m_core.load();
     if (placement.hasLocation)
-        window_place::moveTwips(*this, placement.left, placement.top);
+        move(px(this, placement.left), px(this, placement.top));
     if (placement.hasFontSize && placement.fontSize > 0)
         setFontSize(placement.fontSize);
     window_twips::makeTopmost(this);
@@ -205,8 +205,10 @@ void InputMessageWindow::closeEvent(QCloseEvent* event) {
 void InputMessageWindow::unload() {
     if (!m_core.loaded())
         return;
+    const double perPixel = window_twips::twipsPerPixel(this);
+    const double ratio = devicePixelRatioF();
     const bool normal = !(windowState() & (Qt::WindowMinimized | Qt::WindowMaximized));
-    const QPointF place = window_place::topLeftTwips(*this);
-    m_core.closing(normal, place.y(), place.x());
+    m_core.closing(normal, twips::toTwips(qRound(y() * ratio), perPixel),
+                   twips::toTwips(qRound(x() * ratio), perPixel));
     hide();
 }

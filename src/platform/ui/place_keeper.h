@@ -19,7 +19,4 @@ private:
     using QObject::QObject;
     QPoint m_place;
     bool m_known = false;
-    // The frame's corner in device pixels, where the platform tells it.
-    QPoint m_corner;
-    bool m_cornerSeen = false;
 };
