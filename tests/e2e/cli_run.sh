@@ -49,13 +49,7 @@ awk -v r="$rms" 'BEGIN { exit !(r > 0.01) }' || fail "no sound was recorded"
 [ -z "$("$program" list)" ] || fail "the rung alarm is still listed"
 
 # 4. A plain second start is refused as before.
-"$program" >"$work/second.log" 2>&1 &
-second_pid=$!
-refusal=$(wait_for_window '^Bellwick Alarm Clock sp$' 10) || fail "second start not refused"
-xdotool windowactivate --sync "$refusal" 2>/dev/null
-xdotool key Return
-for _ in $(seq 50); do kill -0 "$second_pid" 2>/dev/null || break; sleep 0.1; done
-kill -0 "$second_pid" 2>/dev/null && fail "second copy still runs"
+second_start_refused "$program"
 
 # 5. Two scripts add 50 events each at once, for tomorrow: the schedule holds all 100, each whole.
 tomorrow=$(date -d tomorrow +%Y/%m/%d)

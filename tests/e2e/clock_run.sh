@@ -28,15 +28,7 @@ case "$dpi" in
 *) fail "no figures for $dpi dots per inch" ;;
 esac
 
-clock=""
-for _ in $(seq 100); do
-    for w in $(xdotool search --onlyvisible --class bellwick 2>/dev/null); do
-        xwininfo -id "$w" | grep -q "Width: ${size%x*}\$" && clock=$w
-    done
-    [ -n "$clock" ] && break
-    sleep 0.1
-done
-[ -n "$clock" ] || { cat "$work/bellwick.log"; fail "no desktop clock of $size pixels"; }
+clock=$(window_of_width "${size%x*}" 10) || { cat "$work/bellwick.log"; fail "no desktop clock of $size pixels"; }
 place() { xdotool getwindowgeometry "$clock" | awk '/Position/ {split($2, p, ","); print p[1], p[2]}'; }
 drag() { # grip x y inside the window, to screen x y [, last step], in steps as a hand would: 20 pixels, and the
     # given step (3 unless told) over the last 30 pixels of each axis

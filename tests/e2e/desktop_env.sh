@@ -1,7 +1,7 @@
 # Sourced by the desktop runs: a fresh per-user folder and a real X display with a window manager and a tray.
 # Gives: $work, pids, fail, start_desktop [dots per inch] [notray], start_tray, write_settings <record 4 value>
 # [clock at start], start_sound_server, stop_sound_server, record_rms <seconds>, wait_for_window <name pattern>
-# <seconds>, tray_icon.
+# <seconds>, tray_icon, window_of_width <pixels> <seconds>, second_start_refused <program>.
 
 work=$(mktemp -d)
 pids=()
@@ -113,4 +113,26 @@ tray_icon() { # true when one of the program's windows is icon-sized: its icon i
         [ "${width:-0}" -gt 8 ] && [ "${width:-0}" -le 64 ] && [ "${height:-0}" -le 64 ] && return 0
     done
     return 1
+}
+
+window_of_width() { # pixels, seconds: the id of one of the program's windows of that width
+    local w
+    for _ in $(seq $(($2 * 10))); do
+        for w in $(xdotool search --onlyvisible --class bellwick 2>/dev/null); do
+            xwininfo -id "$w" | grep -q "Width: $1\$" && echo "$w" && return 0
+        done
+        sleep 0.1
+    done
+    return 1
+}
+
+second_start_refused() { # <program>: a second start says so, is answered and ends
+    "$1" >"$work/second.log" 2>&1 &
+    local second_pid=$! refusal
+    refusal=$(wait_for_window '^Bellwick Alarm Clock sp$' 10) || fail "second start not refused"
+    xdotool windowactivate --sync "$refusal" 2>/dev/null
+    xdotool key Return
+    for _ in $(seq 50); do kill -0 "$second_pid" 2>/dev/null || break; sleep 0.1; done
+    kill -0 "$second_pid" 2>/dev/null && fail "second copy still runs"
+    return 0
 }

@@ -30,13 +30,7 @@ echo "sound while ringing: RMS $rms"
 awk -v r="$rms" 'BEGIN { exit !(r > 0.01) }' || fail "no sound was recorded"
 
 # 2. A second start is refused with its message; the first copy goes on.
-"$program" >"$work/second.log" 2>&1 &
-second_pid=$!
-refusal=$(wait_for_window '^Bellwick Alarm Clock sp$' 10) || fail "second start not refused"
-xdotool windowactivate --sync "$refusal" 2>/dev/null
-xdotool key Return
-for _ in $(seq 50); do kill -0 "$second_pid" 2>/dev/null || break; sleep 0.1; done
-kill -0 "$second_pid" 2>/dev/null && fail "second copy still runs"
+second_start_refused "$program"
 kill -0 "$main_pid" 2>/dev/null || fail "first copy ended"
 
 # 3. A left click on the tray icon stops the repeating alarm.

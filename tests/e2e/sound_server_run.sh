@@ -81,6 +81,10 @@ awk -v r="$rms" 'BEGIN { exit !(r > 0.01) }' || fail "the second alarm was not h
 # 3. The server goes for good: the third alarm gives the box, then its message window.
 stop_sound_server
 box_then_ok "for the third alarm with no server" 10
-next_message 5 || { cat "$work/bellwick.log"; fail "no third message window"; }
+# The second alarm may still have been sounding when the server went: then its own box came first.
+if ! next_message 3; then
+    box_then_ok "for the third alarm with no server, after the second alarm's" 10
+    next_message 5 || { cat "$work/bellwick.log"; fail "no third message window"; }
+fi
 alive "after the third alarm"
 echo "1 passed, 0 failed"

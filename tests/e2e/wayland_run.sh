@@ -49,15 +49,7 @@ xwayland)
     pid=$!
     pids+=($pid)
 
-    clock=""
-    for _ in $(seq 100); do
-        for w in $(xdotool search --onlyvisible --class bellwick 2>/dev/null); do
-            xwininfo -id "$w" | grep -q 'Width: 200$' && clock=$w
-        done
-        [ -n "$clock" ] && break
-        sleep 0.1
-    done
-    [ -n "$clock" ] || { cat "$work/stderr.log"; fail "no desktop clock on the X11 display $DISPLAY"; }
+    clock=$(window_of_width 200 10) || { cat "$work/stderr.log"; fail "no desktop clock on the X11 display $DISPLAY"; }
     extents=$(xwininfo -id "$clock" -shape | awk '/Window shape extents/ {print $4}')
     [ "$extents" = "155x21+1+1" ] || fail "the outline is $extents, not 155x21+1+1"
     echo "on XWayland $DISPLAY: outline $extents"
