@@ -49,8 +49,7 @@ box_then_ok() { # what for, [seconds]
     done
     [ "$(xdotool getactivewindow 2>/dev/null)" = "$box" ] || fail "the box $1 would not take the keyboard"
     xdotool key Return
-}
-messages=""
+}messages=""
 next_message() { # seconds; the id of a message window not seen before
     local w
     for _ in $(seq $(($1 * 10))); do
@@ -68,6 +67,11 @@ echo "first alarm at $(date +%T) for $first: RMS $rms"
 awk -v r="$rms" 'BEGIN { exit !(r > 0.01) }' || fail "the first alarm was not heard"
 stop_sound_server
 box_then_ok "when the server died under the first alarm"
+# The window manager may take a moment to show it again once the box has gone.
+for _ in $(seq 30); do
+    xdotool search --onlyvisible --name '^Message  ' 2>/dev/null | grep -qxF "${messages%$'\n'}" && break
+    sleep 0.1
+done
 xdotool search --onlyvisible --name '^Message  ' 2>/dev/null | grep -qxF "${messages%$'\n'}" ||
     fail "the first message window went with the box"
 
