@@ -49,7 +49,8 @@ box_then_ok() { # what for, [seconds]
     done
     [ "$(xdotool getactivewindow 2>/dev/null)" = "$box" ] || fail "the box $1 would not take the keyboard"
     xdotool key Return
-}messages=""
+}
+messages=""
 next_message() { # seconds; the id of a message window not seen before
     local w
     for _ in $(seq $(($1 * 10))); do
