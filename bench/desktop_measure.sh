@@ -16,7 +16,7 @@ export XDG_DATA_HOME="$work/data" XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR
 export QT_QPA_PLATFORM=xcb SDL_AUDIODRIVER=dummy
 mkdir -p "$XDG_DATA_HOME/bellwick" "$HOME" && mkdir -m 700 "$XDG_RUNTIME_DIR"
 display=:$((300 + RANDOM % 200))
-Xvfb "$display" -screen 0 1024x768x24 -nolisten tcp >/dev/null 2>&1 &
+Xvfb "$display" -screen 0 1024x768x24 -nolisten tcp -noreset >/dev/null 2>&1 &
 pids+=($!)
 export DISPLAY=$display
 for _ in $(seq 50); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done

@@ -28,10 +28,16 @@ export QT_QPA_PLATFORM=xcb
 
 start_desktop() { # [dots per inch] [notray]
     local dpi="${1:-96}"
-    need_tools Xvfb openbox trayer xdotool xdpyinfo
-    display=:$((70 + RANDOM % 400))
-    Xvfb "$display" -screen 0 1024x768x24 -dpi "$dpi" -nolisten tcp >"$work/xvfb.log" 2>&1 &
+    need_tools Xvfb openbox trayer xdotool xdpyinfo xprop
+    # -noreset: a server resets when its last client leaves, and a client that comes just then is turned away.
+    # The server picks a free display number itself: one picked at random may still be held by a server that is
+    # going away, and the desktop would come up on that one and vanish with it.
+    Xvfb -displayfd 3 -screen 0 1024x768x24 -dpi "$dpi" -nolisten tcp -noreset 3>"$work/display" >"$work/xvfb.log" 2>&1 &
     pids+=($!)
+    local number=""
+    for _ in $(seq 100); do number=$(cat "$work/display" 2>/dev/null) && [ -n "$number" ] && break; sleep 0.1; done
+    [ -n "$number" ] || { cat "$work/xvfb.log"; fail "Xvfb gave no display number"; }
+    display=:$number
     export DISPLAY=$display
     # Qt takes its scale factor from the font density, as a desktop set to this density would give it.
     if [ "$dpi" != 96 ]; then export QT_FONT_DPI=$dpi; else unset QT_FONT_DPI; fi
@@ -40,6 +46,13 @@ start_desktop() { # [dots per inch] [notray]
     [ -n "$up" ] || { cat "$work/xvfb.log"; fail "Xvfb did not start on $display"; }
     openbox >"$work/openbox.log" 2>&1 &
     pids+=($!)
+    # On a busy machine the window manager can come up seconds later; windows mapped before it stand unframed.
+    local managed=""
+    for _ in $(seq 150); do
+        xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id' && managed=1 && break
+        sleep 0.1
+    done
+    [ -n "$managed" ] || { cat "$work/openbox.log"; fail "openbox did not start on $display"; }
     [ "${2:-}" = notray ] && return 0
     start_tray
 }
