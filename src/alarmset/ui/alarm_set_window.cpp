@@ -17,8 +17,7 @@
 #include "engine/schedule_file.h"
 #include "eventlist/ui/event_list_view.h"
 #include "platform/clock.h"
-#include "platform/twips.h"
-#include "platform/ui/place_keeper.h"
+#include "platform/ui/window_place.h"
 #include "platform/ui/window_twips.h"
 
 #include <QAbstractButton>
@@ -71,7 +70,7 @@ void setEditTextIfChanged(QComboBox* box, const QString& text) {
 AlarmSetWindow::AlarmSetWindow(Context& ctx, AlarmSetHooks& hooks, QWidget* parent)
     : QMainWindow(parent), ctx(ctx), hooks(hooks) {
     setObjectName(QStringLiteral("AlarmSetWindow"));
-    PlaceKeeper::keep(this);
+    window_place::keep(*this);
     setWindowTitle(QStringLiteral("Bellwick Alarm Clock..."));
 
     settingsAction = menuBar()->addAction(QStringLiteral("Settings"));
@@ -323,7 +322,7 @@ void AlarmSetWindow::load() {
     loadAlarmSetSettings(ctx, loaded);
     amPm->setText(loaded.amPm);
     if (loaded.havePosition)
-        move(px(loaded.left), px(loaded.top));
+        window_twips::moveTo(this, loaded.left, loaded.top);
     applyFontSetting();
     ctx.entry.date = ctx.clock.dateText();
     dateLabel->setText(ctx.entry.date);
@@ -440,10 +439,6 @@ void AlarmSetWindow::showEntry(const EntryControls& c) {
 
 int AlarmSetWindow::px(double twipValue) const {
     return window_twips::px(this, twipValue);
-}
-
-double AlarmSetWindow::twipsOf(int logicalPixels) const {
-    return twips::toTwips(qRound(logicalPixels * devicePixelRatioF()), window_twips::twipsPerPixel(this));
 }
 
 AlarmSetLinks AlarmSetWindow::links() {
@@ -574,7 +569,8 @@ void AlarmSetWindow::onMinimiseClicked() {
 }
 
 void AlarmSetWindow::onExitClicked() {
-    storeAlarmSetPlace(ctx, twipsOf(y()), twipsOf(x()), ctx.today.alarms);
+    const QPointF place = window_twips::placeOf(this);
+    storeAlarmSetPlace(ctx, place.y(), place.x(), ctx.today.alarms);
     hideOrMinimise();
     ctx.dropNewEvent();
 }

@@ -132,7 +132,6 @@ private:
     void addEvent();
     AlarmSetLinks links();
     int px(double twipValue) const;
-    double twipsOf(int logicalPixels) const;
 
     Context& ctx;
     AlarmSetHooks& hooks;

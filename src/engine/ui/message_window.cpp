@@ -4,6 +4,7 @@
 #include "platform/clock.h"
 #include "platform/ui/fitted_font.h"
 #include "platform/ui/typed_key.h"
+#include "platform/ui/window_place.h"
 #include "platform/ui/window_twips.h"
 #include "settings/settings_records.h"
 #include "sound/alarm_sound.h"
@@ -26,6 +27,8 @@ MessageWindow::MessageWindow(Context& ctx, const QString& text) : m_ctx(ctx) {
     setAttribute(Qt::WA_DeleteOnClose);
     setFont(window_twips::designFont(font()));
     window_twips::sizeAndCentre(this, 4476, 2892);
+    // Hidden until it reminds again, and then it stands where the user left it.
+    window_place::keep(*this);
     setWindowTitle(RemindMe::title(ctx.clock.now()));
 
     m_messageEdit = new QPlainTextEdit(this);

@@ -10,7 +10,6 @@
 #include "eventlist/edit_event.h"
 #include "platform/clock.h"
 #include "platform/numeric.h"
-#include "platform/twips.h"
 #include "platform/ui/typed_key.h"
 #include "platform/ui/window_twips.h"
 #include "settings/settings_records.h"
@@ -202,7 +201,7 @@ void EditEventWindow::load() {
     m_clientWidth = width();
     SettingRecord rec;
     if (settings_records::readRecord(m_ctx.folder, settings_records::kEditWindowLoc, rec))
-        move(px(rec.value2), px(rec.value1));
+        window_twips::moveTo(this, rec.value2, rec.value1);
 }
 
 void EditEventWindow::showControls(const EditControls& c) {
@@ -275,10 +274,10 @@ void EditEventWindow::closeEvent(QCloseEvent* event) {
     // Unloaded from here on: the next opening builds the window anew.
     if (current() == this)
         current() = nullptr;
-    const QPoint at = pos();
+    const QPointF at = window_twips::placeOf(this);
     // Silent, like every settings write: a lost place only means the next window opens elsewhere.
-    settings_records::writeEditWindowLoc(m_ctx.folder, static_cast<int32_t>(roundHalfEven(twipsOf(at.y()))),
-                                         static_cast<int32_t>(roundHalfEven(twipsOf(at.x()))));
+    settings_records::writeEditWindowLoc(m_ctx.folder, static_cast<int32_t>(roundHalfEven(at.y())),
+                                         static_cast<int32_t>(roundHalfEven(at.x())));
     if (m_eventList && m_listHeight > 0)
         m_eventList->resize(m_eventList->width(), m_listHeight);
     QWidget::closeEvent(event);
@@ -308,8 +307,4 @@ bool EditEventWindow::eventFilter(QObject* watched, QEvent* event) {
 
 int EditEventWindow::px(double twipValue) const {
     return window_twips::px(this, twipValue);
-}
-
-double EditEventWindow::twipsOf(int logicalPixels) const {
-    return twips::toTwips(qRound(logicalPixels * devicePixelRatioF()), window_twips::twipsPerPixel(this));
 }

@@ -61,7 +61,6 @@ private:
     EditControls controls() const;
     void setClientWidth(int width);
     int px(double twipValue) const;
-    double twipsOf(int logicalPixels) const;
 
     Context& m_ctx;
     QPointer<QWidget> m_eventList;

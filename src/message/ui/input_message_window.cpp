@@ -3,7 +3,6 @@
 #include "engine/context.h"
 #include "message/message_text.h"
 #include "message/ui/message_text_box.h"
-#include "platform/twips.h"
 #include "platform/ui/front.h"
 #include "platform/ui/window_twips.h"
 #include "sound/notices.h"
@@ -81,13 +80,13 @@ void InputMessageWindow::load() {
     input->clear();
     showControls(MessageControls());
     setFontSize(kFirstFontSize);
-    move(px(this, kFirstLeft), px(this, kFirstTop));
+    window_twips::moveTo(this, kFirstLeft, kFirstTop);
     // A hidden window keeps its last focus; the typing of a new message must go into the box.
     input->setFocus(Qt::OtherFocusReason);
 
     const MessagePlacement placement = m_core.load();
     if (placement.hasLocation)
-        move(px(this, placement.left), px(this, placement.top));
+        window_twips::moveTo(this, placement.left, placement.top);
     if (placement.hasFontSize && placement.fontSize > 0)
         setFontSize(placement.fontSize);
     window_twips::makeTopmost(this);
@@ -205,10 +204,8 @@ void InputMessageWindow::closeEvent(QCloseEvent* event) {
 void InputMessageWindow::unload() {
     if (!m_core.loaded())
         return;
-    const double perPixel = window_twips::twipsPerPixel(this);
-    const double ratio = devicePixelRatioF();
     const bool normal = !(windowState() & (Qt::WindowMinimized | Qt::WindowMaximized));
-    m_core.closing(normal, twips::toTwips(qRound(y() * ratio), perPixel),
-                   twips::toTwips(qRound(x() * ratio), perPixel));
+    const QPointF place = window_twips::placeOf(this);
+    m_core.closing(normal, place.y(), place.x());
     hide();
 }

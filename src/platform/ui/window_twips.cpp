@@ -2,6 +2,7 @@
 
 #include "platform/numeric.h"
 #include "platform/twips.h"
+#include "platform/ui/window_place.h"
 
 #include <QFont>
 #include <QGuiApplication>
@@ -37,12 +38,20 @@ void place(QWidget* child, double left, double top, double width, double height)
 }
 
 void sizeAndCentre(QWidget* window, double width, double height) {
-    const QSize size(px(window, width), px(window, height));
-    window->setFixedSize(size);
-    if (const QScreen* screen = screenOf(window)) {
-        const QRect area = screen->availableGeometry();
-        window->move(area.center() - QPoint(size.width() / 2, size.height() / 2));
-    }
+    window->setFixedSize(px(window, width), px(window, height));
+    const double perPixel = twipsPerPixel(window);
+    window_place::centre(*window, QSize(twips::toPixels(width, perPixel), twips::toPixels(height, perPixel)));
+}
+
+void moveTo(QWidget* window, double left, double top) {
+    const double perPixel = twipsPerPixel(window);
+    window_place::move(*window, QPoint(twips::toPixels(left, perPixel), twips::toPixels(top, perPixel)));
+}
+
+QPointF placeOf(const QWidget* window) {
+    const double perPixel = twipsPerPixel(window);
+    const QPoint device = window_place::topLeft(*window);
+    return QPointF(twips::toTwips(device.x(), perPixel), twips::toTwips(device.y(), perPixel));
 }
 
 QFont designFont(const QFont& base) {

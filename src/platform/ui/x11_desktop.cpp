@@ -44,13 +44,13 @@ xcb_atom_t atom(xcb_connection_t* c, const char* name) {
     return r ? r->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
 
-// Up to `count` CARDINALs of a root window property.
-std::vector<uint32_t> rootCardinals(xcb_connection_t* c, xcb_window_t root, const char* name, uint32_t count) {
+// Up to `count` CARDINALs of a window property.
+std::vector<uint32_t> cardinals(xcb_connection_t* c, xcb_window_t window, const char* name, uint32_t count) {
     const xcb_atom_t property = atom(c, name);
     if (property == XCB_ATOM_NONE)
         return {};
-    const auto r =
-        reply(xcb_get_property_reply(c, xcb_get_property(c, 0, root, property, XCB_ATOM_CARDINAL, 0, count), nullptr));
+    const auto r = reply(
+        xcb_get_property_reply(c, xcb_get_property(c, 0, window, property, XCB_ATOM_CARDINAL, 0, count), nullptr));
     if (!r || r->format != 32 || r->type != XCB_ATOM_CARDINAL)
         return {};
     const auto* values = static_cast<const uint32_t*>(xcb_get_property_value(r.get()));
@@ -59,6 +59,10 @@ std::vector<uint32_t> rootCardinals(xcb_connection_t* c, xcb_window_t root, cons
 }
 
 } // namespace
+
+bool available() {
+    return connection() != nullptr;
+}
 
 bool moveWindow(const QWindow& window, const QPoint& place) {
     xcb_connection_t* c = connection();
@@ -85,6 +89,45 @@ std::optional<QPoint> windowPlace(const QWindow& window) {
     if (!r)
         return std::nullopt;
     return QPoint(r->dst_x, r->dst_y);
+}
+
+bool moveFrame(const QWindow& window, const QPoint& corner, bool frameKnown) {
+    xcb_connection_t* c = connection();
+    const std::optional<xcb_window_t> id = windowId(window);
+    if (!c || !id)
+        return false;
+    // WM_NORMAL_HINTS: 18 figures, the flags first and the gravity last. Without one the reference point is the
+    // frame's corner; with static gravity it is the window's own.
+    constexpr uint32_t kGravityGiven = 1u << 9;
+    const std::vector<uint32_t> hints = [&] {
+        const auto r = reply(xcb_get_property_reply(
+            c, xcb_get_property(c, 0, *id, XCB_ATOM_WM_NORMAL_HINTS, XCB_ATOM_WM_SIZE_HINTS, 0, 18), nullptr));
+        if (!r || r->format != 32)
+            return std::vector<uint32_t>();
+        const auto* values = static_cast<const uint32_t*>(xcb_get_property_value(r.get()));
+        return std::vector<uint32_t>(values, values + xcb_get_property_value_length(r.get()) / 4);
+    }();
+    const bool staticGravity = hints.size() == 18 && (hints[0] & kGravityGiven) && hints[17] == XCB_GRAVITY_STATIC;
+    QPoint place = corner;
+    if (staticGravity) {
+        const std::optional<QMargins> frame = frameExtents(window);
+        if (!frame && frameKnown)
+            return false;
+        place += frame ? QPoint(frame->left(), frame->top()) : QPoint();
+    }
+    return moveWindow(window, place);
+}
+
+std::optional<QMargins> frameExtents(const QWindow& window) {
+    xcb_connection_t* c = connection();
+    const std::optional<xcb_window_t> id = windowId(window);
+    if (!c || !id)
+        return std::nullopt;
+    // Left, right, top, bottom.
+    const std::vector<uint32_t> e = cardinals(c, *id, "_NET_FRAME_EXTENTS", 4);
+    if (e.size() != 4)
+        return std::nullopt;
+    return QMargins(static_cast<int>(e[0]), static_cast<int>(e[2]), static_cast<int>(e[1]), static_cast<int>(e[3]));
 }
 
 std::optional<QPoint> pointer() {
@@ -125,11 +168,11 @@ std::optional<QRect> workArea() {
     if (!c || !screen)
         return std::nullopt;
     const xcb_window_t root = rootScreen(c)->root;
-    const std::vector<uint32_t> current = rootCardinals(c, root, "_NET_CURRENT_DESKTOP", 1);
+    const std::vector<uint32_t> current = cardinals(c, root, "_NET_CURRENT_DESKTOP", 1);
     // A desktop number past any sane count is not trusted; the first desktop's area is what Qt itself reads.
     const uint32_t desktop = current.empty() || current[0] > 255 ? 0 : current[0];
     // Four figures a desktop: x, y, width, height.
-    const std::vector<uint32_t> areas = rootCardinals(c, root, "_NET_WORKAREA", 4 * (desktop + 1));
+    const std::vector<uint32_t> areas = cardinals(c, root, "_NET_WORKAREA", 4 * (desktop + 1));
     const size_t first = areas.size() >= 4 * (desktop + 1) ? 4 * desktop : 0;
     if (areas.size() < first + 4)
         return std::nullopt;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMargins>
 #include <QPoint>
 #include <QRect>
 
@@ -12,10 +13,17 @@ class QWindow;
 // caller goes through Qt.
 namespace x11_desktop {
 
+bool available();
+
 // Asks for the window's top left corner at this place; the window manager may still put it elsewhere.
 bool moveWindow(const QWindow& window, const QPoint& place);
 // Where the window's top left corner stands on the screen.
 std::optional<QPoint> windowPlace(const QWindow& window);
+// Asks for the outer corner of the window's frame at this place, whichever reference point the window's size hints
+// give the manager. False, with frameKnown, while the manager has not told the frame that the place depends on.
+bool moveFrame(const QWindow& window, const QPoint& corner, bool frameKnown = false);
+// The window manager's frame around the window (_NET_FRAME_EXTENTS).
+std::optional<QMargins> frameExtents(const QWindow& window);
 
 std::optional<QPoint> pointer();
 bool warpPointer(const QPoint& place);
