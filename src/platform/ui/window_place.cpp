@@ -19,21 +19,28 @@ bool moveNatively(QWidget& window, const QPoint& device, bool frameKnown = false
            x11_desktop::moveFrame(*window.windowHandle(), device, frameKnown);
 }
 
-// A window just shown is framed by the manager a little later; its place may depend on that frame.
-void moveWhenFramed(QWidget& window, const QPoint& device, int triesLeft = 25) {
-    if (!x11_desktop::available() || moveNatively(window, device, triesLeft > 0) || triesLeft <= 0 ||
-        !window.isVisible())
+// A window just shown is framed by the manager a little later, and its place may depend on that frame; the
+// manager may also place it once more while it maps it. So the place is looked at, and asked for again, until it
+// has held for a few looks. One never framed, as where no window manager runs, is left where Qt put it.
+void moveWhenFramed(QWidget& window, const QPoint& device, int looksLeft = 250, int held = 0) {
+    if (!x11_desktop::available() || !window.isVisible() || looksLeft <= 0 || held >= 10)
         return;
-    QTimer::singleShot(20, &window, [&window, device, triesLeft] { moveWhenFramed(window, device, triesLeft - 1); });
+    if (nativeTopLeft(window) == device) {
+        ++held;
+    } else {
+        held = 0;
+        moveNatively(window, device, true);
+    }
+    QTimer::singleShot(20, &window,
+                       [&window, device, looksLeft, held] { moveWhenFramed(window, device, looksLeft - 1, held); });
 }
 
-QPoint toLogical(const QWidget& window, const QPoint& device) {
-    const double ratio = window.devicePixelRatioF();
-    return QPoint(static_cast<int>(roundHalfEven(device.x() / ratio)),
-                  static_cast<int>(roundHalfEven(device.y() / ratio)));
+QPoint scaled(const QPoint& point, double factor) {
+    return QPoint(static_cast<int>(roundHalfEven(point.x() * factor)),
+                  static_cast<int>(roundHalfEven(point.y() * factor)));
 }
 
-// One a window: takes it to its device pixel when it is shown, and remembers where it stood when it is hidden.
+// One per window: takes it to its device pixel when it is shown, and remembers where it stood when it is hidden.
 class Placer : public QObject {
 public:
     static Placer& of(QWidget& window) {
@@ -48,27 +55,40 @@ public:
         m_place = device;
         m_armed = true;
     }
-    void disarm() { m_armed = false; }
+    // The program places the window itself from here on.
+    void forget() {
+        m_armed = false;
+        m_logicalKnown = false;
+    }
     void keep() { m_keep = true; }
 
 protected:
     bool eventFilter(QObject*, QEvent* event) override {
         if (event->type() == QEvent::Move && m_keep && m_window.isVisible() && !m_window.isMinimized()) {
             // Read while the window is framed: once hidden, the manager has taken its frame away.
-            if (const std::optional<QPoint> corner = nativeTopLeft(m_window))
+            const std::optional<QPoint> corner = nativeTopLeft(m_window);
+            const std::optional<QPoint> client = corner ? x11_desktop::windowPlace(*m_window.windowHandle()) : corner;
+            if (client) {
                 arm(*corner);
+                m_frameOffset = *client - *corner;
+                m_frameOffsetKnown = true;
+            }
         } else if (event->type() == QEvent::Hide && m_keep && !m_window.isVisible() && !m_window.isMinimized()) {
             m_logical = m_window.geometry().topLeft();
-            m_logicalKnown = !m_armed;
+            m_logicalKnown = true;
         } else if (event->type() == QEvent::Show) {
-            // Sent before Qt maps the window at its logical place: the native move follows that.
+            // Sent before Qt maps the window. Through the native window, as a move to where Qt already thinks the
+            // window stands would be dropped, and the window manager would place it anew.
+            QWindow* handle = m_window.windowHandle();
+            if (m_logicalKnown && handle)
+                handle->setPosition(m_logical);
             const bool native = m_armed && x11_desktop::available();
+            // A window framed before goes out at its own device pixel; the manager frames it around that. Else
+            // the move follows the framing.
+            if (native && m_frameOffsetKnown && handle)
+                x11_desktop::moveWindow(*handle, m_place + m_frameOffset);
             if (native)
                 QTimer::singleShot(0, this, [this, place = m_place] { moveWhenFramed(m_window, place); });
-            else if (m_logicalKnown && m_window.windowHandle())
-                // Through the native window: a move to where Qt already thinks the window stands would be
-                // dropped, and the window manager would place it anew.
-                m_window.windowHandle()->setPosition(m_logical);
             m_armed = native && m_keep;
             m_logicalKnown = false;
         }
@@ -85,14 +105,17 @@ private:
     // Where only Qt's logical place is known.
     QPoint m_logical;
     bool m_logicalKnown = false;
+    // The window's own corner less its frame's, when it was last framed.
+    QPoint m_frameOffset;
+    bool m_frameOffsetKnown = false;
 };
 
 } // namespace
 
 void move(QWidget& window, const QPoint& device) {
-    window.move(toLogical(window, device));
+    window.move(scaled(device, 1.0 / window.devicePixelRatioF()));
     Placer& placer = Placer::of(window);
-    placer.disarm();
+    placer.forget();
     if (!window.isVisible())
         placer.arm(device);
     else if (window.windowHandle() && window.windowHandle()->isExposed())
@@ -109,10 +132,8 @@ void centre(QWidget& window, const QSize& device) {
         if (!screen)
             return;
         const QRect logical = screen->availableGeometry();
-        const double ratio = screen->devicePixelRatio();
-        area = QRect(QPoint(static_cast<int>(roundHalfEven(logical.x() * ratio)),
-                            static_cast<int>(roundHalfEven(logical.y() * ratio))),
-                     logical.size() * ratio);
+        area =
+            QRect(scaled(logical.topLeft(), screen->devicePixelRatio()), logical.size() * screen->devicePixelRatio());
     }
     move(window,
          area->topLeft() + QPoint((area->width() - device.width()) / 2, (area->height() - device.height()) / 2));
@@ -122,20 +143,14 @@ std::optional<QPoint> nativeTopLeft(const QWidget& window) {
     const QWindow* handle = window.windowHandle();
     if (!handle || !window.isVisible())
         return std::nullopt;
-    const std::optional<QPoint> client = x11_desktop::windowPlace(*handle);
-    if (!client)
-        return std::nullopt;
-    const QMargins frame = x11_desktop::frameExtents(*handle).value_or(QMargins());
-    return *client - QPoint(frame.left(), frame.top());
+    return x11_desktop::frameCorner(*handle);
 }
 
 QPoint topLeft(const QWidget& window) {
     if (const std::optional<QPoint> native = nativeTopLeft(window))
         return *native;
     // A window's logical place includes its frame.
-    const double ratio = window.devicePixelRatioF();
-    return QPoint(static_cast<int>(roundHalfEven(window.x() * ratio)),
-                  static_cast<int>(roundHalfEven(window.y() * ratio)));
+    return scaled(window.pos(), window.devicePixelRatioF());
 }
 
 void keep(QWidget& window) {

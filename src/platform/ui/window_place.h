@@ -15,7 +15,7 @@ void move(QWidget& window, const QPoint& device);
 // Places a window of this client size in the middle of the desktop less its panels.
 void centre(QWidget& window, const QSize& device);
 QPoint topLeft(const QWidget& window);
-// Nothing where only Qt's logical place is known.
+// Nothing where only Qt's logical place is known, or while the window manager has not framed the window.
 std::optional<QPoint> nativeTopLeft(const QWidget& window);
 
 // Keeps the window where it was left across a hide and a show. A window the program never placed itself is placed

@@ -110,24 +110,40 @@ bool moveFrame(const QWindow& window, const QPoint& corner, bool frameKnown) {
     const bool staticGravity = hints.size() == 18 && (hints[0] & kGravityGiven) && hints[17] == XCB_GRAVITY_STATIC;
     QPoint place = corner;
     if (staticGravity) {
-        const std::optional<QMargins> frame = frameExtents(window);
-        if (!frame && frameKnown)
+        const std::optional<QPoint> frame = frameCorner(window);
+        const std::optional<QPoint> client = frame ? windowPlace(window) : std::nullopt;
+        if (!client && frameKnown)
             return false;
-        place += frame ? QPoint(frame->left(), frame->top()) : QPoint();
+        if (client)
+            place += *client - *frame;
     }
     return moveWindow(window, place);
 }
 
-std::optional<QMargins> frameExtents(const QWindow& window) {
+std::optional<QPoint> frameCorner(const QWindow& window) {
     xcb_connection_t* c = connection();
     const std::optional<xcb_window_t> id = windowId(window);
     if (!c || !id)
         return std::nullopt;
-    // Left, right, top, bottom.
-    const std::vector<uint32_t> e = cardinals(c, *id, "_NET_FRAME_EXTENTS", 4);
-    if (e.size() != 4)
-        return std::nullopt;
-    return QMargins(static_cast<int>(e[0]), static_cast<int>(e[2]), static_cast<int>(e[1]), static_cast<int>(e[3]));
+    // The frame is the window's ancestor that is a child of the root; a window still a child of the root itself
+    // has not been framed yet. A frame's place is its outer corner, border included.
+    const xcb_window_t root = rootScreen(c)->root;
+    xcb_window_t frame = *id;
+    for (int depth = 0; depth < 8; ++depth) {
+        const auto tree = reply(xcb_query_tree_reply(c, xcb_query_tree(c, frame), nullptr));
+        if (!tree)
+            return std::nullopt;
+        if (tree->parent == root) {
+            if (frame == *id)
+                return std::nullopt;
+            const auto geometry = reply(xcb_get_geometry_reply(c, xcb_get_geometry(c, frame), nullptr));
+            if (!geometry)
+                return std::nullopt;
+            return QPoint(geometry->x, geometry->y);
+        }
+        frame = tree->parent;
+    }
+    return std::nullopt;
 }
 
 std::optional<QPoint> pointer() {

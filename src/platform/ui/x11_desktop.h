@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QMargins>
 #include <QPoint>
 #include <QRect>
 
@@ -20,10 +19,10 @@ bool moveWindow(const QWindow& window, const QPoint& place);
 // Where the window's top left corner stands on the screen.
 std::optional<QPoint> windowPlace(const QWindow& window);
 // Asks for the outer corner of the window's frame at this place, whichever reference point the window's size hints
-// give the manager. False, with frameKnown, while the manager has not told the frame that the place depends on.
+// give the manager. False, with frameKnown, while the manager has not yet framed a window whose place depends on it.
 bool moveFrame(const QWindow& window, const QPoint& corner, bool frameKnown = false);
-// The window manager's frame around the window (_NET_FRAME_EXTENTS).
-std::optional<QMargins> frameExtents(const QWindow& window);
+// The outer corner of the window manager's frame around the window; nothing while the window is not framed.
+std::optional<QPoint> frameCorner(const QWindow& window);
 
 std::optional<QPoint> pointer();
 bool warpPointer(const QPoint& place);
