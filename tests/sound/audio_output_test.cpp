@@ -10,6 +10,7 @@
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
 #include <QThread>
+#include <QtEndian>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -68,6 +69,27 @@ Recording record(const std::function<void(SdlAudio&)>& play) {
     return r;
 }
 
+QByteArray le32(quint32 v) {
+    v = qToLittleEndian(v);
+    return QByteArray(reinterpret_cast<const char*>(&v), 4);
+}
+
+// What an alarm shows when no output can sound it.
+const QStringList kCannotPlay = {QStringLiteral("timer off"),
+                                 QStringLiteral("box Error found, Sound cannot be played, alarm at 07:30:00 tray=0"),
+                                 QStringLiteral("timer on")};
+
+SoundDevices realDevices(LinuxSoundDevices& outputs, const SoundFixture& f) {
+    SoundDevices devices = outputs.devices();
+    devices.midiCopyPath = f.dir.filePath(QStringLiteral("run/air.mid"));
+    return devices;
+}
+
+void copyOurSounds(SoundFixture& f) {
+    QFile::copy(kData + "/ding.wav", f.ctx.soundChoice.songPath);
+    QFile::copy(kData + "/air.mid", f.ctx.appFile(QStringLiteral("air.mid")));
+}
+
 TEST(AudioOutputTest, OurWavesSound) {
     for (const char* name : {"ding.wav", "didi.snd"}) {
         SCOPED_TRACE(name);
@@ -84,7 +106,7 @@ TEST(AudioOutputTest, OurWavesSound) {
 TEST(AudioOutputTest, StoppedWaveFallsSilent) {
     const Recording r = record([&](SdlAudio& audio) {
         SdlWaveOutput wave(audio);
-        ASSERT_TRUE(wave.play(kData + QStringLiteral("/ding.wav"), 0));
+        ASSERT_TRUE(wave.play(kData + "/ding.wav", 0));
         QThread::msleep(150);
         wave.stop();
         QThread::msleep(250);
@@ -101,11 +123,9 @@ TEST(AudioOutputTest, AirSoundsThroughTheSequencerCommands) {
         // What playMidi sends, with the file in a folder with a blank.
         QTemporaryDir dir;
         const QString copy = dir.filePath(QStringLiteral("my run air.mid"));
-        ASSERT_TRUE(QFile::copy(kData + QStringLiteral("/air.mid"), copy));
+        ASSERT_TRUE(QFile::copy(kData + "/air.mid", copy));
         EXPECT_NE(mci.sendCommand(QStringLiteral("close tmpMidiPlay")), 0u);
-        ASSERT_EQ(
-            mci.sendCommand(QStringLiteral("open \"") + copy + QStringLiteral("\" type sequencer alias tmpMidiPlay")),
-            0u)
+        ASSERT_EQ(mci.sendCommand("open \"" + copy + "\" type sequencer alias tmpMidiPlay"), 0u)
             << sequencer.error().toStdString();
         ASSERT_EQ(mci.sendCommand(QStringLiteral("play tmpMidiPlay")), 0u);
         QThread::msleep(700);
@@ -153,24 +173,19 @@ TEST(AudioOutputTest, SweepSoundsAsSquareWavesAtTheTimerFrequencies) {
 TEST(AudioOutputTest, NoDeviceMeansTheFallbackPath) {
     AudioDriver driver("bellwick-no-such-driver");
     SoundFixture f;
-    QFile::copy(kData + QStringLiteral("/ding.wav"), f.ctx.soundChoice.songPath);
-    QFile::copy(kData + QStringLiteral("/air.mid"), f.ctx.appFile(QStringLiteral("air.mid")));
+    copyOurSounds(f);
     QElapsedTimer clock;
     clock.start();
     {
         LinuxSoundDevices outputs;
-        SoundDevices devices = outputs.devices();
-        devices.midiCopyPath = f.dir.filePath(QStringLiteral("run/air.mid"));
-        SoundPlayer player(f.ctx, devices);
+        SoundPlayer player(f.ctx, realDevices(outputs, f));
         player.playAlarm(QStringLiteral("once"), f.ctx.soundChoice.songPath);
         EXPECT_FALSE(outputs.audio().error().isEmpty());
         SquareWaveSpeaker square(outputs.audio());
         EXPECT_FALSE(square.available());
         player.stopSounds();
     }
-    EXPECT_EQ(f.log, (QStringList{QStringLiteral("timer off"),
-                                  QStringLiteral("box Error found, Sound cannot be played, alarm at 07:30:00 tray=0"),
-                                  QStringLiteral("timer on")}));
+    EXPECT_EQ(f.log, kCannotPlay);
     EXPECT_LT(clock.elapsed(), 3000);
 }
 
@@ -192,12 +207,12 @@ TEST(AudioOutputTest, ALostDeviceIsOpenedAnewForTheNextSound) {
         SdlWaveOutput wave(audio);
         SquareWaveSpeaker square(audio);
         ASSERT_TRUE(square.available());
-        ASSERT_TRUE(wave.play(kData + QStringLiteral("/ding.wav"), 0)) << wave.error().toStdString();
+        ASSERT_TRUE(wave.play(kData + "/ding.wav", 0)) << wave.error().toStdString();
         ASSERT_TRUE(waitUntilLost(audio));
         EXPECT_TRUE(wave.fellSilent());
 
         qputenv("SDL_DISKAUDIOFILE", QFile::encodeName(file));
-        ASSERT_TRUE(wave.play(kData + QStringLiteral("/ding.wav"), 1)) << wave.error().toStdString();
+        ASSERT_TRUE(wave.play(kData + "/ding.wav", 1)) << wave.error().toStdString();
         QThread::msleep(200);
         EXPECT_FALSE(audio.lost());
         EXPECT_FALSE(wave.fellSilent());
@@ -231,13 +246,10 @@ TEST(AudioOutputTest, AnAlarmWhoseDeviceIsLostForGoodGivesTheBoxOnce) {
     AudioDriver driver("disk", "/dev/full");
     SoundFixture f;
     f.ctx.options.errorPopups = true;
-    QFile::copy(kData + QStringLiteral("/ding.wav"), f.ctx.soundChoice.songPath);
-    QFile::copy(kData + QStringLiteral("/air.mid"), f.ctx.appFile(QStringLiteral("air.mid")));
+    copyOurSounds(f);
     {
         LinuxSoundDevices outputs;
-        SoundDevices devices = outputs.devices();
-        devices.midiCopyPath = f.dir.filePath(QStringLiteral("run/air.mid"));
-        SoundPlayer player(f.ctx, devices);
+        SoundPlayer player(f.ctx, realDevices(outputs, f));
         player.playAlarm(QStringLiteral("repeat"), f.ctx.soundChoice.songPath);
         ASSERT_TRUE(f.log.isEmpty()) << f.log.join(QLatin1Char('\n')).toStdString();
         ASSERT_TRUE(waitUntilLost(outputs.audio()));
@@ -247,9 +259,7 @@ TEST(AudioOutputTest, AnAlarmWhoseDeviceIsLostForGoodGivesTheBoxOnce) {
         player.keepRinging();
         player.stopSounds();
     }
-    EXPECT_EQ(f.log, (QStringList{QStringLiteral("timer off"),
-                                  QStringLiteral("box Error found, Sound cannot be played, alarm at 07:30:00 tray=0"),
-                                  QStringLiteral("timer on")}));
+    EXPECT_EQ(f.log, kCannotPlay);
 }
 
 TEST(AudioOutputTest, AMidiFileThatIsNoMidiGivesTheBox) {
@@ -259,25 +269,15 @@ TEST(AudioOutputTest, AMidiFileThatIsNoMidiGivesTheBox) {
     writeBytes(f.ctx.appFile(QStringLiteral("air.mid")), "not a midi file either");
     {
         LinuxSoundDevices outputs;
-        SoundDevices devices = outputs.devices();
-        devices.midiCopyPath = f.dir.filePath(QStringLiteral("run/air.mid"));
-        SoundPlayer player(f.ctx, devices);
+        SoundPlayer player(f.ctx, realDevices(outputs, f));
         player.playAlarm(QStringLiteral("once"), f.ctx.soundChoice.songPath);
         player.stopSounds();
     }
-    EXPECT_EQ(f.log, (QStringList{QStringLiteral("timer off"),
-                                  QStringLiteral("box Error found, Sound cannot be played, alarm at 07:30:00 tray=0"),
-                                  QStringLiteral("timer on")}));
+    EXPECT_EQ(f.log, kCannotPlay);
 
     // The check passes our own air.mid, bare or inside a RIFF "RMID" file, and nothing cut short.
-    const QByteArray air = readBytes(kData + QStringLiteral("/air.mid"));
+    const QByteArray air = readBytes(kData + "/air.mid");
     EXPECT_TRUE(isPlayableMidi(air));
-    auto le32 = [](qsizetype v) {
-        QByteArray b(4, '\0');
-        for (int i = 0; i < 4; ++i)
-            b[i] = char((v >> (8 * i)) & 0xFF);
-        return b;
-    };
     const QByteArray padded = air + QByteArray(air.size() & 1, '\0');
     EXPECT_TRUE(isPlayableMidi("RIFF" + le32(padded.size() + 12) + "RMID" + "data" + le32(air.size()) + padded));
     EXPECT_FALSE(isPlayableMidi(air.left(14)));
@@ -296,14 +296,10 @@ TEST(AudioOutputTest, APipeAsTheSongCannotPlayAndHoldsNothingUp) {
         EXPECT_FALSE(outputs.devices().wave.play(f.ctx.soundChoice.songPath, 1));
         SdlMidiSequencer midi(outputs.audio());
         EXPECT_FALSE(midi.open(f.ctx.soundChoice.songPath));
-        SoundDevices devices = outputs.devices();
-        devices.midiCopyPath = f.dir.filePath(QStringLiteral("run/air.mid"));
-        SoundPlayer player(f.ctx, devices);
+        SoundPlayer player(f.ctx, realDevices(outputs, f));
         player.playAlarm(QStringLiteral("once"), f.ctx.soundChoice.songPath);
     }));
-    EXPECT_EQ(f.log, (QStringList{QStringLiteral("timer off"),
-                                  QStringLiteral("box Error found, Sound cannot be played, alarm at 07:30:00 tray=0"),
-                                  QStringLiteral("timer on")}));
+    EXPECT_EQ(f.log, kCannotPlay);
 }
 
 TEST(AudioOutputTest, FileThatIsNotAudioCannotBePlayed) {
@@ -318,17 +314,15 @@ TEST(AudioOutputTest, FileThatIsNotAudioCannotBePlayed) {
     EXPECT_TRUE(audio.isOpen());
     EXPECT_FALSE(midi.open(text));
     EXPECT_FALSE(midi.play());
-    EXPECT_TRUE(wave.play(kData + QStringLiteral("/ding.wav"), 1));
+    EXPECT_TRUE(wave.play(kData + "/ding.wav", 1));
 
     // A wave cut after its header, or within its first hundredth of a second, plays next to nothing, so it
     // cannot play; one whose header (RIFF and data sizes) claims far more than the file holds plays what is there.
     auto waveFile = [&](quint32 declared, int dataBytes) {
         const QString path = dir.filePath(QStringLiteral("w%1.wav").arg(dataBytes));
-        QByteArray b("RIFF\0\0\0\0WAVEfmt \x10\0\0\0\x01\0\x01\0\x44\xac\0\0\x88\x58\x01\0\x02\0\x10\0data", 40);
-        for (int i = 0; i < 4; ++i) {
-            b[4 + i] = char((declared >> (8 * i)) & 0xFF);
-            b.append(char((declared >> (8 * i)) & 0xFF));
-        }
+        QByteArray b = "RIFF" + le32(declared) +
+                       QByteArray("WAVEfmt \x10\0\0\0\x01\0\x01\0\x44\xac\0\0\x88\x58\x01\0\x02\0\x10\0data", 32) +
+                       le32(declared);
         for (int i = 0; i < dataBytes / 2; ++i) {
             const qint16 v = qint16(8000 * ((i / 50) % 2 ? 1 : -1));
             b.append(char(v & 0xFF)).append(char((v >> 8) & 0xFF));

@@ -84,18 +84,15 @@ TEST(SoundPlayerTest, EveryChainOfPlaySound) {
 }
 
 TEST(SoundPlayerTest, TheNotFoundBoxCutsSevenCharactersWhateverTheFolder) {
-    SoundFixture f;
-    f.wave.playable = false;
-    f.ctx.soundChoice.songPath = QStringLiteral("/x/a.wav");
-    f.ctx.tick.nextAlarm = QStringLiteral("23:59");
-    f.player.playAlarm(QStringLiteral("once"), f.ctx.soundChoice.songPath);
-    EXPECT_EQ(f.log.at(3), QStringLiteral("box v, wave file not found, alarm at 23:59 tray=0"));
-
-    SoundFixture g;
-    g.wave.playable = false;
-    g.ctx.soundChoice.songPath = QStringLiteral("a.wav");
-    g.player.playAlarm(QStringLiteral("once"), g.ctx.soundChoice.songPath);
-    EXPECT_EQ(g.log.at(3), QStringLiteral("box , wave file not found, alarm at 07:30:00 tray=0"));
+    for (const auto& [song, box] : {std::pair{"/x/a.wav", "box v, wave file not found, alarm at 23:59 tray=0"},
+                                    std::pair{"a.wav", "box , wave file not found, alarm at 23:59 tray=0"}}) {
+        SoundFixture f;
+        f.wave.playable = false;
+        f.ctx.soundChoice.songPath = QString::fromLatin1(song);
+        f.ctx.tick.nextAlarm = QStringLiteral("23:59");
+        f.player.playAlarm(QStringLiteral("once"), f.ctx.soundChoice.songPath);
+        EXPECT_EQ(f.log.at(3), QString::fromLatin1(box));
+    }
 }
 
 TEST(SoundPlayerTest, PlayWordDecidesTheCount) {
@@ -185,7 +182,7 @@ TEST(SoundPlayerTest, SndPlaySoundPlaysOnceOrStops) {
 
 TEST(SoundPlayerTest, MidiCopiesAirOverTheFixedCopy) {
     SoundFixture f;
-    const QString copy = f.dir.path() + QStringLiteral("/run/air.mid");
+    const QString copy = f.dir.path() + "/run/air.mid";
     writeBytes(f.ctx.appFile(QStringLiteral("air.mid")), "new air");
     f.player.playMidi();
     EXPECT_EQ(readBytes(copy), QByteArray("new air"));
@@ -209,18 +206,17 @@ TEST(SoundPlayerTest, MidiCopiesAirOverTheFixedCopy) {
 struct MidiFixture : SoundFixture {
     FakeSequencer sequencer;
     MciSequencerCommands commands{sequencer};
-    SoundPlayer midiForm{ctx, SoundDevices{wave, commands, ports, dir.path() + QStringLiteral("/my run/air.mid")}};
+    SoundPlayer midiForm{ctx, SoundDevices{wave, commands, ports, dir.path() + "/my run/air.mid"}};
 };
 
 TEST(SoundPlayerTest, MidiRestartsFromTheBeginningAndQuotesBlanks) {
     MidiFixture f;
-    const QString copy = f.dir.path() + QStringLiteral("/my run/air.mid");
+    const QString copy = f.dir.path() + "/my run/air.mid";
     writeBytes(f.ctx.appFile(QStringLiteral("air.mid")), "air");
     f.midiForm.playMidi();
     f.midiForm.playMidi();
-    EXPECT_EQ(f.sequencer.log,
-              (QStringList{QStringLiteral("open ") + copy, QStringLiteral("play"), QStringLiteral("close"),
-                           QStringLiteral("open ") + copy, QStringLiteral("play")}));
+    EXPECT_EQ(f.sequencer.log, (QStringList{"open " + copy, QStringLiteral("play"), QStringLiteral("close"),
+                                            "open " + copy, QStringLiteral("play")}));
     EXPECT_TRUE(f.log.isEmpty());
     f.midiForm.stopSounds();
     EXPECT_EQ(f.sequencer.log.last(), QStringLiteral("close"));
@@ -248,13 +244,11 @@ struct MciFixture {
 TEST(MciCommandsTest, OpenPlayClose) {
     MciFixture f;
     const QString air = f.file(QStringLiteral("air.mid"));
-    EXPECT_EQ(f.mci.sendCommand(QStringLiteral("open ") + air + QStringLiteral(" type sequencer alias tmpMidiPlay")),
-              0u);
+    EXPECT_EQ(f.mci.sendCommand("open " + air + " type sequencer alias tmpMidiPlay"), 0u);
     EXPECT_EQ(f.mci.openAlias(), QStringLiteral("tmpMidiPlay"));
     EXPECT_EQ(f.mci.sendCommand(QStringLiteral("PLAY tmpmidiplay")), 0u);
     EXPECT_EQ(f.mci.sendCommand(QStringLiteral("close tmpMidiPlay")), 0u);
-    EXPECT_EQ(f.sequencer.log,
-              (QStringList{QStringLiteral("open ") + air, QStringLiteral("play"), QStringLiteral("close")}));
+    EXPECT_EQ(f.sequencer.log, (QStringList{"open " + air, QStringLiteral("play"), QStringLiteral("close")}));
     EXPECT_TRUE(f.mci.openAlias().isEmpty());
     // A closed device answers with an error and touches nothing.
     EXPECT_EQ(f.mci.sendCommand(QStringLiteral("close tmpMidiPlay")), MciSequencerCommands::kInvalidDeviceName);
@@ -265,33 +259,28 @@ TEST(MciCommandsTest, OpenPlayClose) {
 TEST(MciCommandsTest, OpenFailures) {
     MciFixture f;
     const QString missing = f.dir.filePath(QStringLiteral("none.mid"));
-    EXPECT_EQ(f.mci.sendCommand(QStringLiteral("open ") + missing + QStringLiteral(" type sequencer alias a")),
-              MciSequencerCommands::kFileNotFound);
+    EXPECT_EQ(f.mci.sendCommand("open " + missing + " type sequencer alias a"), MciSequencerCommands::kFileNotFound);
     const QString air = f.file(QStringLiteral("air.mid"));
-    EXPECT_EQ(f.mci.sendCommand(QStringLiteral("open ") + air + QStringLiteral(" type waveaudio alias a")),
-              MciSequencerCommands::kInvalidDeviceName);
-    EXPECT_EQ(f.mci.sendCommand(QStringLiteral("open ") + air + QStringLiteral(" shareable a")),
-              MciSequencerCommands::kUnrecognizedKeyword);
+    EXPECT_EQ(f.mci.sendCommand("open " + air + " type waveaudio alias a"), MciSequencerCommands::kInvalidDeviceName);
+    EXPECT_EQ(f.mci.sendCommand("open " + air + " shareable a"), MciSequencerCommands::kUnrecognizedKeyword);
     EXPECT_EQ(f.mci.sendCommand(QStringLiteral("seek a to start")), MciSequencerCommands::kUnrecognizedCommand);
     EXPECT_EQ(f.mci.sendCommand(QString()), MciSequencerCommands::kUnrecognizedCommand);
     EXPECT_TRUE(f.sequencer.log.isEmpty());
 
     f.sequencer.opens = false;
-    EXPECT_EQ(f.mci.sendCommand(QStringLiteral("open ") + air + QStringLiteral(" type sequencer alias a")),
-              MciSequencerCommands::kCannotLoadDriver);
+    EXPECT_EQ(f.mci.sendCommand("open " + air + " type sequencer alias a"), MciSequencerCommands::kCannotLoadDriver);
     EXPECT_EQ(f.mci.sendCommand(QStringLiteral("play a")), MciSequencerCommands::kInvalidDeviceName);
 }
 
 TEST(MciCommandsTest, QuotedNamesAndOneDeviceAtATime) {
     MciFixture f;
     const QString air = f.file(QStringLiteral("my air.mid"));
-    EXPECT_EQ(f.mci.sendCommand(QStringLiteral("open \"") + air + QStringLiteral("\" type sequencer")), 0u);
+    EXPECT_EQ(f.mci.sendCommand("open \"" + air + "\" type sequencer"), 0u);
     // Without an alias the device is named by its file.
     EXPECT_EQ(f.mci.openAlias(), air);
-    EXPECT_EQ(f.mci.sendCommand(QStringLiteral("open \"") + air + QStringLiteral("\" alias b")),
-              MciSequencerCommands::kDeviceOpen);
-    EXPECT_EQ(f.mci.sendCommand(QStringLiteral("play \"") + air + QStringLiteral("\"")), 0u);
-    EXPECT_EQ(f.sequencer.log, (QStringList{QStringLiteral("open ") + air, QStringLiteral("play")}));
+    EXPECT_EQ(f.mci.sendCommand("open \"" + air + "\" alias b"), MciSequencerCommands::kDeviceOpen);
+    EXPECT_EQ(f.mci.sendCommand("play \"" + air + "\""), 0u);
+    EXPECT_EQ(f.sequencer.log, (QStringList{"open " + air, QStringLiteral("play")}));
 }
 
 } // namespace
