@@ -17,6 +17,22 @@
 
 namespace {
 
+void send(QWidget* target, QEvent::Type type, Qt::MouseButton button, QPointF at, Qt::MouseButtons held = {}) {
+    QMouseEvent event(type, at, target->mapToGlobal(at), button, held, Qt::NoModifier);
+    QApplication::sendEvent(target, &event);
+}
+
+// What the window system sends when a window has moved.
+void reportMove(QWidget* window) {
+    QMoveEvent event(window->pos(), window->pos());
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    QApplication::instance()->notify(window, &event); // sendEvent would take the mark off
+}
+
+void processDeletes() {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
 struct ClockRig {
     EngineFixture engine;
     FakeScreen screen;
@@ -42,23 +58,22 @@ struct ClockRig {
             *value2 = rec.value2;
         return rec.value1;
     }
+    // The text the face shows at 15:07:09.
+    QString textAtSevenPastThree() {
+        engine.clock.set(2026, 11, 19, 15, 7, 9);
+        form->onTick();
+        return form->timeLabel->text();
+    }
+    // Closes by the close end and gives the place stored for the next start, top and left.
+    std::pair<int32_t, int32_t> closeByTheEnd() {
+        send(form->closeEnd, QEvent::MouseButtonPress, Qt::LeftButton, {5, 5});
+        processDeletes();
+        EXPECT_TRUE(form.isNull());
+        int32_t left = 0;
+        const int32_t top = stored(5, &left);
+        return {top, left};
+    }
 };
-
-void send(QWidget* target, QEvent::Type type, Qt::MouseButton button, QPointF at, Qt::MouseButtons held = {}) {
-    QMouseEvent event(type, at, target->mapToGlobal(at), button, held, Qt::NoModifier);
-    QApplication::sendEvent(target, &event);
-}
-
-// What the window system sends when a window has moved.
-void reportMove(QWidget* window) {
-    QMoveEvent event(window->pos(), window->pos());
-    QSpontaneKeyEvent::setSpontaneous(&event);
-    QApplication::instance()->notify(window, &event); // sendEvent would take the mark off
-}
-
-void processDeletes() {
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
 
 TEST(DesktopClock, LoadStartsAtTheTopWithDefaultsOrTakesItsRecords) {
     ClockRig first;
@@ -74,9 +89,7 @@ TEST(DesktopClock, LoadStartsAtTheTopWithDefaultsOrTakesItsRecords) {
     EXPECT_FLOAT_EQ(f.face().labelFontSize, 9);
     EXPECT_EQ(first.dock.window(), &f);
     EXPECT_TRUE(first.dock.alwaysOnTop());
-    first.engine.clock.set(2026, 11, 19, 15, 7, 9);
-    f.onTick();
-    EXPECT_EQ(f.timeLabel->text(), QStringLiteral("03 : 07 : 09  PM"));
+    EXPECT_EQ(first.textAtSevenPastThree(), QStringLiteral("03 : 07 : 09  PM"));
 
     ClockRig rig(96);
     rig.writeRecord(5, settings_records::keyOf(settings_records::kClockLocation), 600, 1200);
@@ -89,9 +102,7 @@ TEST(DesktopClock, LoadStartsAtTheTopWithDefaultsOrTakesItsRecords) {
     EXPECT_FALSE(g.hour24());
     EXPECT_FLOAT_EQ(g.face().labelTop, 42); // 12, and two pixels down at 96
     EXPECT_EQ(g.timeLabel->y(), 3);
-    rig.engine.clock.set(2026, 11, 19, 15, 7, 9);
-    g.onTick();
-    EXPECT_EQ(g.timeLabel->text(), QStringLiteral("03 : 07  PM"));
+    EXPECT_EQ(rig.textAtSevenPastThree(), QStringLiteral("03 : 07  PM"));
 
     ClockRig other;
     other.writeRecord(9, QStringLiteral("[24Hour]"), 1);
@@ -99,9 +110,7 @@ TEST(DesktopClock, LoadStartsAtTheTopWithDefaultsOrTakesItsRecords) {
     DesktopClock& h = other.load();
     EXPECT_TRUE(h.hour24Action->isChecked());
     EXPECT_FLOAT_EQ(h.face().labelFontSize, 9);
-    other.engine.clock.set(2026, 11, 19, 15, 7, 9);
-    h.onTick();
-    EXPECT_EQ(h.timeLabel->text(), QStringLiteral("15 : 07 : 09"));
+    EXPECT_EQ(other.textAtSevenPastThree(), QStringLiteral("15 : 07 : 09"));
 }
 
 TEST(DesktopClock, OutlineAndFaceKeepTheirPixelsAtEveryDensity) {
@@ -135,9 +144,7 @@ TEST(DesktopClock, MenuTogglesAndSizesAreStoredAtOnce) {
     EXPECT_EQ(rig.stored(9), 1);
     EXPECT_EQ(rig.stored(10), 0);
     EXPECT_EQ(rig.stored(13), 1);
-    rig.engine.clock.set(2026, 11, 19, 15, 7, 9);
-    f.onTick();
-    EXPECT_EQ(f.timeLabel->text(), QStringLiteral("15 : 07"));
+    EXPECT_EQ(rig.textAtSevenPastThree(), QStringLiteral("15 : 07"));
     f.hour24Action->trigger();
     EXPECT_EQ(rig.stored(9), 0);
 
@@ -177,12 +184,7 @@ TEST(DesktopClock, CloseAreaSwitchesToTheDateAndBackThenClosesStoringThePlace) {
 
     f.setTop(1200);
     f.setLeft(2400);
-    send(f.closeEnd, QEvent::MouseButtonPress, Qt::LeftButton, {5, 5});
-    processDeletes();
-    EXPECT_TRUE(rig.form.isNull());
-    int32_t left = 0;
-    EXPECT_EQ(rig.stored(5, &left), 1200);
-    EXPECT_EQ(left, 2400);
+    EXPECT_EQ(rig.closeByTheEnd(), std::pair(1200, 2400));
 }
 
 TEST(DesktopClock, LabelDragsOnLeftAndHandsOverToTheAlarmSetWindowOnRight) {
@@ -266,12 +268,7 @@ TEST(DesktopClock, WhereWindowsCannotPlaceThemselvesItIsAPlainWindowThatKeepsThe
     send(f.timeLabel, QEvent::MouseButtonPress, Qt::RightButton, {20, 5});
     EXPECT_EQ(shown, 1);
     f.move(40, 50);
-    send(f.closeEnd, QEvent::MouseButtonPress, Qt::LeftButton, {5, 5});
-    processDeletes();
-    EXPECT_TRUE(rig.form.isNull());
-    int32_t left = 0;
-    EXPECT_EQ(rig.stored(5, &left), 600);
-    EXPECT_EQ(left, 1200);
+    EXPECT_EQ(rig.closeByTheEnd(), std::pair(600, 1200));
 }
 
 TEST(DesktopClock, ANativeWindowStandsOnTheDevicePixelAndDragsByThePointerItself) {
