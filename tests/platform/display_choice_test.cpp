@@ -4,7 +4,7 @@
 
 namespace {
 
-QProcessEnvironment environment(std::initializer_list<std::pair<const char*, const char*>> values) {
+QProcessEnvironment environment(const std::vector<std::pair<const char*, const char*>>& values) {
     QProcessEnvironment env;
     for (const auto& [name, value] : values)
         env.insert(QString::fromLatin1(name), QString::fromLatin1(value));
@@ -12,27 +12,26 @@ QProcessEnvironment environment(std::initializer_list<std::pair<const char*, con
 }
 
 TEST(DisplayChoice, XWaylandIsChosenWithWaylandAsTheWayOutWhenItLeadsNowhere) {
-    const QStringList none;
-    EXPECT_EQ(display_choice::platformToAsk(environment({{"WAYLAND_DISPLAY", "wayland-0"}, {"DISPLAY", ":0"}}), none),
-              QStringLiteral("xcb;wayland"));
-    // A Wayland session told by its type alone.
-    EXPECT_EQ(display_choice::platformToAsk(environment({{"XDG_SESSION_TYPE", "wayland"}, {"DISPLAY", ":1"}}), none),
-              QStringLiteral("xcb;wayland"));
-    // Plain X11 and pure Wayland: Qt's own choice is already the right one.
-    EXPECT_EQ(display_choice::platformToAsk(environment({{"DISPLAY", ":0"}, {"XDG_SESSION_TYPE", "x11"}}), none),
-              QString());
-    EXPECT_EQ(display_choice::platformToAsk(environment({{"WAYLAND_DISPLAY", "wayland-0"}, {"DISPLAY", ""}}), none),
-              QString());
-    EXPECT_EQ(display_choice::platformToAsk(environment({}), none), QString());
+    const struct {
+        std::vector<std::pair<const char*, const char*>> env;
+        const char* ask;
+    } sessions[] = {
+        {{{"WAYLAND_DISPLAY", "wayland-0"}, {"DISPLAY", ":0"}}, "xcb;wayland"},
+        {{{"XDG_SESSION_TYPE", "wayland"}, {"DISPLAY", ":1"}}, "xcb;wayland"}, // Wayland told by its type alone
+        // Plain X11 and pure Wayland: Qt's own choice is already the right one.
+        {{{"DISPLAY", ":0"}, {"XDG_SESSION_TYPE", "x11"}}, ""},
+        {{{"WAYLAND_DISPLAY", "wayland-0"}, {"DISPLAY", ""}}, ""},
+        {{}, ""},
+    };
+    for (const auto& s : sessions)
+        EXPECT_EQ(display_choice::platformToAsk(environment(s.env), {}), QString::fromLatin1(s.ask)) << s.ask;
 }
 
 TEST(DisplayChoice, TheUsersOwnChoiceStands) {
     const auto both = environment({{"WAYLAND_DISPLAY", "wayland-0"}, {"DISPLAY", ":0"}});
     for (const QStringList& arguments :
-         {QStringList{QStringLiteral("-platform"), QStringLiteral("wayland")},
-          QStringList{QStringLiteral("-style"), QStringLiteral("fusion"), QStringLiteral("--platform"),
-                      QStringLiteral("wayland")},
-          QStringList{QStringLiteral("-platform=wayland")}, QStringList{QStringLiteral("--platform=offscreen")}})
+         {QStringList{"-platform", "wayland"}, QStringList{"-style", "fusion", "--platform", "wayland"},
+          QStringList{"-platform=wayland"}, QStringList{"--platform=offscreen"}})
         EXPECT_EQ(display_choice::platformToAsk(both, arguments), QString()) << arguments.join(u' ').toStdString();
     auto chosen = both;
     chosen.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("wayland"));
