@@ -228,6 +228,14 @@ struct TextFitTest : ::testing::Test, EngineFixture {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QApplication::setFont(appFont);
     }
+    // Every test's windows hold every caption they were measured with.
+    void TearDown() override { EXPECT_TRUE(fit.misfits.isEmpty()) << report(fit.misfits); }
+    // Measures a window and lets it go, unless it has gone on its own.
+    void measureOnce(QWidget* window, const QString& name) {
+        const QPointer<QWidget> kept = window;
+        fit.window(window, name);
+        delete kept.data();
+    }
 };
 
 // A fresh program folder whose settings file chooses the font: 1 Arial, 2 Times New Roman at 10 points,
@@ -293,7 +301,6 @@ TEST_F(TextFitTest, AlarmSetWindowInEachFontChoice) {
         }
         run.ctx.alarmSetUi = nullptr;
     }
-    EXPECT_TRUE(fit.misfits.isEmpty()) << report(fit.misfits);
 }
 
 TEST_F(TextFitTest, MessageWindowControls) {
@@ -305,7 +312,6 @@ TEST_F(TextFitTest, MessageWindowControls) {
         if (control->window() == form.data())
             fit.control(control, QStringLiteral("Message/") + control->metaObject()->className());
     delete form.data();
-    EXPECT_TRUE(fit.misfits.isEmpty()) << report(fit.misfits);
 }
 
 TEST_F(TextFitTest, InputMessageWithEachOfItsTexts) {
@@ -316,18 +322,14 @@ TEST_F(TextFitTest, InputMessageWithEachOfItsTexts) {
             form.cancelButton->setText(QString::fromLatin1(cancel));
             fit.window(&form, QStringLiteral("InputMessage"));
         }
-    EXPECT_TRUE(fit.misfits.isEmpty()) << report(fit.misfits);
 }
 
 TEST_F(TextFitTest, SettingsWindowBothPagesInEachFontChoice) {
     for (int choice : {3, 1, 2}) {
         FontChoiceRun run(choice);
-        QPointer<SettingsWindow> form = new SettingsWindow(run.ctx);
         // Hidden controls are measured too: the second page, the speaker test.
-        fit.window(form, QStringLiteral("Settings(font %1)").arg(choice));
-        delete form.data();
+        measureOnce(new SettingsWindow(run.ctx), QStringLiteral("Settings(font %1)").arg(choice));
     }
-    EXPECT_TRUE(fit.misfits.isEmpty()) << report(fit.misfits);
 }
 
 TEST_F(TextFitTest, EditWindowDeleteChooserAndFileWindows) {
@@ -339,8 +341,7 @@ TEST_F(TextFitTest, EditWindowDeleteChooserAndFileWindows) {
     QPointer<EditEventWindow> edit =
         EditEventWindow::openOn(ctx, "=", "2026/05/30", "13:05:09", "Two\r\nlines", &eventList);
     ASSERT_FALSE(edit.isNull());
-    fit.window(edit, QStringLiteral("Edit"));
-    delete edit.data();
+    measureOnce(edit, QStringLiteral("Edit"));
 
     ctx.today.alarms.addItem("once 09:00:00");
     ctx.today.alarms.addItem("twice 10:00:00");
@@ -353,17 +354,14 @@ TEST_F(TextFitTest, EditWindowDeleteChooserAndFileWindows) {
     fit.window(chooser, QStringLiteral("DeleteChooser"));
     chooser->informationLabel->setText(
         QStringLiteral("detected alarm events were executed, please press ''Cancel'' to close!"));
-    fit.window(chooser, QStringLiteral("DeleteChooser"));
-    delete chooser.data();
+    measureOnce(chooser, QStringLiteral("DeleteChooser"));
 
     writeFile("a rather long file name of alarms.dat", "");
     for (auto open : {&DataFileChooser::openLoad, &DataFileChooser::openSave, &DataFileChooser::openEditor})
         fit.window(open(ctx), QStringLiteral("DataFileChooser"));
     delete DataFileChooser::instance();
     OverwriteQuestion* question = OverwriteQuestion::askOverwrite(ctx, QStringLiteral("Save"), QStringLiteral("a"));
-    fit.window(question, QStringLiteral("Overwrite"));
-    delete question;
-    EXPECT_TRUE(fit.misfits.isEmpty()) << report(fit.misfits);
+    measureOnce(question, QStringLiteral("Overwrite"));
 }
 
 TEST_F(TextFitTest, WarningsErrorListAndAboutBox) {
@@ -373,17 +371,10 @@ TEST_F(TextFitTest, WarningsErrorListAndAboutBox) {
           "cannot play sound from internal speaker, refer to trouble shooting in help",
           "Help file not found, please visit Bellwick's home page for getting help!",
           "0 minute is invalid, the message will be ignored"}) {
-        QPointer<WarningWindow> warning = new WarningWindow(ctx, QString::fromLatin1(text));
-        fit.window(warning, QStringLiteral("Warning"));
-        delete warning.data();
+        measureOnce(new WarningWindow(ctx, QString::fromLatin1(text)), QStringLiteral("Warning"));
     }
-    QPointer<ErrorListWindow> errors = new ErrorListWindow();
-    fit.window(errors, QStringLiteral("ErrorList"));
-    delete errors.data();
-    QPointer<AboutBox> about = new AboutBox();
-    fit.window(about, QStringLiteral("About"));
-    delete about.data();
-    EXPECT_TRUE(fit.misfits.isEmpty()) << report(fit.misfits);
+    measureOnce(new ErrorListWindow(), QStringLiteral("ErrorList"));
+    measureOnce(new AboutBox(), QStringLiteral("About"));
 }
 
 TEST_F(TextFitTest, DesktopClockFaceInEverySize) {
@@ -415,5 +406,4 @@ TEST_F(TextFitTest, DesktopClockFaceInEverySize) {
             }
     }
     delete form.data();
-    EXPECT_TRUE(fit.misfits.isEmpty()) << report(fit.misfits);
 }
