@@ -30,11 +30,7 @@ TEST(SpeakerTest, OneSweepOnThePorts) {
                                                    {'i', 0x61, 0xA7},    {'o', 0x61, 0xA4}};
         expected.insert(expected.end(), tone.begin(), tone.end());
     }
-    ASSERT_EQ(f.ports.accesses.size(), expected.size());
-    for (size_t i = 0; i < expected.size(); ++i) {
-        const PortLog::Access& a = f.ports.accesses[i];
-        EXPECT_EQ(a, expected[i]) << "access " << i << ": " << a.kind << ' ' << a.port << ' ' << a.value;
-    }
+    EXPECT_EQ(f.ports.accesses, expected);
     EXPECT_EQ(f.ports.portB & 3, 0);
 }
 
