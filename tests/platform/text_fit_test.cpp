@@ -60,6 +60,10 @@ bool insideOwnDrawnControl(const QWidget* w) {
     return false;
 }
 
+QString sizeText(QSize size) {
+    return QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
+}
+
 // Collects the texts that do not fit, with what they need and what they have, in logical pixels.
 class TextFit {
 public:
@@ -78,20 +82,18 @@ public:
         const int need = QFontMetrics(titleFont()).horizontalAdvance(window->windowTitle());
         if (need > room)
             misfits << QStringLiteral("%1 title \"%2\": needs %3, has %4")
-                           .arg(name, window->windowTitle())
-                           .arg(need)
-                           .arg(room);
+                           .arg(name, window->windowTitle(), QString::number(need), QString::number(room));
     }
 
     void control(QWidget* w, const QString& where) {
         if (auto* label = qobject_cast<QLabel*>(w))
             checkLabel(label, where);
         else if (auto* button = qobject_cast<QPushButton*>(w))
-            checkButton(button, where);
+            checkButton(button, QStyle::SE_PushButtonContents, where);
         else if (auto* box = qobject_cast<QCheckBox*>(w))
-            checkIndicated(box, QStyle::SE_CheckBoxContents, where);
+            checkButton(box, QStyle::SE_CheckBoxContents, where);
         else if (auto* option = qobject_cast<QRadioButton*>(w))
-            checkIndicated(option, QStyle::SE_RadioButtonContents, where);
+            checkButton(option, QStyle::SE_RadioButtonContents, where);
         else if (auto* combo = qobject_cast<QComboBox*>(w))
             checkCombo(combo, where);
         else if (auto* edit = qobject_cast<QLineEdit*>(w))
@@ -121,12 +123,8 @@ public:
             need.setHeight(lines.size() == 1 ? fm.tightBoundingRect(text).height() : lines.size() * fm.lineSpacing());
         }
         if (need.width() > room.width() || need.height() > room.height())
-            misfits << QStringLiteral("%1 \"%2\": needs %3x%4, has %5x%6")
-                           .arg(where, text)
-                           .arg(need.width())
-                           .arg(need.height())
-                           .arg(room.width())
-                           .arg(room.height());
+            misfits << QStringLiteral("%1 \"%2\": needs %3, has %4")
+                           .arg(where, text, sizeText(need), sizeText(room.size()));
     }
 
 private:
@@ -141,25 +139,20 @@ private:
         fits(where, label->fontMetrics(), label->text(), room, label->wordWrap());
     }
 
-    void checkButton(QPushButton* button, const QString& where) {
+    // Push buttons, check boxes and radio buttons; a push button's room is less its icon's.
+    void checkButton(QAbstractButton* button, QStyle::SubElement contents, const QString& where) {
         QStyleOptionButton opt;
         opt.initFrom(button);
         opt.text = button->text();
-        if (button->isDefault())
+        auto* push = qobject_cast<QPushButton*>(button);
+        if (push && push->isDefault())
             opt.features |= QStyleOptionButton::DefaultButton;
-        if (button->autoDefault())
+        if (push && push->autoDefault())
             opt.features |= QStyleOptionButton::AutoDefaultButton;
-        QRect room = button->style()->subElementRect(QStyle::SE_PushButtonContents, &opt, button);
-        if (!button->icon().isNull())
+        QRect room = button->style()->subElementRect(contents, &opt, button);
+        if (push && !button->icon().isNull())
             room.setLeft(room.left() + button->iconSize().width() + 4);
         fits(where, button->fontMetrics(), button->text(), room);
-    }
-
-    void checkIndicated(QAbstractButton* button, QStyle::SubElement contents, const QString& where) {
-        QStyleOptionButton opt;
-        opt.initFrom(button);
-        opt.text = button->text();
-        fits(where, button->fontMetrics(), button->text(), button->style()->subElementRect(contents, &opt, button));
     }
 
     // The shown item and the placeholder stand in the edit field, less the line edit's or the label's margins.
@@ -202,17 +195,6 @@ private:
 
 std::string report(const QStringList& misfits) {
     return misfits.join(QLatin1Char('\n')).toStdString();
-}
-
-// The title of every month, morning and evening, as the window's clock writes it.
-template <typename Tick>
-void titlesThroughTheYear(FakeClock& clock, TextFit& fit, QWidget* window, const QString& name, Tick tick) {
-    for (int month = 1; month <= 12; ++month)
-        for (int hour : {8, 20}) {
-            clock.set(2026, month, 28, hour, 8, 0);
-            tick();
-            fit.title(window, name);
-        }
 }
 
 struct TextFitTest : ::testing::Test, EngineFixture {
@@ -294,7 +276,13 @@ TEST_F(TextFitTest, AlarmSetWindowInEachFontChoice) {
         ASSERT_NE(form, nullptr);
         form->show();
         const QString name = QStringLiteral("AlarmSet(font %1)").arg(choice);
-        titlesThroughTheYear(run.clock, fit, form, name, [form] { form->onTick(); });
+        // The title of every month, morning and evening, as the window's clock writes it.
+        for (int month = 1; month <= 12; ++month)
+            for (int hour : {8, 20}) {
+                run.clock.set(2026, month, 28, hour, 8, 0);
+                form->onTick();
+                fit.title(form, name);
+            }
         for (const char* half : {"AM", "PM"}) {
             form->amPm->setText(QString::fromLatin1(half));
             fit.window(form, name);
