@@ -266,9 +266,11 @@ TEST_F(TextFitTest, EachKindOfControlIsMeasured) {
     }
 }
 
-TEST_F(TextFitTest, AlarmSetWindowInEachFontChoice) {
+TEST_F(TextFitTest, SettingsAndAlarmSetWindowsInEachFontChoice) {
     for (int choice : {3, 1, 2}) {
         FontChoiceRun run(choice);
+        // Hidden controls are measured too: the settings' second page, the speaker test.
+        measureOnce(new SettingsWindow(run.ctx), QStringLiteral("Settings(font %1)").arg(choice));
         AlarmSetHost host(run.ctx);
         run.ctx.alarmSetUi = &host;
         run.ctx.touchAlarmSet();
@@ -310,14 +312,6 @@ TEST_F(TextFitTest, InputMessageWithEachOfItsTexts) {
             form.cancelButton->setText(QString::fromLatin1(cancel));
             fit.window(&form, QStringLiteral("InputMessage"));
         }
-}
-
-TEST_F(TextFitTest, SettingsWindowBothPagesInEachFontChoice) {
-    for (int choice : {3, 1, 2}) {
-        FontChoiceRun run(choice);
-        // Hidden controls are measured too: the second page, the speaker test.
-        measureOnce(new SettingsWindow(run.ctx), QStringLiteral("Settings(font %1)").arg(choice));
-    }
 }
 
 TEST_F(TextFitTest, EditWindowDeleteChooserAndFileWindows) {
