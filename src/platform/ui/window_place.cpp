@@ -10,9 +10,19 @@
 #include <QWidget>
 #include <QWindow>
 
+#include <optional>
+
 namespace window_place {
 
 namespace {
+
+// Nothing where only Qt's logical place is known, or while the window manager has not framed the window.
+std::optional<QPoint> nativeTopLeft(const QWidget& window) {
+    const QWindow* handle = window.windowHandle();
+    if (!handle || !window.isVisible())
+        return std::nullopt;
+    return x11_desktop::frameCorner(*handle);
+}
 
 bool moveNatively(QWidget& window, const QPoint& device, bool frameKnown = false) {
     return window.isVisible() && window.windowHandle() &&
@@ -137,13 +147,6 @@ void centre(QWidget& window, const QSize& device) {
     }
     move(window,
          area->topLeft() + QPoint((area->width() - device.width()) / 2, (area->height() - device.height()) / 2));
-}
-
-std::optional<QPoint> nativeTopLeft(const QWidget& window) {
-    const QWindow* handle = window.windowHandle();
-    if (!handle || !window.isVisible())
-        return std::nullopt;
-    return x11_desktop::frameCorner(*handle);
 }
 
 QPoint topLeft(const QWidget& window) {

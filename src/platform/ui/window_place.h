@@ -1,7 +1,5 @@
 #pragma once
 
-#include <optional>
-
 class QPoint;
 class QSize;
 class QWidget;
@@ -15,8 +13,6 @@ void move(QWidget& window, const QPoint& device);
 // Places a window of this client size in the middle of the desktop less its panels.
 void centre(QWidget& window, const QSize& device);
 QPoint topLeft(const QWidget& window);
-// Nothing where only Qt's logical place is known, or while the window manager has not framed the window.
-std::optional<QPoint> nativeTopLeft(const QWidget& window);
 
 // Keeps the window where it was left across a hide and a show. A window the program never placed itself is placed
 // by the window manager at every showing, so one dragged away and hidden would come back at its first place.
