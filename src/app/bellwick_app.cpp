@@ -1,4 +1,4 @@
-#include "engine/ui/bellwick_app.h"
+#include "app/bellwick_app.h"
 
 #include "alarmset/ui/alarm_set_host.h"
 #include "alarmset/ui/alarm_set_window.h"
@@ -7,7 +7,7 @@
 #include "engine/command_service.h"
 #include "engine/context.h"
 #include "engine/startup.h"
-#include "engine/ui/tray_icon.h"
+#include "app/tray_icon.h"
 #include "eventlist/ui/delete_chooser_window.h"
 #include "eventlist/ui/event_list_view.h"
 #include "eventlist/ui/event_popup.h"

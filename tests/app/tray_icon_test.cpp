@@ -1,5 +1,5 @@
 #include "engine/startup.h"
-#include "engine/ui/tray_icon.h"
+#include "app/tray_icon.h"
 #include "fakes.h"
 #include "platform/single_instance.h"
 #include "settings/settings_records.h"

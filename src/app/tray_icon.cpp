@@ -1,4 +1,4 @@
-#include "engine/ui/tray_icon.h"
+#include "app/tray_icon.h"
 
 #include "engine/context.h"
 #include "platform/ui/pictures.h"
