@@ -1,7 +1,7 @@
+#include "app/bellwick_app.h"
 #include "engine/command_client.h"
 #include "engine/command_line.h"
 #include "engine/command_protocol.h"
-#include "app/bellwick_app.h"
 #include "platform/display_choice.h"
 
 #include <QApplication>

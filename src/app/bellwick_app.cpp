@@ -2,12 +2,12 @@
 
 #include "alarmset/ui/alarm_set_host.h"
 #include "alarmset/ui/alarm_set_window.h"
+#include "app/tray_icon.h"
 #include "clock/ui/desktop_clock.h"
 #include "datafiles/ui/data_file_chooser.h"
 #include "engine/command_service.h"
 #include "engine/context.h"
 #include "engine/startup.h"
-#include "app/tray_icon.h"
 #include "eventlist/ui/delete_chooser_window.h"
 #include "eventlist/ui/event_list_view.h"
 #include "eventlist/ui/event_popup.h"

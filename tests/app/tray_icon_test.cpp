@@ -1,5 +1,5 @@
-#include "engine/startup.h"
 #include "app/tray_icon.h"
+#include "engine/startup.h"
 #include "fakes.h"
 #include "platform/single_instance.h"
 #include "settings/settings_records.h"
