@@ -4,7 +4,7 @@ set -euo pipefail
 packages=(
     build-essential cmake pkg-config git dpkg-dev desktop-file-utils
     qt6-base-dev qt6-svg-dev libqt6svg6 qt6-qpa-plugins libgl1-mesa-dev libxcb-shape0-dev
-    libsdl2-mixer-dev libfluidsynth-dev timgm6mb-soundfont
+    libsdl2-mixer-dev libfluidsynth-dev timgm6mb-soundfont libical-dev python3-icalendar
     fonts-liberation man-db
     libgtest-dev
     xvfb openbox trayer xdotool x11-utils imagemagick pulseaudio pulseaudio-utils sox

@@ -18,6 +18,7 @@
 #include "platform/linux/linux_sound_devices.h"
 #include "platform/single_instance.h"
 #include "platform/ui/window_twips.h"
+#include "recurring/recurring_arming.h"
 #include "settings/ui/settings_window.h"
 #include "sound/routed_notices.h"
 #include "sound/sound_player.h"
@@ -131,6 +132,7 @@ int BellwickApp::run() {
         std::fprintf(stderr, "bellwick: no command channel for 'bellwick add' and 'list': %s\n",
                      qPrintable(channelError));
     startUp(ctx, startup);
+    recurring_arming::armAtStart(ctx);
     tray.load();
     return QApplication::exec();
 }

@@ -6,6 +6,7 @@
 #include "engine/event_checker.h"
 #include "engine/schedule_file.h"
 #include "platform/clock.h"
+#include "recurring/recurring_arming.h"
 #include "sound/alarm_sound.h"
 #include "sound/notices.h"
 #include "sound/show_message.h"
@@ -47,8 +48,10 @@ void AlarmTick::removeHead() {
 
 void AlarmTick::fireAlarm() {
     m_ctx.tick.needNextAlarm = true;
-    if (!m_ctx.today.alarms.item(0).isEmpty())
+    if (!m_ctx.today.alarms.item(0).isEmpty()) {
+        recurring_arming::noteTaken(m_ctx, m_ctx.today.alarms.item(0).right(8));
         removeHead();
+    }
     m_ctx.sound.playAlarm(m_ctx.tick.nextPlayWord, m_ctx.soundChoice.songPath);
     if (m_ctx.today.messages.count() >= 1)
         showAlarmMessage(m_ctx, m_ctx.tick.nextAlarm);
@@ -84,6 +87,7 @@ void AlarmTick::checkPassedAlarm() {
     // A slipped alarm is only reported, never sounded.
     const QString passed = m_ctx.tick.nextAlarm;
     m_ctx.notices.showAlarmWindow(QStringLiteral("alarm at ") + passed);
+    recurring_arming::noteTaken(m_ctx, m_ctx.today.alarms.item(0).right(8));
     removeHead();
     showAlarmMessage(m_ctx, passed);
     m_ctx.tick.needNextAlarm = true;

@@ -1,6 +1,7 @@
 #include "engine/command_client.h"
 
 #include "platform/command_channel.h"
+#include "platform/record_file.h"
 #include "platform/single_instance.h"
 
 #include <QDeadlineTimer>
@@ -59,7 +60,18 @@ Channel userChannel(const QString& programPath) {
     return c;
 }
 
-command_line::Answer run(const command_protocol::Request& request, const Channel& channel) {
+command_line::Answer run(const command_protocol::Request& given, const Channel& channel) {
+    command_protocol::Request request = given;
+    if (request.command == QLatin1String("import")) {
+        // The file is read here, where its name means what the user meant.
+        QByteArray bytes;
+        FileError error;
+        if (QFileInfo(request.file).size() > 4 * 1024 * 1024)
+            return failed(QStringLiteral("%1: larger than 4 MB, no calendar of alarms").arg(request.file));
+        if (!record_file::readBytes(request.file, bytes, error))
+            return failed(QStringLiteral("%1: %2").arg(request.file, error.description));
+        request.ics = QString::fromUtf8(bytes);
+    }
     if (channel.socketPath.isEmpty())
         return failed(QStringLiteral("no private runtime folder for the command channel"));
     const QByteArray line = command_protocol::toLine(command_protocol::toJson(request));
@@ -90,6 +102,21 @@ command_line::Answer answerFor(const command_protocol::Request& request, const Q
         return failed(QStringLiteral("no answer from the running program"));
     if (!answer.value("ok").toBool())
         return failed(answer.value("error").toString().replace(QLatin1Char('\n'), QStringLiteral("\nbellwick: ")));
+    if (request.command == QLatin1String("export")) {
+        const QByteArray ics = answer.value("ics").toString().toUtf8();
+        if (request.file.isEmpty())
+            return {0, QString::fromUtf8(ics), {}};
+        FileError error;
+        if (!record_file::rewriteBytes(QFileInfo(request.file).absoluteFilePath(), ics, error))
+            return failed(QStringLiteral("%1: %2").arg(request.file, error.description));
+        return {0, {}, {}};
+    }
+    if (request.command == QLatin1String("import")) {
+        QString out = QStringLiteral("imported %1\n").arg(answer.value("imported").toInt());
+        for (const QJsonValue& skipped : answer.value("skipped").toArray())
+            out += QStringLiteral("skipped %1\n").arg(skipped.toString());
+        return {0, out, {}};
+    }
     if (request.command == QLatin1String("add"))
         return {0,
                 command_protocol::eventLine(command_protocol::eventFromJson(answer.value("event").toObject())) +

@@ -1,5 +1,8 @@
 #include "engine/command_protocol.h"
 
+#include "engine/command_recurring.h"
+
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QRegularExpression>
 
@@ -36,14 +39,22 @@ Parsed refused(const QString& what) {
 
 bool isSubCommand(const QStringList& arguments) {
     return !arguments.isEmpty() &&
-           (arguments.first() == QLatin1String("add") || arguments.first() == QLatin1String("list"));
+           (arguments.first() == QLatin1String("add") || arguments.first() == QLatin1String("list") ||
+            arguments.first() == QLatin1String("remove") || arguments.first() == QLatin1String("export") ||
+            arguments.first() == QLatin1String("import"));
 }
 
 Parsed parse(const QStringList& arguments) {
     Request r;
     r.command = arguments.value(0);
+    if (r.command == QLatin1String("remove"))
+        return command_recurring::parseRemove(arguments);
+    if (r.command == QLatin1String("export") || r.command == QLatin1String("import"))
+        return command_recurring::parseExport(arguments);
     const bool add = r.command == QLatin1String("add");
-    const QStringList valued = add ? QStringList{"--date", "--time", "--in", "--plays", "--message"} : QStringList{};
+    const QStringList valued =
+        add ? QStringList{"--date", "--time", "--in", "--plays", "--message", "--every", "--until", "--count"}
+            : QStringList{};
     QStringList seen;
     for (qsizetype i = 1; i < arguments.size(); ++i) {
         QString name = arguments.at(i);
@@ -94,8 +105,12 @@ Parsed parse(const QStringList& arguments) {
             if (!kPlays.contains(value))
                 return refused(QStringLiteral("add: plays '%1' is not once, twice, thrice or repeat").arg(value));
             r.plays = value;
-        } else {
+        } else if (name == QLatin1String("--message")) {
             r.message = value;
+        } else {
+            const QString refusal = command_recurring::parseAddOption(name, value, r);
+            if (!refusal.isEmpty())
+                return refused(refusal);
         }
     }
     if (add) {
@@ -104,6 +119,10 @@ Parsed parse(const QStringList& arguments) {
             return refused(QStringLiteral("add: --in goes without --date and --time"));
         if (!in && !seen.contains(QLatin1String("--time")))
             return refused(QStringLiteral("add: give --time (and --date), or --in"));
+        if (r.every.isEmpty() && (seen.contains(QLatin1String("--until")) || seen.contains(QLatin1String("--count"))))
+            return refused(QStringLiteral("add: --until and --count go with --every"));
+        if (!r.every.isEmpty() && in)
+            return refused(QStringLiteral("add: --every goes with --time, not --in"));
     }
     Parsed p;
     p.request = r;
@@ -121,6 +140,21 @@ QJsonObject toJson(const Request& r) {
         }
         o.insert("plays", r.plays);
         o.insert("message", r.message);
+        if (!r.every.isEmpty()) {
+            o.insert("every", r.every);
+            o.insert("until", r.until);
+            o.insert("count", r.count);
+        }
+    }
+    if (r.command == QLatin1String("import"))
+        o.insert("ics", r.ics);
+    if (r.command == QLatin1String("remove")) {
+        o.insert("date", r.date);
+        o.insert("time", r.time);
+        o.insert("plays", r.plays);
+        o.insert("message", r.message);
+        o.insert("id", r.id);
+        o.insert("chosenBy", QJsonArray::fromStringList(r.chosenBy));
     }
     return o;
 }
@@ -133,20 +167,35 @@ Request requestFromJson(const QJsonObject& o) {
     r.inSeconds = o.value("in").toInteger();
     r.plays = o.value("plays").toString();
     r.message = o.value("message").toString();
+    r.every = o.value("every").toString();
+    r.until = o.value("until").toString();
+    r.count = o.value("count").toInt();
+    r.id = o.value("id").toString();
+    r.ics = o.value("ics").toString();
+    for (const QJsonValue& v : o.value("chosenBy").toArray())
+        r.chosenBy.append(v.toString());
     return r;
 }
 
 QJsonObject toJson(const Event& e) {
-    return {{"date", e.date}, {"time", e.time}, {"plays", e.plays}, {"message", e.message}};
+    QJsonObject o{{"date", e.date}, {"time", e.time}, {"plays", e.plays}, {"message", e.message}, {"id", e.id}};
+    if (!e.every.isEmpty()) {
+        o.insert("every", e.every);
+        o.insert("next", e.next);
+    }
+    return o;
 }
 
 Event eventFromJson(const QJsonObject& o) {
-    return {o.value("date").toString(), o.value("time").toString(), o.value("plays").toString(),
-            o.value("message").toString()};
+    return {o.value("date").toString(),    o.value("time").toString(), o.value("plays").toString(),
+            o.value("message").toString(), o.value("id").toString(),   o.value("every").toString(),
+            o.value("next").toString()};
 }
 
 QString eventLine(const Event& e) {
     QString line = e.date + QLatin1Char(' ') + e.time + QLatin1Char(' ') + e.plays;
+    if (!e.every.isEmpty())
+        line += QStringLiteral(" (every %1)").arg(e.every);
     if (e.message.isEmpty())
         return line;
     line += QLatin1Char(' ');

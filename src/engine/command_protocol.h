@@ -20,6 +20,17 @@ struct Request {
     QString plays = QStringLiteral("once");
     QString message;
     bool json = false; // list --json
+    // add --every: the alarm comes back by this rule, until this day or this many times (0: no end).
+    QString every;
+    QString until;
+    int count = 0;
+    // remove: the alarm's id, and which of date, time, plays, message and id were given to choose it.
+    QString id;
+    QStringList chosenBy;
+    // export: the file to write; standard output when empty. The command line writes it, not the program.
+    QString file;
+    // import: the calendar text, read by the command line.
+    QString ics;
 };
 
 struct Parsed {
@@ -39,10 +50,13 @@ Request requestFromJson(const QJsonObject& object);
 
 // One event as the sub-commands show it.
 struct Event {
-    QString date;    // "yyyy/mm/dd"
-    QString time;    // "hh:mm:ss"
-    QString plays;   // "once", "twice", "thrice" or "repeat"
-    QString message; // line breaks as '\n'; may be empty
+    QString date;       // "yyyy/mm/dd"
+    QString time;       // "hh:mm:ss"
+    QString plays;      // "once", "twice", "thrice" or "repeat"
+    QString message;    // line breaks as '\n'; may be empty
+    QString id = {};    // stable while the alarm stays as it is
+    QString every = {}; // a recurring alarm's rule ("weekdays", ...); empty for one that rings once
+    QString next = {};  // a recurring alarm's next occurrence, "yyyy/mm/dd hh:mm:ss"
 };
 
 QJsonObject toJson(const Event& event);

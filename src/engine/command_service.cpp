@@ -2,9 +2,11 @@
 
 #include "alarmset/alarm_set_links.h"
 #include "engine/alarm_event.h"
+#include "engine/command_recurring.h"
 #include "engine/context.h"
 #include "message/message_text.h"
 #include "platform/clock.h"
+#include "recurring/recurring_rows.h"
 #include "sound/routed_notices.h"
 
 #include <QDate>
@@ -81,7 +83,7 @@ QByteArray add(Context& ctx, RoutedNotices& notices, const command_protocol::Req
 QByteArray list(Context& ctx) {
     ctx.touchAlarmSet();
     QJsonArray events;
-    for (const Event& e : comingEvents(ctx))
+    for (const Event& e : command_recurring::listEvents(ctx))
         events.append(command_protocol::toJson(e));
     return command_protocol::toLine({{"ok", true}, {"events", events}});
 }
@@ -128,8 +130,8 @@ QList<Event> comingEvents(const Context& ctx) {
         events.append({today, time, alarm_event::wholeWordFromTodayRow(row), message_text::shown(message)});
     }
     for (const QString& row : ctx.eventList.rows.items()) {
-        if (alarm_event::rowDate(row) <= today)
-            continue; // today's coming ones are armed above; the rest have passed
+        if (alarm_event::rowDate(row) <= today || recurring_rows::isRecurringRow(row))
+            continue; // today's coming ones are armed above; the rest have passed; recurring ones come apart
         const alarm_event::CrackedRow cracked = alarm_event::crackRow(row);
         QString word;
         QChar mark;
@@ -143,8 +145,16 @@ QList<Event> comingEvents(const Context& ctx) {
 QByteArray serve(Context& ctx, RoutedNotices& notices, const QByteArray& requestLine) {
     const command_protocol::Request request =
         command_protocol::requestFromJson(command_protocol::fromLine(requestLine));
+    if (request.command == QLatin1String("add") && !request.every.isEmpty())
+        return command_recurring::add(ctx, request);
     if (request.command == QLatin1String("add"))
         return add(ctx, notices, request);
+    if (request.command == QLatin1String("remove"))
+        return command_recurring::remove(ctx, request);
+    if (request.command == QLatin1String("export"))
+        return command_recurring::exportAll(ctx);
+    if (request.command == QLatin1String("import"))
+        return command_recurring::importText(ctx, notices, request.ics);
     if (request.command == QLatin1String("list"))
         return list(ctx);
     return refusal(QStringLiteral("unknown request"));

@@ -5,6 +5,7 @@
 #include "engine/front_state.h"
 #include "engine/tick_state.h"
 #include "eventlist/event_list.h"
+#include "recurring/recurring_day.h"
 #include "settings/options.h"
 #include "settings/setting_record.h"
 #include "settings/settings_state.h"
@@ -42,6 +43,8 @@ public:
     DayLists today;
     // Every event of the schedule file, soonest first.
     EventList eventList;
+    // Which occurrences of recurring alarms today's lists hold.
+    RecurringDay recurring;
 
     // The Alarm Set window as the engine sees it; set by whoever builds the program (or the test).
     AlarmSetUi* alarmSetUi = nullptr;

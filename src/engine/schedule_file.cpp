@@ -8,6 +8,8 @@
 #include "platform/field_reader.h"
 #include "platform/numeric.h"
 #include "platform/record_file.h"
+#include "recurring/recurring_arming.h"
+#include "recurring/recurring_rows.h"
 #include "sound/notices.h"
 
 #include <QFileInfo>
@@ -97,7 +99,8 @@ void appendToSchedule(Context& ctx, const QString& date, const QString& message,
     ctx.eventList.insertRow(ctx.newEvent.mark, date + QLatin1Char('-') + ctx.newEvent.time, message, highlight);
 }
 
-void loadSchedule(Context& ctx, const QString& fileName) {
+namespace {
+void loadScheduleFile(Context& ctx, const QString& fileName) {
     int errorCount = 1;
     const QString path = ctx.appFile(fileName);
     if (!QFileInfo::exists(path))
@@ -184,4 +187,14 @@ void loadSchedule(Context& ctx, const QString& fileName) {
     ctx.eventList.endBulk();
     insertTodayRows(ctx, armed);
     ctx.tick.haveAlarms = ctx.today.alarms.count() > 0;
+}
+} // namespace
+
+void loadSchedule(Context& ctx, const QString& fileName) {
+    loadScheduleFile(ctx, fileName);
+    // The day's occurrences of recurring alarms are armed with the schedule's, even when it has no file.
+    if (fileName == QLatin1String("future.dat")) {
+        recurring_arming::armToday(ctx);
+        recurring_rows::show(ctx);
+    }
 }

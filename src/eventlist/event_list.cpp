@@ -1,6 +1,7 @@
 #include "eventlist/event_list.h"
 
 #include "engine/alarm_event.h"
+#include "recurring/recurring_rows.h"
 
 namespace {
 QStringView dateTimeKey(const QString& row) {
@@ -50,6 +51,9 @@ QByteArray EventList::scheduleBytes() const {
         size += row.size();
     data.reserve(size);
     for (const QString& row : rows.items()) {
+        // A recurring alarm's occurrence is shown here but kept in recurring.ics.
+        if (recurring_rows::isRecurringRow(row))
+            continue;
         const QStringView r(row);
         const QStringView message =
             r.size() > alarm_event::kRowFixedLength ? r.right(r.size() - alarm_event::kRowFixedLength) : QStringView();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -16,3 +17,8 @@ void editFromPopup(Context& ctx, const OpenEditorFn& openEditor);
 // deleteAction: every highlighted row goes, without a question, and the schedule is rewritten once.
 // Nothing at all happens when no row is highlighted.
 void deleteFromPopup(Context& ctx);
+
+// The highlighted rows that show occurrences of recurring alarms: the menu's Delete asks about them first.
+QStringList highlightedRecurringRows(const Context& ctx);
+// Skips the day of each of these occurrences, or ends the series each belongs to.
+void deleteRecurringRows(Context& ctx, const QStringList& rows, bool wholeSeries);

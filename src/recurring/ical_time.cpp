@@ -1,0 +1,49 @@
+#include "recurring/ical_time.h"
+
+#include <QTimeZone>
+
+#include <cstdlib>
+
+namespace ical_time {
+
+void prepare() {
+    icalerror_set_errors_are_fatal(0);
+}
+
+icaltimetype floating(const QDateTime& local) {
+    icaltimetype t = icaltime_null_time();
+    t.year = local.date().year();
+    t.month = local.date().month();
+    t.day = local.date().day();
+    t.hour = local.time().hour();
+    t.minute = local.time().minute();
+    t.second = local.time().second();
+    t.is_date = 0;
+    return t;
+}
+
+QDateTime toLocal(icaltimetype t, icaltimezone* zone) {
+    const QDate date(t.year, t.month, t.day);
+    const QTime time = t.is_date ? QTime(0, 0) : QTime(t.hour, t.minute, t.second);
+    if (!date.isValid() || !time.isValid())
+        return {};
+    if (icaltime_is_utc(t))
+        return QDateTime(date, time, Qt::UTC).toLocalTime();
+    if (!zone && t.zone)
+        zone = const_cast<icaltimezone*>(t.zone);
+    if (zone) {
+        const time_t seconds = icaltime_as_timet_with_zone(t, zone);
+        return QDateTime::fromSecsSinceEpoch(static_cast<qint64>(seconds)).toLocalTime();
+    }
+    return QDateTime(date, time);
+}
+
+QString take(char* text) {
+    if (!text)
+        return {};
+    QString s = QString::fromUtf8(text);
+    std::free(text);
+    return s;
+}
+
+} // namespace ical_time

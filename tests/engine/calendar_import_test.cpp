@@ -1,0 +1,166 @@
+#include "engine/command_recurring.h"
+#include "engine/command_service.h"
+#include "fakes.h"
+#include "sound/routed_notices.h"
+
+#include <QJsonArray>
+
+#include <gtest/gtest.h>
+
+#include <ctime>
+
+namespace {
+
+struct LocalZone {
+    QByteArray old;
+    explicit LocalZone(const char* zone) : old(qgetenv("TZ")) {
+        qputenv("TZ", zone);
+        tzset();
+    }
+    ~LocalZone() {
+        if (old.isEmpty())
+            qunsetenv("TZ");
+        else
+            qputenv("TZ", old);
+        tzset();
+    }
+};
+
+// A profile of its own: its folder, its engine, the command service over it.
+struct Profile {
+    QTemporaryDir dir;
+    RecordingNotices windows;
+    RoutedNotices route{windows};
+    RecordingSound sound;
+    Context ctx;
+    WindowlessAlarmSet alarmSet{ctx};
+    explicit Profile(Clock& clock) : ctx(clock, route, sound) {
+        ctx.setStartValues(dir.path());
+        ctx.alarmSetUi = &alarmSet;
+    }
+    QJsonObject send(const command_protocol::Request& r) {
+        return command_protocol::fromLine(
+            command_service::serve(ctx, route, command_protocol::toLine(command_protocol::toJson(r))));
+    }
+    QJsonObject run(const QStringList& arguments) { return send(*command_protocol::parse(arguments).request); }
+    QJsonObject import(const QByteArray& ics) {
+        command_protocol::Request r;
+        r.command = QStringLiteral("import");
+        r.ics = QString::fromUtf8(ics);
+        return send(r);
+    }
+    QStringList listed() {
+        QStringList lines;
+        for (const QJsonValue& e : run({"list"}).value("events").toArray())
+            lines.append(command_protocol::eventLine(command_protocol::eventFromJson(e.toObject())));
+        return lines;
+    }
+};
+
+// Hand-made files in the shapes four calendar programs export.
+const QByteArray kThunderbird = "BEGIN:VCALENDAR\r\nPRODID:-//Mozilla.org/NONSGML Mozilla Calendar V1.1//EN\r\n"
+                                "VERSION:2.0\r\nBEGIN:VTIMEZONE\r\nTZID:Europe/Berlin\r\nBEGIN:STANDARD\r\n"
+                                "TZOFFSETFROM:+0200\r\nTZOFFSETTO:+0100\r\nTZNAME:CET\r\nDTSTART:19701025T030000\r\n"
+                                "RRULE:FREQ=YEARLY;BYDAY=-1SU;BYMONTH=10\r\nEND:STANDARD\r\nBEGIN:DAYLIGHT\r\n"
+                                "TZOFFSETFROM:+0100\r\nTZOFFSETTO:+0200\r\nTZNAME:CEST\r\nDTSTART:19700329T020000\r\n"
+                                "RRULE:FREQ=YEARLY;BYDAY=-1SU;BYMONTH=3\r\nEND:DAYLIGHT\r\nEND:VTIMEZONE\r\n"
+                                "BEGIN:VEVENT\r\nCREATED:20261101T100000Z\r\nLAST-MODIFIED:20261101T100000Z\r\n"
+                                "DTSTAMP:20261101T100000Z\r\nUID:6c1f3b52-1b8e-4d1e-9a53-0c2a0d6e3b11\r\n"
+                                "SUMMARY:Dentist\r\nDTSTART;TZID=Europe/Berlin:20261130T100000\r\n"
+                                "DTEND;TZID=Europe/Berlin:20261130T110000\r\nTRANSP:OPAQUE\r\n"
+                                "X-MOZ-GENERATION:1\r\nBEGIN:VALARM\r\nACTION:DISPLAY\r\n"
+                                "TRIGGER;VALUE=DURATION:-PT15M\r\nDESCRIPTION:Default Mozilla Description\r\n"
+                                "END:VALARM\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n";
+const QByteArray kGnome = "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nPRODID:-//GNOME//GNOME Calendar//EN\r\n"
+                          "BEGIN:VTIMEZONE\r\nTZID:/freeassociation.sourceforge.net/Europe/Berlin\r\n"
+                          "X-LIC-LOCATION:Europe/Berlin\r\nBEGIN:STANDARD\r\nTZNAME:CET\r\nDTSTART:19701025T030000\r\n"
+                          "RRULE:FREQ=YEARLY;BYDAY=-1SU;BYMONTH=10\r\nTZOFFSETFROM:+0200\r\nTZOFFSETTO:+0100\r\n"
+                          "END:STANDARD\r\nBEGIN:DAYLIGHT\r\nTZNAME:CEST\r\nDTSTART:19700329T020000\r\n"
+                          "RRULE:FREQ=YEARLY;BYDAY=-1SU;BYMONTH=3\r\nTZOFFSETFROM:+0100\r\nTZOFFSETTO:+0200\r\n"
+                          "END:DAYLIGHT\r\nEND:VTIMEZONE\r\nBEGIN:VEVENT\r\nUID:b0e4f1aa2c8d@example.org\r\n"
+                          "DTSTAMP:20261120T090000Z\r\nDTSTART;TZID=/freeassociation.sourceforge.net/Europe/Berlin:"
+                          "20261125T120000\r\nDTEND;TZID=/freeassociation.sourceforge.net/Europe/Berlin:"
+                          "20261125T130000\r\nSUMMARY:Lunch with Ana\r\nBEGIN:VALARM\r\n"
+                          "X-EVOLUTION-ALARM-UID:4f9c\r\nACTION:DISPLAY\r\n"
+                          "TRIGGER;VALUE=DURATION;RELATED=START:-PT10M\r\nDESCRIPTION:Lunch with Ana\r\n"
+                          "END:VALARM\r\nEND:VEVENT\r\nBEGIN:VEVENT\r\nUID:allday@example.org\r\n"
+                          "DTSTAMP:20261120T090000Z\r\nDTSTART;VALUE=DATE:20261126\r\nDTEND;VALUE=DATE:20261127\r\n"
+                          "SUMMARY:Holiday\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n";
+const QByteArray kKAlarm = "BEGIN:VCALENDAR\r\nPRODID:-//K Desktop Environment//NONSGML KAlarm 3.5//EN\r\n"
+                           "VERSION:2.0\r\nX-KDE-KALARM-VERSION:3.5.0\r\nBEGIN:VEVENT\r\nDTSTAMP:20261101T080000Z\r\n"
+                           "CREATED:20261101T080000Z\r\nUID:KAlarm-1733200000.101\r\n"
+                           "LAST-MODIFIED:20261101T080000Z\r\nSUMMARY:Bins out\r\nDTSTART:20261102T061500Z\r\n"
+                           "RRULE:FREQ=WEEKLY;BYDAY=MO,WE\r\nEXDATE:20261207T061500Z\r\nCATEGORIES:ACTIVE\r\n"
+                           "BEGIN:VALARM\r\nDESCRIPTION:Bins out\r\nACTION:DISPLAY\r\n"
+                           "TRIGGER;VALUE=DATE-TIME:20261102T061500Z\r\nX-KDE-KALARM-TYPE:MAIN\r\nEND:VALARM\r\n"
+                           "BEGIN:VALARM\r\nACTION:AUDIO\r\nTRIGGER;VALUE=DATE-TIME:20261102T061500Z\r\n"
+                           "X-KDE-KALARM-TYPE:SOUND\r\nEND:VALARM\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n";
+const QByteArray kGoogle = "BEGIN:VCALENDAR\r\nPRODID:-//Google Inc//Google Calendar 70.9054//EN\r\nVERSION:2.0\r\n"
+                           "CALSCALE:GREGORIAN\r\nMETHOD:PUBLISH\r\nX-WR-CALNAME:me@example.com\r\n"
+                           "X-WR-TIMEZONE:Europe/Berlin\r\nBEGIN:VEVENT\r\nDTSTART:20261126T170000Z\r\n"
+                           "DTEND:20261126T180000Z\r\nDTSTAMP:20261120T101010Z\r\nUID:3kq0v1pq@google.com\r\n"
+                           "CREATED:20261120T101000Z\r\nDESCRIPTION:\r\nLAST-MODIFIED:20261120T101000Z\r\n"
+                           "LOCATION:\r\nSEQUENCE:0\r\nSTATUS:CONFIRMED\r\nSUMMARY:Choir\r\nTRANSP:OPAQUE\r\n"
+                           "BEGIN:VALARM\r\nACTION:EMAIL\r\nDESCRIPTION:This is an event reminder\r\n"
+                           "SUMMARY:Alarm notification\r\nATTENDEE:mailto:me@example.com\r\n"
+                           "TRIGGER:-P0DT1H0M0S\r\nEND:VALARM\r\nBEGIN:VALARM\r\nACTION:DISPLAY\r\n"
+                           "DESCRIPTION:This is an event reminder\r\nTRIGGER:-P0DT0H30M0S\r\nEND:VALARM\r\n"
+                           "END:VEVENT\r\nBEGIN:VEVENT\r\nDTSTART:20261128T090000Z\r\nDTEND:20261128T100000Z\r\n"
+                           "DTSTAMP:20261120T101010Z\r\nUID:mailonly@google.com\r\nSUMMARY:Mail only\r\n"
+                           "BEGIN:VALARM\r\nACTION:EMAIL\r\nDESCRIPTION:This is an event reminder\r\n"
+                           "SUMMARY:Alarm notification\r\nATTENDEE:mailto:me@example.com\r\n"
+                           "TRIGGER:-P0DT0H10M0S\r\nEND:VALARM\r\nEND:VEVENT\r\nBEGIN:VTODO\r\n"
+                           "DTSTAMP:20261120T101010Z\r\nUID:todo@example.com\r\nSUMMARY:Pay rent\r\n"
+                           "DUE:20261127T090000\r\nEND:VTODO\r\nEND:VCALENDAR\r\n";
+
+} // namespace
+
+TEST(CalendarImportTest, EachProgramsShapeArmsOrStoresItsAlarmsInLocalTime) {
+    const LocalZone zone("Europe/Berlin");
+    FakeClock clock(QDateTime(QDate(2026, 11, 25), QTime(8, 0))); // a Wednesday
+    struct Case {
+        const char* program;
+        QByteArray file;
+        QStringList listed;
+        int skipped;
+    };
+    const Case cases[] = {
+        {"Thunderbird", kThunderbird, {"2026/11/30 09:45:00 once Dentist"}, 0},
+        {"GNOME Calendar", kGnome, {"2026/11/25 11:50:00 once Lunch with Ana"}, 1},
+        {"KAlarm", kKAlarm, {"2026/11/30 07:15:00 once (every mon,wed) Bins out"}, 0},
+        {"Google Calendar", kGoogle, {"2026/11/26 17:30:00 once Choir", "2026/11/27 09:00:00 once Pay rent"}, 1},
+    };
+    for (const Case& c : cases) {
+        Profile p(clock);
+        const QJsonObject answer = p.import(c.file);
+        ASSERT_TRUE(answer.value("ok").toBool()) << c.program << qPrintable(answer.value("error").toString());
+        EXPECT_EQ(answer.value("skipped").toArray().size(), c.skipped) << c.program;
+        EXPECT_EQ(p.listed(), c.listed) << c.program;
+    }
+    // The skipped occurrence of the KAlarm series stays skipped.
+    Profile k(clock);
+    k.import(kKAlarm);
+    clock.set(QDateTime(QDate(2026, 12, 5), QTime(8, 0)));
+    EXPECT_EQ(k.listed(), QStringList{"2026/12/09 07:15:00 once (every mon,wed) Bins out"});
+}
+
+TEST(CalendarImportTest, ExportThenImportIntoAnEmptyProfileListsTheSame) {
+    FakeClock clock(QDateTime(QDate(2026, 11, 25), QTime(8, 0)));
+    Profile first(clock);
+    ASSERT_TRUE(
+        first.run({"add", "--time", "07:30", "--every", "weekdays", "--plays", "thrice", "--message", "Up\nnow"})
+            .value("ok")
+            .toBool());
+    ASSERT_TRUE(first.run({"add", "--time", "18:00", "--message", "Today"}).value("ok").toBool());
+    ASSERT_TRUE(
+        first.run({"add", "--date", "2027/01/02", "--time", "06:00", "--plays", "repeat"}).value("ok").toBool());
+    const QJsonObject exported = first.run({"export"});
+    ASSERT_TRUE(exported.value("ok").toBool());
+
+    Profile second(clock);
+    const QJsonObject imported = second.import(exported.value("ics").toString().toUtf8());
+    ASSERT_TRUE(imported.value("ok").toBool()) << qPrintable(imported.value("error").toString());
+    EXPECT_EQ(imported.value("imported").toInt(), 3);
+    EXPECT_EQ(second.run({"list", "--json"}).value("events"), first.run({"list", "--json"}).value("events"));
+    EXPECT_EQ(second.listed().size(), 3);
+}

@@ -1,0 +1,160 @@
+#include "recurring/recurrence.h"
+#include "recurring/recurring_file.h"
+
+#include <QElapsedTimer>
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <ctime>
+
+namespace {
+
+// The local zone of the process for one test: floating alarm times must keep their wall time across its turns.
+struct LocalZone {
+    QByteArray old;
+    explicit LocalZone(const char* zone) : old(qgetenv("TZ")) {
+        qputenv("TZ", zone);
+        tzset();
+    }
+    ~LocalZone() {
+        if (old.isEmpty())
+            qunsetenv("TZ");
+        else
+            qputenv("TZ", old);
+        tzset();
+    }
+};
+
+RecurringAlarm alarm(const QString& rule, const QDateTime& start, QList<QDateTime> skipped = {}) {
+    RecurringAlarm a;
+    a.uid = QStringLiteral("u1");
+    a.rule = rule;
+    a.start = start;
+    a.skipped = skipped;
+    return a;
+}
+
+QDateTime at(int y, int m, int d, int h = 7, int mi = 0) {
+    return QDateTime(QDate(y, m, d), QTime(h, mi));
+}
+
+} // namespace
+
+TEST(RecurrenceTest, TimesOfADay) {
+    const LocalZone zone("Europe/Berlin");
+    struct Case {
+        const char* what;
+        RecurringAlarm alarm;
+        QDate day;
+        QStringList times;
+    };
+    const QStringList seven{"07:00:00"};
+    const Case cases[] = {
+        {"daily on the day the clocks go forward", alarm("FREQ=DAILY", at(2026, 3, 20)), QDate(2026, 3, 29), seven},
+        {"daily on the day the clocks go back", alarm("FREQ=DAILY", at(2026, 3, 20)), QDate(2026, 10, 25), seven},
+        // 02:30 does not exist that night: the alarm rings when the clock has jumped past it.
+        {"in the skipped hour", alarm("FREQ=DAILY", at(2026, 3, 20, 2, 30)), QDate(2026, 3, 29), {"03:30:00"}},
+        {"in the doubled hour", alarm("FREQ=DAILY", at(2026, 3, 20, 2, 30)), QDate(2026, 10, 25), {"02:30:00"}},
+        {"31st in February", alarm("FREQ=MONTHLY", at(2026, 1, 31)), QDate(2026, 2, 28), {}},
+        {"31st in March", alarm("FREQ=MONTHLY", at(2026, 1, 31)), QDate(2026, 3, 31), seven},
+        {"31st in April", alarm("FREQ=MONTHLY", at(2026, 1, 31)), QDate(2026, 4, 30), {}},
+        {"29th in a short February", alarm("FREQ=MONTHLY", at(2026, 1, 29)), QDate(2026, 2, 28), {}},
+        {"30th in a leap February", alarm("FREQ=MONTHLY", at(2028, 1, 30)), QDate(2028, 2, 29), {}},
+        {"last day of the month", alarm("FREQ=MONTHLY;BYMONTHDAY=-1", at(2026, 1, 31)), QDate(2026, 2, 28), seven},
+        {"leap day in a common year", alarm("FREQ=YEARLY", at(2024, 2, 29)), QDate(2025, 2, 28), {}},
+        {"leap day in a leap year", alarm("FREQ=YEARLY", at(2024, 2, 29)), QDate(2028, 2, 29), seven},
+        {"last day of UNTIL", alarm("FREQ=DAILY;UNTIL=20260310T235959", at(2026, 3, 1)), QDate(2026, 3, 10), seven},
+        {"after UNTIL", alarm("FREQ=DAILY;UNTIL=20260310T235959", at(2026, 3, 1)), QDate(2026, 3, 11), {}},
+        {"last of COUNT", alarm("FREQ=DAILY;COUNT=3", at(2026, 3, 1)), QDate(2026, 3, 3), seven},
+        {"after COUNT", alarm("FREQ=DAILY;COUNT=3", at(2026, 3, 1)), QDate(2026, 3, 4), {}},
+        {"skipped by EXDATE", alarm("FREQ=DAILY", at(2026, 3, 1), {at(2026, 3, 2)}), QDate(2026, 3, 2), {}},
+        {"the day after EXDATE", alarm("FREQ=DAILY", at(2026, 3, 1), {at(2026, 3, 2)}), QDate(2026, 3, 3), seven},
+        {"weekday in the set", alarm("FREQ=WEEKLY;BYDAY=MO,WE,FR", at(2026, 3, 2)), QDate(2026, 3, 4), seven},
+        {"weekday out of the set", alarm("FREQ=WEEKLY;BYDAY=MO,WE,FR", at(2026, 3, 2)), QDate(2026, 3, 5), {}},
+        {"before the start", alarm("FREQ=DAILY", at(2026, 3, 2)), QDate(2026, 3, 1), {}},
+        {"twice a day", alarm("FREQ=DAILY;BYHOUR=7,19", at(2026, 3, 2)), QDate(2026, 3, 9), {"07:00:00", "19:00:00"}},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(recurrence::timesOn(c.alarm, c.day), c.times) << c.what;
+}
+
+TEST(RecurrenceTest, NextOccurrenceAfterAMoment) {
+    const RecurringAlarm weekdays = alarm("FREQ=WEEKLY;BYDAY=MO,TU,WE,TH,FR", at(2026, 11, 2));
+    EXPECT_EQ(recurrence::nextAfter(weekdays, at(2026, 11, 27, 7, 0)), at(2026, 11, 30)); // Friday's has rung
+    EXPECT_EQ(recurrence::nextAfter(weekdays, at(2026, 11, 27, 6, 59)), at(2026, 11, 27));
+    const RecurringAlarm counted = alarm("FREQ=DAILY;COUNT=2", at(2026, 11, 2));
+    EXPECT_EQ(recurrence::nextAfter(counted, at(2026, 11, 3, 8, 0)), std::nullopt);
+}
+
+TEST(RecurrenceTest, ADayHoldsAtMostItsCapAndARuleThatNeverMatchesEndsAtOnce) {
+    const RecurringAlarm hourly = alarm("FREQ=HOURLY;BYMINUTE=0,10,20,30,40,50", at(2026, 3, 2, 0, 0));
+    EXPECT_EQ(recurrence::timesOn(hourly, QDate(2026, 3, 3)).size(), recurrence::kMostPerDay);
+
+    QElapsedTimer timer;
+    timer.start();
+    const RecurringAlarm never = alarm("FREQ=YEARLY;BYMONTH=2;BYMONTHDAY=30", at(2026, 1, 30));
+    EXPECT_EQ(recurrence::nextAfter(never, at(2026, 1, 31)), std::nullopt);
+    EXPECT_TRUE(recurrence::timesOn(never, QDate(2030, 2, 28)).isEmpty());
+    EXPECT_LT(timer.elapsed(), 5000);
+}
+
+TEST(RecurringFileTest, RefusesWhatIsNoAlarmFileWithAReason) {
+    QByteArray random(4096, '\0');
+    for (int i = 0; i < random.size(); ++i)
+        random[i] = char((i * 7919 + 13) % 251);
+    const QByteArray head = "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nBEGIN:VEVENT\r\nUID:a\r\nDTSTART:20260301T070000\r\n";
+    const QByteArray tail = "END:VEVENT\r\nEND:VCALENDAR\r\n";
+    struct Case {
+        const char* what;
+        QByteArray text;
+        const char* reason;
+    };
+    const Case cases[] = {
+        {"random bytes", random, "not an iCalendar file"},
+        {"a 50 MB line", head + "DESCRIPTION:" + QByteArray(50 * 1024 * 1024, 'x') + "\r\n" + tail, "larger than"},
+        {"every second", head + "RRULE:FREQ=SECONDLY\r\n" + tail, "within the hour"},
+        {"every minute", head + "RRULE:FREQ=MINUTELY;INTERVAL=5\r\n" + tail, "within the hour"},
+        {"no rule", head + tail, "no RRULE"},
+        {"a rule that is none", head + "RRULE:FREQ=SOMETIMES\r\n" + tail, "rule"},
+    };
+    for (const Case& c : cases) {
+        QList<RecurringAlarm> alarms;
+        QString problem;
+        QElapsedTimer timer;
+        timer.start();
+        EXPECT_FALSE(recurring_file::parse(c.text, alarms, problem)) << c.what;
+        EXPECT_TRUE(problem.contains(QLatin1String(c.reason), Qt::CaseInsensitive))
+            << c.what << ": " << qPrintable(problem);
+        EXPECT_LT(timer.elapsed(), 5000) << c.what;
+    }
+}
+
+TEST(RecurringFileTest, WhatIsWrittenReadsBackAndZonedTimesBecomeLocal) {
+    const LocalZone zone("Europe/Berlin");
+    RecurringAlarm a = alarm("FREQ=WEEKLY;UNTIL=20261231T235959;BYDAY=MO,FR", at(2026, 11, 2, 6, 45));
+    a.skipped = {at(2026, 11, 6, 6, 45)};
+    a.plays = QStringLiteral("thrice");
+    a.message = QStringLiteral("Bins out\r\nand \"recycling\"");
+    QList<RecurringAlarm> back;
+    QString problem;
+    ASSERT_TRUE(recurring_file::parse(recurring_file::serialize({a}), back, problem)) << qPrintable(problem);
+    ASSERT_EQ(back.size(), 1);
+    EXPECT_EQ(back[0].uid, a.uid);
+    EXPECT_EQ(back[0].start, a.start);
+    EXPECT_EQ(back[0].skipped, a.skipped);
+    EXPECT_EQ(back[0].plays, a.plays);
+    EXPECT_EQ(back[0].message, QStringLiteral("Bins out\r\nand 'recycling'"));
+    EXPECT_EQ(recurrence::timesOn(back[0], QDate(2026, 11, 9)), QStringList{"06:45:00"});
+    EXPECT_TRUE(recurrence::timesOn(back[0], QDate(2026, 11, 6)).isEmpty());
+
+    // Written by hand or by another program: a UTC start and a start in another zone.
+    const QByteArray zoned = "BEGIN:VCALENDAR\r\nVERSION:2.0\r\n"
+                             "BEGIN:VEVENT\r\nUID:z\r\nDTSTART:20260301T060000Z\r\nRRULE:FREQ=DAILY\r\nEND:VEVENT\r\n"
+                             "BEGIN:VEVENT\r\nUID:n\r\nDTSTART;TZID=America/New_York:20260301T090000\r\n"
+                             "RRULE:FREQ=DAILY\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n";
+    ASSERT_TRUE(recurring_file::parse(zoned, back, problem)) << qPrintable(problem);
+    ASSERT_EQ(back.size(), 2);
+    EXPECT_EQ(back[0].start, at(2026, 3, 1, 7, 0));
+    EXPECT_EQ(back[1].start, at(2026, 3, 1, 15, 0));
+}
