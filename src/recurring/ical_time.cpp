@@ -35,7 +35,13 @@ QDateTime toLocal(icaltimetype t, icaltimezone* zone) {
         const time_t seconds = icaltime_as_timet_with_zone(t, zone);
         return QDateTime::fromSecsSinceEpoch(static_cast<qint64>(seconds)).toLocalTime();
     }
-    return QDateTime(date, time);
+    const QDateTime local(date, time);
+    if (local.isValid() && local.time() == time)
+        return local;
+    // A wall time the clock skips at a turn to summer time: the moment it would have been by the offset before
+    // the turn, as far past the turn as it was meant to be past the hour.
+    const int offsetBefore = QDateTime(date, QTime(0, 0)).offsetFromUtc();
+    return QDateTime(date, time, Qt::OffsetFromUTC, offsetBefore).toLocalTime();
 }
 
 QString take(char* text) {
