@@ -1,8 +1,10 @@
 #include "engine/alarm_tick.h"
 #include "engine/schedule_file.h"
+#include "eventlist/popup_actions.h"
 #include "fakes.h"
 #include "recurring/recurring_arming.h"
 #include "recurring/recurring_file.h"
+#include "recurring/recurring_rows.h"
 
 #include <gtest/gtest.h>
 
@@ -89,4 +91,30 @@ TEST_F(RecurringArmingTest, NextOccurrenceOfAnyRecurringAlarm) {
     store("FREQ=MONTHLY", at(2026, 10, 27, 6, 0), "", "monthly");
     EXPECT_EQ(recurring_arming::nextOccurrenceAfter(ctx, at(2026, 11, 25, 8, 0)), at(2026, 11, 27, 6, 0));
     EXPECT_EQ(recurring_arming::nextOccurrenceAfter(ctx, at(2026, 11, 27, 6, 0)), at(2026, 11, 30, 7, 0));
+}
+
+TEST_F(RecurringArmingTest, TheEventListShowsOccurrencesWithoutWritingThemAndItsDeleteSkipsADayOrEndsTheSeries) {
+    store("FREQ=DAILY", at(2026, 11, 1, 9, 0), "Pills");
+    writeFile("future.dat", quotedRecord("Dentist2026/11/27once10:00:00"));
+    ctx.touchAlarmSet();
+    const QStringList& rows = ctx.eventList.rows.items();
+    ASSERT_EQ(rows.size(), 1 + recurring_rows::kShownPerAlarm);
+    EXPECT_EQ(rows[0], "     *-    2026/11/25-09:00:00        Pills");
+    EXPECT_EQ(rows[3], "      -    2026/11/27-10:00:00        Dentist"); // after 09:00 of the same day
+
+    // The schedule's own row deleted: the file keeps no occurrence.
+    ctx.eventList.rows.selectOnly(3);
+    deleteFromPopup(ctx);
+    EXPECT_TRUE(readFile("future.dat").isEmpty());
+
+    ctx.eventList.rows.selectOnly(0);
+    deleteRecurringRows(ctx, highlightedRecurringRows(ctx), false);
+    EXPECT_TRUE(ctx.today.alarms.isEmpty()); // today's occurrence is skipped
+    EXPECT_TRUE(readFile("recurring.ics").contains("EXDATE:20261125T090000"));
+    EXPECT_EQ(ctx.eventList.rows.items().first().mid(11, 19), "2026/11/26-09:00:00");
+
+    ctx.eventList.rows.selectOnly(0);
+    deleteRecurringRows(ctx, highlightedRecurringRows(ctx), true);
+    EXPECT_TRUE(ctx.eventList.rows.isEmpty());
+    EXPECT_FALSE(readFile("recurring.ics").contains("BEGIN:VEVENT"));
 }
