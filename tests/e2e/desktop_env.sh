@@ -1,7 +1,8 @@
 # Sourced by the desktop runs: a fresh per-user folder and a real X display with a window manager and a tray.
 # Gives: $work, pids, fail, start_desktop [dots per inch] [notray], start_tray, write_settings <record 4 value>
 # [clock at start], start_sound_server, stop_sound_server, record_rms <seconds>, wait_for_window <name pattern>
-# <seconds>, tray_icon, window_of_width <pixels> <seconds>, second_start_refused <program>.
+# <seconds>, tray_icon, wait_for_icon <seconds>, window_of_width <pixels> <seconds>, focus_window <id>,
+# second_start_refused <program>.
 
 work=$(mktemp -d)
 pids=()
@@ -119,12 +120,16 @@ wait_for_window() { # name pattern, seconds
     return 1
 }
 
-tray_icon() { # true when one of the program's windows is icon-sized: its icon in the tray
+tray_icon() { # the id of the program's icon-sized window: its icon in the tray
     for w in $(xdotool search --onlyvisible --class bellwick 2>/dev/null); do
         read -r width height < <(xdotool getwindowgeometry "$w" 2>/dev/null |
             awk '/Geometry/ {split($2, g, "x"); print g[1], g[2]}')
-        [ "${width:-0}" -gt 8 ] && [ "${width:-0}" -le 64 ] && [ "${height:-0}" -le 64 ] && return 0
+        [ "${width:-0}" -gt 8 ] && [ "${width:-0}" -le 64 ] && [ "${height:-0}" -le 64 ] && echo "$w" && return 0
     done
+    return 1
+}
+wait_for_icon() { # seconds: the tray icon's id once it stands
+    for _ in $(seq $(($1 * 10))); do tray_icon && return 0; sleep 0.1; done
     return 1
 }
 
@@ -139,11 +144,21 @@ window_of_width() { # pixels, seconds: the id of one of the program's windows of
     return 1
 }
 
+# Keys go where the X focus is, which the program takes a moment after the window manager calls it active.
+focus_window() { # window id: true once it holds the keyboard
+    for _ in $(seq 30); do
+        timeout 1 xdotool windowactivate --sync "$1" 2>/dev/null
+        [ "$(xdotool getwindowfocus 2>/dev/null)" = "$1" ] && return 0
+        sleep 0.1
+    done
+    return 1
+}
+
 second_start_refused() { # <program>: a second start says so, is answered and ends
     "$1" >"$work/second.log" 2>&1 &
     local second_pid=$! refusal
     refusal=$(wait_for_window '^Bellwick Alarm Clock sp$' 10) || fail "second start not refused"
-    xdotool windowactivate --sync "$refusal" 2>/dev/null
+    focus_window "$refusal" || fail "the refusal would not take the keyboard"
     xdotool key Return
     for _ in $(seq 50); do kill -0 "$second_pid" 2>/dev/null || break; sleep 0.1; done
     kill -0 "$second_pid" 2>/dev/null && fail "second copy still runs"

@@ -25,9 +25,7 @@ write_settings ALAEOnDCWSOfUISPOfISOMOf
 "$program" >"$work/bellwick.log" 2>&1 &
 pid=$!
 pids+=($pid)
-up=""
-for _ in $(seq 100); do tray_icon && up=1 && break; sleep 0.1; done
-[ -n "$up" ] || { cat "$work/bellwick.log"; fail "no tray icon within 10 s with pipes for files"; }
+wait_for_icon 10 >/dev/null || { cat "$work/bellwick.log"; fail "no tray icon within 10 s with pipes for files"; }
 kill -0 "$pid" 2>/dev/null || fail "the program ended"
 echo "started with pipes for future.dat and my.dat"
 stop "$pid"
@@ -48,7 +46,7 @@ pid=$!
 pids+=($pid)
 box=$(wait_for_window '^Bellwick Alarm Clock sp$' 25) || { cat "$work/bellwick.log"; fail "no box for a sound that cannot play"; }
 echo "box at $(date +%T) for $due: $(xdotool getwindowname "$box")"
-xdotool windowactivate --sync "$box" 2>/dev/null
+focus_window "$box" || fail "the box would not take the keyboard"
 xdotool key Return
 wait_for_window '^Message  ' 10 >/dev/null || fail "no message window after the box"
 kill -0 "$pid" 2>/dev/null || fail "the program ended"
@@ -57,7 +55,7 @@ kill -0 "$pid" 2>/dev/null || fail "the program ended"
 rm -f "$folder/ding.wav" && mkfifo "$folder/ding.wav"
 box=$(wait_for_window '^Bellwick Alarm Clock sp$' 20) || { cat "$work/bellwick.log"; fail "no box for a pipe as the song"; }
 echo "box at $(date +%T) for $due2: $(xdotool getwindowname "$box")"
-xdotool windowactivate --sync "$box" 2>/dev/null
+focus_window "$box" || fail "the box would not take the keyboard"
 xdotool key Return
 kill -0 "$pid" 2>/dev/null || fail "the program ended"
 stop "$pid"
@@ -74,7 +72,7 @@ pid=$!
 pids+=($pid)
 box=$(wait_for_window '^Bellwick Alarm Clock sp$' 25) || { cat "$work/bellwick.log"; fail "no box without a sound server"; }
 echo "box at $(date +%T) for $due without a sound server"
-xdotool windowactivate --sync "$box" 2>/dev/null
+focus_window "$box" || fail "the box would not take the keyboard"
 xdotool key Return
 wait_for_window '^Message  ' 10 >/dev/null || fail "no message window after the box without a sound server"
 kill -0 "$pid" 2>/dev/null || fail "the program ended"

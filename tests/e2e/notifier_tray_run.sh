@@ -194,7 +194,7 @@ box=$(wait_for_window '^Bellwick Alarm Clock sp$' 15) || fail "no error box for 
 click_entry ' Alarm Set  ' || fail "the menu took no click"
 sleep 1.5
 xdotool search --onlyvisible --name "$alarm_set" >/dev/null 2>&1 && fail "the menu worked while the error box was up"
-xdotool windowactivate --sync "$box" 2>/dev/null
+focus_window "$box" || fail "the box would not take the keyboard"
 xdotool key Return
 wait_for_window '^Message  ' 10 >/dev/null || fail "no message window after the box"
 click_entry ' Alarm Set  ' || fail "the menu took no click"

@@ -19,35 +19,26 @@ for offset in 4 40; do
     printf '\xf0\xff\xff\xff' | dd of="$folder/ding.wav" bs=1 seek=$offset conv=notrunc status=none
 done
 
-while [ "$(date +%H%M%S)" -gt 235930 ]; do sleep 5; done
-now=$(date +%s)
-first=$(date -d @$((now + 6)) +%H:%M:%S)
-second=$(date -d @$((now + 13)) +%H:%M:%S)
-third=$(date -d @$((now + 17)) +%H:%M:%S)
-today=$(date +%Y/%m/%d)
-{
-    printf '"Server check one%srepe%s"\r\n' "$today" "$first"
-    printf '"Server check two%sonce%s"\r\n' "$today" "$second"
-    printf '"Server check three%sonce%s"\r\n' "$today" "$third"
-} >"$folder/future.dat"
+# Each alarm is set only once the state before it stands: the program up, the server back, the server gone.
+while [ "$(date +%H%M%S)" -gt 235900 ]; do sleep 5; done
+: >"$folder/future.dat"
 : >"$folder/my.dat"
 write_settings ALAEOnDCWSOfUISPOfISOMOf
 "$program" >"$work/bellwick.log" 2>&1 &
 pid=$!
 pids+=($pid)
+wait_for_icon 10 >/dev/null || { cat "$work/bellwick.log"; fail "no tray icon"; }
+add_alarm() { # plays, message
+    "$program" add --in 3s --plays "$1" --message "$2" >>"$work/add.log" 2>&1 || { cat "$work/add.log"; fail "add $2"; }
+}
 alive() { kill -0 "$pid" 2>/dev/null || { cat "$work/bellwick.log"; fail "the program ended $*"; }; }
 box_then_ok() { # what for, [seconds]
     local box
     box=$(wait_for_window '^Bellwick Alarm Clock sp$' "${2:-5}") || { cat "$work/bellwick.log"; fail "no box $1"; }
     echo "box at $(date +%T) $1"
     alive "$1"
-    # Return must reach the box, not the message window standing beside it, whose OK it would press.
-    for _ in $(seq 20); do
-        xdotool windowactivate --sync "$box" 2>/dev/null
-        [ "$(xdotool getactivewindow 2>/dev/null)" = "$box" ] && break
-        sleep 0.1
-    done
-    [ "$(xdotool getactivewindow 2>/dev/null)" = "$box" ] || fail "the box $1 would not take the keyboard"
+    # Return must reach the box, not the message window standing beside it.
+    focus_window "$box" || fail "the box $1 would not take the keyboard"
     xdotool key Return
 }
 messages=""
@@ -62,9 +53,10 @@ next_message() { # seconds; the id of a message window not seen before
 }
 
 # 1. The first alarm rings until its server dies: then the box, and its message window stands.
-next_message 25 || { cat "$work/bellwick.log"; fail "no message window"; }
+add_alarm repeat "Server check one"
+next_message 15 || { cat "$work/bellwick.log"; fail "no message window"; }
 rms=$(record_rms 2)
-echo "first alarm at $(date +%T) for $first: RMS $rms"
+echo "first alarm at $(date +%T): RMS $rms"
 awk -v r="$rms" 'BEGIN { exit !(r > 0.01) }' || fail "the first alarm was not heard"
 stop_sound_server
 box_then_ok "when the server died under the first alarm"
@@ -78,13 +70,19 @@ xdotool search --onlyvisible --name '^Message  ' 2>/dev/null | grep -qxF "${mess
 
 # 2. The server comes back; the next alarm is heard.
 start_sound_server
+# A ding once lasts about a second: the recording starts before the alarm is set and spans its due second.
+record_rms 8 >"$work/rms" &
+recording=$!
+add_alarm once "Server check two"
 next_message 15 || { cat "$work/bellwick.log"; fail "no second message window"; }
-rms=$(record_rms 2)
-echo "second alarm at $(date +%T) for $second: RMS $rms"
+wait "$recording"
+rms=$(cat "$work/rms")
+echo "second alarm at $(date +%T): RMS $rms"
 awk -v r="$rms" 'BEGIN { exit !(r > 0.01) }' || fail "the second alarm was not heard after the server came back"
 
 # 3. The server goes for good: the third alarm gives the box, then its message window.
 stop_sound_server
+add_alarm once "Server check three"
 box_then_ok "for the third alarm with no server" 10
 # The second alarm may still have been sounding when the server went: then its own box came first.
 if ! next_message 3; then

@@ -26,15 +26,17 @@ grep -q '^bellwick: no notification area' "$work/stderr.log" || fail "nothing sa
 echo "stands in at $(date +%T): $(xdotool getwindowname "$window"), alarm due at $due"
 
 # The tray's menu is the menu bar's third entry: open it from the keyboard and read its first entry's window.
-xdotool windowactivate --sync "$window" 2>/dev/null
+focus_window "$window" || fail "the Alarm Set window would not take the keyboard"
 xdotool key alt+b
-sleep 0.5
-menus=$(xdotool search --onlyvisible --class bellwick 2>/dev/null | wc -l)
+for _ in $(seq 30); do
+    menus=$(xdotool search --onlyvisible --class bellwick 2>/dev/null | wc -l) && [ "$menus" -ge 2 ] && break
+    sleep 0.1
+done
 xdotool key Escape
 [ "$menus" -ge 2 ] || fail "Alt+B opened no menu"
 
 # The close box only minimises: the window is iconic, not withdrawn.
-xdotool windowactivate --sync "$window" 2>/dev/null
+focus_window "$window" || fail "the Alarm Set window would not take the keyboard"
 xdotool key alt+F4
 for _ in $(seq 30); do xprop -id "$window" WM_STATE 2>/dev/null | grep -q 'Iconic' && break; sleep 0.1; done
 xprop -id "$window" WM_STATE | grep -q 'Iconic' || fail "closing left the window $(xprop -id "$window" WM_STATE | tail -1)"
@@ -45,8 +47,7 @@ wait_for_window '^Message  ' 20 >/dev/null || fail "no message window for the al
 echo "alarm at $due: message window at $(date +%T)"
 
 start_tray
-for _ in $(seq 50); do tray_icon && break; sleep 0.1; done
-tray_icon || fail "no icon in a tray that came later"
+wait_for_icon 5 >/dev/null || fail "no icon in a tray that came later"
 for _ in $(seq 30); do grep -q 'notification area is there now' "$work/stderr.log" && break; sleep 0.1; done
 grep -q 'notification area is there now' "$work/stderr.log" || fail "the tray's coming was not noticed"
 echo "tray came: icon shown"

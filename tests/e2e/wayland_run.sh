@@ -28,13 +28,10 @@ start_weston() { # [--xwayland]
     export WAYLAND_DISPLAY=$socket
 }
 
-# An alarm a few seconds ahead, and the clock shown at start.
-plant_alarm() { # seconds ahead
-    while [ "$(date +%H%M%S)" -gt 235930 ]; do sleep 5; done
-    due=$(date -d "+$1 seconds" +%H:%M:%S)
-    printf '"Wayland check%sonce%s"\r\n' "$(date +%Y/%m/%d)" "$due" >"$folder/future.dat"
-    write_settings ALAEOfDCWSOfUISPOfISOMOf clock
-}
+# The clock shown at start; the alarm is set through the program once it stands, a few seconds ahead.
+while [ "$(date +%H%M%S)" -gt 235900 ]; do sleep 5; done
+write_settings ALAEOfDCWSOfUISPOfISOMOf clock
+add_alarm() { due=$("$program" add --in 3s --message "Wayland check" | cut -d' ' -f2) && [ -n "$due" ]; }
 
 case "$mode" in
 xwayland)
@@ -44,7 +41,6 @@ xwayland)
     DISPLAY=$(grep -o 'xserver listening on display :[0-9]*' "$work/weston.log" | grep -o ':[0-9]*$')
     [ -n "$DISPLAY" ] || { cat "$work/weston.log"; fail "weston started no XWayland"; }
     export DISPLAY
-    plant_alarm 10
     "$program" 2>"$work/stderr.log" &
     pid=$!
     pids+=($pid)
@@ -53,6 +49,7 @@ xwayland)
     extents=$(xwininfo -id "$clock" -shape | awk '/Window shape extents/ {print $4}')
     [ "$extents" = "155x21+1+1" ] || fail "the outline is $extents, not 155x21+1+1"
     echo "on XWayland $DISPLAY: outline $extents"
+    add_alarm || fail "the alarm was not set"
 
     wait_for_window '^Message  ' 20 >/dev/null || { cat "$work/stderr.log"; fail "no message window for $due"; }
     echo "alarm at $due: message window at $(date +%T)"
@@ -72,12 +69,13 @@ native)
     wait "$pid" 2>/dev/null
     echo "a dead DISPLAY falls back to Wayland"
 
-    plant_alarm 9
     # Every request to the compositor, each line stamped; the program's own lines are the others.
     WAYLAND_DEBUG=client "$program" 2>"$work/stderr.log" &
     pid=$!
     pids+=($pid)
     asked() { grep -q "xdg_toplevel@[0-9]*\.set_title(\"$1" "$work/stderr.log"; }
+    for _ in $(seq 100); do asked 'bellwick")' && break; sleep 0.1; done
+    add_alarm || fail "the alarm was not set"
     for _ in $(seq 100); do asked 'Message  ' && break; sleep 0.1; done
     asked 'Message  ' || fail "no message window asked for the alarm at $due"
     echo "alarm at $due: message window asked at $(date +%T)"

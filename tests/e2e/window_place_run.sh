@@ -28,26 +28,22 @@ fi
 : >"$XDG_DATA_HOME/bellwick/my.dat"
 "$program" >"$work/bellwick.log" 2>&1 &
 pids+=($!)
-for _ in $(seq 100); do tray_icon && break; sleep 0.1; done
-icon=$(for w in $(xdotool search --onlyvisible --class bellwick); do
-    g=$(xdotool getwindowgeometry "$w" | awk '/Geometry/ {print $2}')
-    [ "${g%x*}" -le 64 ] && echo "$w"
-done | head -1)
-[ -n "$icon" ] || fail "no tray icon"
+icon=$(wait_for_icon 10) || fail "no tray icon"
 
-tray_menu() { # the keys that take the tray menu to a line, then Return
+tray_menu() { # the keys that take the tray menu to a line, then Return; they wait for the menu to stand
     eval "$(xdotool getwindowgeometry --shell "$icon")"
+    local before
+    before=$(xdotool search --onlyvisible --class bellwick 2>/dev/null | wc -l)
     xdotool mousemove $((X + 5)) $((Y + 5)) click 3
-    sleep 0.7
+    for _ in $(seq 50); do
+        [ "$(xdotool search --onlyvisible --class bellwick 2>/dev/null | wc -l)" -gt "$before" ] && break
+        sleep 0.1
+    done
     xdotool key "$@" Return
 }
-open_alarm_set() { # the menu's third line: About, a separator, Alarm Set; again if the keys came before the menu
-    for _ in 1 2 3; do
-        tray_menu Down Down
-        wait_for_window '^Bellwick Alarm Clock( sp)?\.\.\.' 5 && return 0
-        xdotool key Escape
-    done
-    return 1
+open_alarm_set() { # the menu's third line: About, a separator, Alarm Set
+    tray_menu Down Down
+    wait_for_window '^Bellwick Alarm Clock( sp)?\.\.\.' 5
 }
 # The frame's outer corner in device pixels.
 frame_corner() { xwininfo -id "$1" | awk '/Absolute upper-left [XY]/ {a[++n] = $4} /Relative upper-left [XY]/ {r[++m] = $4}
@@ -68,10 +64,9 @@ fi
 
 first=$(frame_corner "$window")
 xdotool windowmove "$window" 136 125
-sleep 0.5
-moved=$(frame_corner "$window")
+for _ in $(seq 30); do moved=$(frame_corner "$window") && [ "$moved" != "$first" ] && break; sleep 0.1; done
 [ "$moved" != "$first" ] || fail "the window did not move from $first"
-xdotool windowactivate --sync "$window" 2>/dev/null
+focus_window "$window" || fail "the Alarm Set window would not take the keyboard"
 xdotool key alt+F4
 for _ in $(seq 30); do xdotool search --onlyvisible --name '^Bellwick Alarm Clock' >/dev/null 2>&1 || break; sleep 0.1; done
 open_alarm_set >/dev/null || fail "the window did not come back"
@@ -88,13 +83,8 @@ esac
 read -r aw ah <<<"$about"
 read -r wx wy ww wh < <(xprop -root _NET_WORKAREA | sed 's/.*= //; s/,//g' | awk '{print $1, $2, $3, $4}')
 centre="$((wx + (ww - aw) / 2)) $((wy + (wh - ah) / 2))"
-box=""
-for _ in 1 2 3; do
-    tray_menu Down
-    box=$(window_of_width "$aw" 5) && break
-    xdotool key Escape
-done
-[ -n "$box" ] || fail "the tray menu opened no About box $aw pixels wide"
+tray_menu Down
+box=$(window_of_width "$aw" 5) || fail "the tray menu opened no About box $aw pixels wide"
 corner=$(wait_for_corner "$box" "$centre")
 echo "About box: frame at $corner in the work area $wx,$wy ${ww}x$wh"
 [ "$corner" = "$centre" ] || fail "the About box stands at $corner, not in the middle at $centre"

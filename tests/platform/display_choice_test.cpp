@@ -42,18 +42,4 @@ TEST(DisplayChoice, TheUsersOwnChoiceStands) {
               QStringLiteral("xcb;wayland"));
 }
 
-TEST(DisplayChoice, OnlyWaylandLimitsWindowsAndSaysSoInOneLine) {
-    for (const char* name : {"xcb", "offscreen", "eglfs"}) {
-        EXPECT_TRUE(display_choice::windowsPlaceThemselves(QString::fromLatin1(name))) << name;
-        EXPECT_TRUE(display_choice::limitsNotice(QString::fromLatin1(name)).isEmpty()) << name;
-    }
-    for (const char* name : {"wayland", "wayland-egl"}) {
-        EXPECT_FALSE(display_choice::windowsPlaceThemselves(QString::fromLatin1(name))) << name;
-        const QString notice = display_choice::limitsNotice(QString::fromLatin1(name));
-        EXPECT_TRUE(notice.startsWith(QLatin1String("bellwick: on Wayland"))) << name;
-        EXPECT_EQ(notice.count(QLatin1Char('\n')), 1);
-        EXPECT_TRUE(notice.endsWith(QLatin1Char('\n')));
-    }
-}
-
 } // namespace
