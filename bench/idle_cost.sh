@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Measures what the idle program costs on a real display, with and without the desktop clock shown: wake-ups
-# (voluntary context switches of all its threads) and system calls per second, over a given time
-# each.
+# Measures what the idle program costs on a real display, with and without the desktop clock shown, with one alarm
+# set for tomorrow: wake-ups (voluntary context switches of all its threads) per second and CPU %, the median of
+# three windows of a given time each. STRACE=1 adds system calls per second over one more window.
 # Usage: idle_cost.sh <path to bellwick> [seconds]   (default 60)
 set -uo pipefail
 program="$(realpath "$1")"
@@ -9,30 +9,42 @@ seconds="${2:-60}"
 here="$(cd "$(dirname "$0")" && pwd)"
 # shellcheck source=../tests/e2e/desktop_env.sh
 source "$here/../tests/e2e/desktop_env.sh"
-need_tools strace
+[ -n "${STRACE:-}" ] && need_tools strace
 export SDL_AUDIODRIVER=dummy
 start_desktop 96
 
 switches() { # all threads' voluntary context switches
     cat /proc/"$1"/task/*/status 2>/dev/null | awk '/^voluntary_ctxt_switches/ {s += $2} END {print s + 0}'
 }
+cpu_ns() { cat /proc/"$1"/task/*/schedstat 2>/dev/null | awk '{s += $1} END {printf "%d", s}'; } # run time, all threads
+median() { sort -n | awk '{v[NR] = $1} END {print v[int((NR + 1) / 2)]}'; }
 
 for clock in none clock; do
     write_settings ALAEOnDCWSOfUISPOfISOMOf "$clock"
     : >"$XDG_DATA_HOME/bellwick/my.dat"
+    printf '"tomorrow%sonce%s"\r\n' "$(date -d tomorrow +%Y/%m/%d)" "$(date +%H:%M:%S)" \
+        >"$XDG_DATA_HOME/bellwick/future.dat"
     "$program" >/dev/null 2>&1 &
     pid=$!
     pids+=($pid)
-    sleep 6 # start-up and the tray's grace period are not idle
-    # Counted apart: tracing stops the threads and would count as wake-ups itself.
-    before=$(switches "$pid")
-    sleep "$seconds"
-    after=$(switches "$pid")
-    timeout -s INT "$seconds" strace -f -c -q -o "$work/strace-$clock.txt" -p "$pid" >/dev/null 2>&1
-    calls=$(awk '$NF == "total" {print $4}' "$work/strace-$clock.txt")
-    printf '%-6s wake-ups/s %.2f  system calls/s %.2f\n' "$clock" "$(echo "($after - $before) / $seconds" | bc -l)" \
-        "$(echo "${calls:-0} / $seconds" | bc -l)"
-    [ -n "${VERBOSE:-}" ] && sort -k4 -n -r "$work/strace-$clock.txt" | head -8
+    sleep 8 # start-up, the tray's grace period and the pace after it are not idle
+    : >"$work/wakes" && : >"$work/cpu"
+    for _ in 1 2 3; do
+        s0=$(switches "$pid") c0=$(cpu_ns "$pid")
+        sleep "$seconds"
+        s1=$(switches "$pid") c1=$(cpu_ns "$pid")
+        echo "($s1 - $s0) / $seconds" | bc -l >>"$work/wakes"
+        echo "($c1 - $c0) / 10000000 / $seconds" | bc -l >>"$work/cpu"
+    done
+    printf '%-6s wake-ups/s %.3f  CPU %% %.4f  (windows: %s)\n' "$clock" "$(median <"$work/wakes")" \
+        "$(median <"$work/cpu")" "$(xargs printf '%.3f ' <"$work/wakes")"
+    if [ -n "${STRACE:-}" ]; then
+        # Counted apart: tracing stops the threads and would count as wake-ups itself.
+        timeout -s INT "$seconds" strace -f -c -q -o "$work/strace-$clock.txt" -p "$pid" >/dev/null 2>&1
+        calls=$(awk '$NF == "total" {print $4}' "$work/strace-$clock.txt")
+        printf '%-6s system calls/s %.2f\n' "$clock" "$(echo "${calls:-0} / $seconds" | bc -l)"
+        sort -k4 -n -r "$work/strace-$clock.txt" | head -8
+    fi
     kill "$pid" 2>/dev/null
     wait "$pid" 2>/dev/null
 done

@@ -16,6 +16,7 @@
 #include "platform/command_channel.h"
 #include "platform/data_folder.h"
 #include "platform/linux/linux_sound_devices.h"
+#include "platform/linux/timerfd_wake_timer.h"
 #include "platform/single_instance.h"
 #include "platform/ui/window_twips.h"
 #include "recurring/recurring_arming.h"
@@ -107,7 +108,10 @@ int BellwickApp::run() {
             messageInput = new InputMessageWindow(ctx);
         messageInput->openInputMessage(how);
     };
-    TrayIcon tray(ctx, hooks);
+    TrayIcon tray(ctx, hooks, std::make_unique<TimerfdWakeTimer>());
+    tray.alarmSetShown = [&alarmSet] { return alarmSet.form() && alarmSet.form()->isVisible(); };
+    // Every change of the engine's state comes of a key, a click or a command: the tick looks at once.
+    qApp->installEventFilter(&tray);
     StartupHooks startup;
     startup.showSmallClock = [&clockWindow] {
         DesktopClock* clock = clockWindow();
@@ -125,14 +129,18 @@ int BellwickApp::run() {
         alarmSet.standInForTray(missing ? tray.menu() : nullptr);
     };
     // Only the sub-commands talk to it; a plain second start still meets the lock above.
-    CommandServer commands(
-        [&ctx, &program](const QByteArray& request) { return command_service::serve(ctx, program.notices, request); });
+    CommandServer commands([&ctx, &program, &tray](const QByteArray& request) {
+        QByteArray answer = command_service::serve(ctx, program.notices, request);
+        tray.stateChanged();
+        return answer;
+    });
     QString channelError;
     if (!commands.listen(command_channel::socketPath(), channelError))
         std::fprintf(stderr, "bellwick: no command channel for 'bellwick add' and 'list': %s\n",
                      qPrintable(channelError));
     startUp(ctx, startup);
     recurring_arming::armAtStart(ctx);
+    tray.stateChanged();
     tray.load();
     return QApplication::exec();
 }

@@ -1,8 +1,10 @@
 #include "app/tray_icon.h"
 
 #include "engine/context.h"
+#include "platform/clock.h"
 #include "platform/ui/pictures.h"
 #include "platform/ui/tray_host.h"
+#include "sound/alarm_sound.h"
 #include "sound/notices.h"
 #include "sound/ui/about_box.h"
 
@@ -10,6 +12,7 @@
 #include <QCoreApplication>
 #include <QCursor>
 #include <QDesktopServices>
+#include <QEvent>
 #include <QFileInfo>
 #include <QMenu>
 #include <QUrl>
@@ -23,22 +26,77 @@ QIcon trayIcon(bool enabled) {
 }
 } // namespace
 
-TrayIcon::TrayIcon(Context& ctx, TrayHooks hooks) : m_ctx(ctx), m_hooks(std::move(hooks)), m_tick(ctx) {
+TrayIcon::TrayIcon(Context& ctx, TrayHooks hooks, std::unique_ptr<WakeTimer> sleep)
+    : m_ctx(ctx), m_hooks(std::move(hooks)), m_tick(ctx), m_sleep(std::move(sleep)) {
+    if (!m_sleep)
+        m_sleep = std::make_unique<QtWakeTimer>();
+    m_sleep->onTimeout = [this] { runTick(); };
+    m_sleep->onClockSet = [this] { stateChanged(); };
     m_timer.setTimerType(Qt::PreciseTimer);
-    m_timer.setInterval(800);
-    connect(&m_timer, &QTimer::timeout, this, [this] {
-        m_tick.onTick();
-        checkTray();
-    });
-    m_timer.start();
+    m_timer.setSingleShot(true);
+    m_timer.setInterval(int(tick_planner::kPaceMs));
+    connect(&m_timer, &QTimer::timeout, this, &TrayIcon::runTick);
     m_ctx.setTickTimerEnabled = [this](bool on) {
         // An error box closing must not wake a clock the user has disabled.
-        if (on && !disabled())
-            m_timer.start();
+        m_boxUp = !on;
+        if (on)
+            stateChanged();
         else
-            m_timer.stop();
+            stopTicking();
     };
     buildMenu();
+    stateChanged();
+}
+
+void TrayIcon::runTick() {
+    m_tick.onTick();
+    checkTray();
+    schedule();
+}
+
+void TrayIcon::stopTicking() {
+    m_timer.stop();
+    m_sleep->stop();
+}
+
+void TrayIcon::schedule() {
+    if (m_boxUp || disabled()) {
+        stopTicking();
+        return;
+    }
+    TickWatch watch;
+    watch.reloadMinute = m_tick.reloadMinute();
+    watch.alarmSetShown = alarmSetShown();
+    watch.recentlyChanged = m_changed.isValid() && m_changed.elapsed() < kChangedPaceMs;
+    watch.soundNeedsTick = m_ctx.sound.needsTick();
+    m_plan = tick_planner::plan(m_ctx, m_ctx.clock.now(), watch);
+    if (!m_plan.readySound) {
+        m_readied.clear();
+    } else if (m_readied != m_ctx.tick.nextAlarm) {
+        m_readied = m_ctx.tick.nextAlarm;
+        m_ctx.sound.readyAlarm(m_ctx.tick.nextPlayWord, m_ctx.soundChoice.songPath);
+    }
+    if (m_plan.paced) {
+        m_sleep->stop();
+        m_timer.start(int(m_plan.delayMs));
+    } else {
+        m_timer.stop();
+        m_sleep->start(m_plan.delayMs);
+    }
+}
+
+bool TrayIcon::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonRelease)
+        stateChanged();
+    return QObject::eventFilter(watched, event);
+}
+
+void TrayIcon::stateChanged() {
+    m_changed.start();
+    // Already paced: the next tick sees the change. Pushing it back on every change would starve it.
+    if (m_timer.isActive() && m_timer.remainingTime() <= tick_planner::kPaceMs)
+        return;
+    schedule();
 }
 
 void TrayIcon::buildMenu() {
@@ -120,6 +178,7 @@ void TrayIcon::checkTray() {
     m_trayMissing = missing;
     if (onTrayMissing)
         onTrayMissing(missing);
+    stateChanged(); // the stand-in window came or went
 }
 
 bool TrayIcon::disabled() const {
@@ -174,9 +233,9 @@ void TrayIcon::onStop() {
 void TrayIcon::onDisable() {
     // The action has already turned its tick over.
     if (m_disable->isChecked())
-        m_timer.stop();
+        stopTicking();
     else
-        m_timer.start();
+        stateChanged();
     if (m_tray)
         m_tray->setIcon(trayIcon(!m_disable->isChecked()));
 }

@@ -1,12 +1,16 @@
 #pragma once
 
 #include "engine/alarm_tick.h"
+#include "engine/tick_planner.h"
+#include "platform/wake_timer.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QSystemTrayIcon>
 #include <QTimer>
 
 #include <functional>
+#include <memory>
 
 class Context;
 class QAction;
@@ -21,11 +25,16 @@ struct TrayHooks {
     std::function<void()> unloadClock;  // the desktop clock goes, saving its place
 };
 
-// The never-seen start-up object: the 800 ms tick, the tray icon and its menu.
+// The never-seen start-up object: the tick, the tray icon and its menu. The tick keeps its 800 ms pace while
+// something may happen soon and sleeps until just before the next duty otherwise (tick_planner).
 class TrayIcon : public QObject {
     Q_OBJECT
 public:
-    TrayIcon(Context& ctx, TrayHooks hooks);
+    // How long the tick keeps its pace after the engine's state changed.
+    static constexpr qint64 kChangedPaceMs = 3000;
+
+    // Without a sleep timer of the system's, a Qt timer sleeps.
+    TrayIcon(Context& ctx, TrayHooks hooks, std::unique_ptr<WakeTimer> sleep = nullptr);
 
     // Shows the tray icon once a tray is there; the tick runs from construction on. A tray missing after the grace
     // period, or going and coming later, is told to onTrayMissing.
@@ -35,8 +44,17 @@ public:
     // Looked at on every tick: no wake-up of its own.
     void checkTray();
 
+    // Something changed the engine's state (an add, a delete, a load, an edit, a box answered, a command): a tick
+    // comes within 800 ms, and the pace holds for a while.
+    void stateChanged();
+    // A shown window whose text tells the time keeps the pace.
+    std::function<bool()> alarmSetShown = [] { return false; };
+
     AlarmTick& tick() { return m_tick; }
+    // The paced tick and its landings on a due second; stopped while asleep.
     QTimer& timer() { return m_timer; }
+    WakeTimer& sleepTimer() { return *m_sleep; }
+    const TickPlan& plan() const { return m_plan; }
     // Null until a tray was there to take the icon.
     QSystemTrayIcon* tray() const { return m_tray; }
     QMenu* menu() const { return m_popup; }
@@ -54,15 +72,26 @@ public:
     void onDisable();
     void onRemove();
 
+    // Installed on the application: a key or a click may have changed the engine's state.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void buildMenu();
     void createIcon();
     bool defaultTrayAvailable() const;
+    void runTick();
+    void schedule();
+    void stopTicking();
 
     Context& m_ctx;
     TrayHooks m_hooks;
     AlarmTick m_tick;
     QTimer m_timer;
+    std::unique_ptr<WakeTimer> m_sleep;
+    TickPlan m_plan;
+    QElapsedTimer m_changed;
+    QString m_readied; // the alarm whose sound was readied
+    bool m_boxUp = false;
     QSystemTrayIcon* m_tray = nullptr;
     QMenu* m_popup = nullptr;
     QAction* m_disable = nullptr;

@@ -12,6 +12,10 @@ public:
     virtual void stop() = 0;
     // A wave still meant to sound whose device was lost under it: the alarm went silent.
     virtual bool fellSilent() = 0;
+    // Opens the device and decodes the wave for a play of the same file that comes soon. Failing, does nothing.
+    virtual void prepare(const QString& /*path*/) {}
+    // A wave is sounding.
+    virtual bool sounding() { return false; }
 };
 
 // No audio output at all.

@@ -14,4 +14,9 @@ public:
     virtual void sweepSpeaker() = 0;
     // Called on every tick: an alarm whose sound went silent under it sounds again, or says why it cannot.
     virtual void keepRinging() {}
+    // The alarm due in a moment: its device opened and its sound decoded now, so it starts at once on its second.
+    // Errors are left to the play.
+    virtual void readyAlarm(const QString& /*playWord*/, const QString& /*soundPath*/) {}
+    // A sound that keepRinging watches: the tick keeps its pace meanwhile.
+    virtual bool needsTick() const { return false; }
 };

@@ -48,6 +48,15 @@ void SoundPlayer::keepRinging() {
         playWave(m_ringing.playWord, m_ringing.soundPath, m_ringing.alarmTime);
 }
 
+void SoundPlayer::readyAlarm(const QString& /*playWord*/, const QString& soundPath) {
+    if (m_ctx.options.soundOn && !m_ctx.options.internalSpeaker)
+        m_devices.wave.prepare(soundPath);
+}
+
+bool SoundPlayer::needsTick() const {
+    return !m_ringing.soundPath.isEmpty() && m_devices.wave.sounding();
+}
+
 void SoundPlayer::playWave(const QString& playWord, const QString& soundPath, const QString& alarmTime) {
     m_ringing = {playWord, soundPath, alarmTime};
     playWaveFile(QString(), 1);

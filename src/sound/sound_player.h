@@ -26,6 +26,8 @@ public:
     // A wave whose audio device was lost while it sounded plays again on a device opened anew; when none
     // opens, the fallbacks and the box follow as for an alarm that cannot play, with that alarm's time.
     void keepRinging() override;
+    void readyAlarm(const QString& playWord, const QString& soundPath) override;
+    bool needsTick() const override;
 
     void reportSoundError(int16_t canPlay);
     void playMidi();

@@ -16,6 +16,8 @@ public:
     bool play(const QString& path, int times) override;
     void stop() override;
     bool fellSilent() override;
+    void prepare(const QString& path) override;
+    bool sounding() override;
 
     // Why the last play failed.
     const QString& error() const { return m_error; }
@@ -23,5 +25,15 @@ public:
 private:
     SdlAudio& m_audio;
     Mix_Chunk* m_chunk = nullptr;
+    // The wave decoded ahead of its play, while its file and its device are unchanged.
+    struct Prepared {
+        Mix_Chunk* chunk = nullptr;
+        QString path;
+        qint64 size = -1;
+        qint64 modified = 0;
+        int generation = 0;
+    } m_prepared;
+    void dropPrepared();
+    Mix_Chunk* takePrepared(const QString& path);
     QString m_error;
 };
