@@ -16,7 +16,7 @@
 #include "platform/command_channel.h"
 #include "platform/data_folder.h"
 #include "platform/linux/linux_sound_devices.h"
-#include "platform/linux/timerfd_wake_timer.h"
+#include "platform/linux/timerfd_sleep_timer.h"
 #include "platform/single_instance.h"
 #include "platform/ui/window_twips.h"
 #include "recurring/recurring_arming.h"
@@ -108,7 +108,7 @@ int BellwickApp::run() {
             messageInput = new InputMessageWindow(ctx);
         messageInput->openInputMessage(how);
     };
-    TrayIcon tray(ctx, hooks, std::make_unique<TimerfdWakeTimer>());
+    TrayIcon tray(ctx, hooks, std::make_unique<TimerfdSleepTimer>());
     tray.alarmSetShown = [&alarmSet] { return alarmSet.form() && alarmSet.form()->isVisible(); };
     // Every change of the engine's state comes of a key, a click or a command: the tick looks at once.
     qApp->installEventFilter(&tray);

@@ -26,10 +26,10 @@ QIcon trayIcon(bool enabled) {
 }
 } // namespace
 
-TrayIcon::TrayIcon(Context& ctx, TrayHooks hooks, std::unique_ptr<WakeTimer> sleep)
+TrayIcon::TrayIcon(Context& ctx, TrayHooks hooks, std::unique_ptr<SleepTimer> sleep)
     : m_ctx(ctx), m_hooks(std::move(hooks)), m_tick(ctx), m_sleep(std::move(sleep)) {
     if (!m_sleep)
-        m_sleep = std::make_unique<QtWakeTimer>();
+        m_sleep = std::make_unique<QtSleepTimer>();
     m_sleep->onTimeout = [this] { runTick(); };
     m_sleep->onClockSet = [this] { stateChanged(); };
     m_timer.setTimerType(Qt::PreciseTimer);

@@ -2,7 +2,7 @@
 
 #include "engine/alarm_tick.h"
 #include "engine/tick_planner.h"
-#include "platform/wake_timer.h"
+#include "platform/sleep_timer.h"
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -34,7 +34,7 @@ public:
     static constexpr qint64 kChangedPaceMs = 3000;
 
     // Without a sleep timer of the system's, a Qt timer sleeps.
-    TrayIcon(Context& ctx, TrayHooks hooks, std::unique_ptr<WakeTimer> sleep = nullptr);
+    TrayIcon(Context& ctx, TrayHooks hooks, std::unique_ptr<SleepTimer> sleep = nullptr);
 
     // Shows the tray icon once a tray is there; the tick runs from construction on. A tray missing after the grace
     // period, or going and coming later, is told to onTrayMissing.
@@ -53,7 +53,7 @@ public:
     AlarmTick& tick() { return m_tick; }
     // The paced tick and its landings on a due second; stopped while asleep.
     QTimer& timer() { return m_timer; }
-    WakeTimer& sleepTimer() { return *m_sleep; }
+    SleepTimer& sleepTimer() { return *m_sleep; }
     const TickPlan& plan() const { return m_plan; }
     // Null until a tray was there to take the icon.
     QSystemTrayIcon* tray() const { return m_tray; }
@@ -87,7 +87,7 @@ private:
     TrayHooks m_hooks;
     AlarmTick m_tick;
     QTimer m_timer;
-    std::unique_ptr<WakeTimer> m_sleep;
+    std::unique_ptr<SleepTimer> m_sleep;
     TickPlan m_plan;
     QElapsedTimer m_changed;
     QString m_readied; // the alarm whose sound was readied

@@ -1,6 +1,6 @@
-#include "platform/wake_timer.h"
+#include "platform/sleep_timer.h"
 
-QtWakeTimer::QtWakeTimer() {
+QtSleepTimer::QtSleepTimer() {
     m_timer.setSingleShot(true);
     m_timer.setTimerType(Qt::PreciseTimer);
     QObject::connect(&m_timer, &QTimer::timeout, [this] {
@@ -9,6 +9,6 @@ QtWakeTimer::QtWakeTimer() {
     });
 }
 
-void QtWakeTimer::start(qint64 ms) {
+void QtSleepTimer::start(qint64 ms) {
     m_timer.start(std::chrono::milliseconds(qMax<qint64>(0, ms)));
 }

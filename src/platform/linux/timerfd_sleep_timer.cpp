@@ -1,4 +1,4 @@
-#include "platform/linux/timerfd_wake_timer.h"
+#include "platform/linux/timerfd_sleep_timer.h"
 
 #include <cerrno>
 #include <cstdint>
@@ -10,7 +10,7 @@ namespace {
 constexpr time_t kNever = 8000000000;
 } // namespace
 
-TimerfdWakeTimer::TimerfdWakeTimer() {
+TimerfdSleepTimer::TimerfdSleepTimer() {
     m_fallback.onTimeout = [this] {
         if (onTimeout)
             onTimeout();
@@ -27,7 +27,7 @@ TimerfdWakeTimer::TimerfdWakeTimer() {
     }
 }
 
-TimerfdWakeTimer::~TimerfdWakeTimer() {
+TimerfdSleepTimer::~TimerfdSleepTimer() {
     m_waitNotifier.reset();
     m_watchNotifier.reset();
     if (m_wait >= 0)
@@ -36,13 +36,13 @@ TimerfdWakeTimer::~TimerfdWakeTimer() {
         ::close(m_watch);
 }
 
-bool TimerfdWakeTimer::armWatch() {
+bool TimerfdSleepTimer::armWatch() {
     itimerspec never{};
     never.it_value.tv_sec = kNever;
     return timerfd_settime(m_watch, TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &never, nullptr) == 0;
 }
 
-void TimerfdWakeTimer::start(qint64 ms) {
+void TimerfdSleepTimer::start(qint64 ms) {
     if (m_wait < 0) {
         m_fallback.start(ms);
         return;
@@ -56,7 +56,7 @@ void TimerfdWakeTimer::start(qint64 ms) {
         m_fallback.start(ms);
 }
 
-void TimerfdWakeTimer::stop() {
+void TimerfdSleepTimer::stop() {
     m_fallback.stop();
     if (m_wait >= 0 && m_active) {
         const itimerspec off{};
@@ -65,11 +65,11 @@ void TimerfdWakeTimer::stop() {
     m_active = false;
 }
 
-bool TimerfdWakeTimer::isActive() const {
+bool TimerfdSleepTimer::isActive() const {
     return m_active || m_fallback.isActive();
 }
 
-void TimerfdWakeTimer::onWaitReadable() {
+void TimerfdSleepTimer::onWaitReadable() {
     uint64_t expirations = 0;
     if (::read(m_wait, &expirations, sizeof expirations) != sizeof expirations)
         return; // stopped or re-armed after it expired: nothing to tell
@@ -78,7 +78,7 @@ void TimerfdWakeTimer::onWaitReadable() {
         onTimeout();
 }
 
-void TimerfdWakeTimer::onWatchReadable() {
+void TimerfdSleepTimer::onWatchReadable() {
     uint64_t expirations = 0;
     if (::read(m_watch, &expirations, sizeof expirations) >= 0 || errno != ECANCELED)
         return;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/wake_timer.h"
+#include "platform/sleep_timer.h"
 
 #include <QSocketNotifier>
 
@@ -9,12 +9,12 @@
 // The wait on CLOCK_BOOTTIME, which counts the time the machine was suspended, and a watch on CLOCK_REALTIME that
 // the kernel cancels when the clock is set or the machine resumes. Waits are durations, never real-time
 // deadlines, so a clock shifted inside the process (libfaketime) keeps working. Without timerfd, a Qt timer.
-class TimerfdWakeTimer : public WakeTimer {
+class TimerfdSleepTimer : public SleepTimer {
 public:
-    TimerfdWakeTimer();
-    TimerfdWakeTimer(const TimerfdWakeTimer&) = delete;
-    TimerfdWakeTimer& operator=(const TimerfdWakeTimer&) = delete;
-    ~TimerfdWakeTimer() override;
+    TimerfdSleepTimer();
+    TimerfdSleepTimer(const TimerfdSleepTimer&) = delete;
+    TimerfdSleepTimer& operator=(const TimerfdSleepTimer&) = delete;
+    ~TimerfdSleepTimer() override;
 
     void start(qint64 ms) override;
     void stop() override;
@@ -30,5 +30,5 @@ private:
     bool m_active = false;
     std::unique_ptr<QSocketNotifier> m_waitNotifier;
     std::unique_ptr<QSocketNotifier> m_watchNotifier;
-    QtWakeTimer m_fallback;
+    QtSleepTimer m_fallback;
 };
