@@ -1,6 +1,7 @@
 #include "app/tray_icon.h"
 
 #include "engine/context.h"
+#include "engine/wake_alarm.h"
 #include "platform/ui/pictures.h"
 #include "platform/ui/tray_host.h"
 #include "sound/notices.h"
@@ -179,6 +180,8 @@ void TrayIcon::onDisable() {
         m_timer.start();
     if (m_tray)
         m_tray->setIcon(trayIcon(!m_disable->isChecked()));
+    if (m_ctx.wake)
+        m_ctx.wake->setDisabled(m_disable->isChecked());
 }
 
 void TrayIcon::onRemove() {

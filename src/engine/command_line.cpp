@@ -53,8 +53,12 @@ QString helpText() {
         "    --plays      once (the default), twice, thrice or repeat (until stopped)\n"
         "    --message    the text of the message window, at most 626 characters\n"
         "  list           the coming alarms in time order, one a line: YYYY/MM/DD HH:MM:SS PLAYS MESSAGE\n"
-        "                 (in MESSAGE a line break is written \\n and a backslash \\\\)\n"
-        "    --json       a JSON array of {date, time, plays, message} instead\n"
+        "                 (in MESSAGE a line break is written \\n and a backslash \\\\), then a line\n"
+        "                 'Wake-up: ...' on whether the computer wakes from a suspend for the next alarm\n"
+        "    --json       a JSON array of {date, time, plays, message, wake} instead; wake is 'armed',\n"
+        "                 'later' or 'unavailable: REASON'\n"
+        "The computer wakes from a suspend 60 seconds before an alarm: set BELLWICK_WAKE_ADVANCE\n"
+        "to another number of seconds, or to 'off'.\n"
         "Your alarms and settings live in ${XDG_DATA_HOME:-~/.local/share}/bellwick/.\n");
 }
 

@@ -137,12 +137,15 @@ Request requestFromJson(const QJsonObject& o) {
 }
 
 QJsonObject toJson(const Event& e) {
-    return {{"date", e.date}, {"time", e.time}, {"plays", e.plays}, {"message", e.message}};
+    QJsonObject o{{"date", e.date}, {"time", e.time}, {"plays", e.plays}, {"message", e.message}};
+    if (!e.wake.isEmpty())
+        o.insert("wake", e.wake);
+    return o;
 }
 
 Event eventFromJson(const QJsonObject& o) {
     return {o.value("date").toString(), o.value("time").toString(), o.value("plays").toString(),
-            o.value("message").toString()};
+            o.value("message").toString(), o.value("wake").toString()};
 }
 
 QString eventLine(const Event& e) {

@@ -43,6 +43,7 @@ struct Event {
     QString time;    // "hh:mm:ss"
     QString plays;   // "once", "twice", "thrice" or "repeat"
     QString message; // line breaks as '\n'; may be empty
+    QString wake;    // list: "armed", "later" or "unavailable: <reason>"; empty when not told
 };
 
 QJsonObject toJson(const Event& event);
