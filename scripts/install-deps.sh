@@ -10,6 +10,7 @@ packages=(
     xvfb openbox trayer xdotool x11-utils imagemagick pulseaudio pulseaudio-utils sox
     weston xwayland qt6-wayland
     dbus-daemon dbus-bin libglib2.0-bin haskell-status-notifier-item-utils haskell-gtk-sni-tray-utils
+    libcap2-bin
 )
 missing=()
 for p in "${packages[@]}"; do

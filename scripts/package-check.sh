@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Builds the .deb from the test build, installs it with its dependencies, checks the installed files and runs
-# the installed program through the desktop run, then removes it again. Run after scripts/test.sh.
+# Builds the .deb from the test build, installs it with its dependencies, checks the installed files, runs the
+# installed program through the desktop run and a throwaway user's alarm through the wake-up helper, then removes
+# it again. Run after scripts/test.sh.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 sudo=""
@@ -25,4 +26,9 @@ warnings=$(LC_ALL=C.UTF-8 MANWIDTH=80 man --warnings -E UTF-8 -l "$manual" 2>&1 
 grep -q '^\.TH BELLWICK 1' "$manual" && [ -z "$warnings" ] || { echo "FAIL: the packaged manual page: $warnings"; exit 1; }
 rm -f "$manual"
 tests/e2e/desktop_run.sh /usr/bin/bellwick
+# The wake-up capability sits on the helper alone, and the helper arms the timer for a user who has none.
+getcap /usr/libexec/bellwick/bellwick-wake | grep -q 'cap_wake_alarm[=+]ep' ||
+    { echo "FAIL: the installed helper lacks cap_wake_alarm: '$(getcap /usr/libexec/bellwick/bellwick-wake)'"; exit 1; }
+[ -z "$(getcap /usr/bin/bellwick)" ] || { echo "FAIL: the program itself holds a capability"; exit 1; }
+$sudo tests/e2e/wake_run.sh /usr/bin/bellwick helper
 echo "package: installs, validates and runs"

@@ -8,6 +8,7 @@
 #include "engine/command_service.h"
 #include "engine/context.h"
 #include "engine/startup.h"
+#include "engine/wake_alarm.h"
 #include "eventlist/ui/delete_chooser_window.h"
 #include "eventlist/ui/event_list_view.h"
 #include "eventlist/ui/event_popup.h"
@@ -16,6 +17,7 @@
 #include "platform/command_channel.h"
 #include "platform/data_folder.h"
 #include "platform/linux/linux_sound_devices.h"
+#include "platform/linux/linux_wake_timer.h"
 #include "platform/linux/timerfd_sleep_timer.h"
 #include "platform/single_instance.h"
 #include "platform/ui/window_twips.h"
@@ -30,6 +32,7 @@
 #include <QPointer>
 
 #include <cstdio>
+#include <cstdlib>
 
 namespace {
 
@@ -108,6 +111,21 @@ int BellwickApp::run() {
             messageInput = new InputMessageWindow(ctx);
         messageInput->openInputMessage(how);
     };
+    // The helper stands beside the program in the build, and in libexec when installed.
+    const QString programDir = QCoreApplication::applicationDirPath();
+    LinuxWakeTimer wakeTimer({programDir + QStringLiteral("/bellwick-wake"),
+                              programDir + QStringLiteral("/../libexec/bellwick/bellwick-wake")});
+    const char* advanceText = std::getenv("BELLWICK_WAKE_ADVANCE");
+    std::optional<qint64> advance = wake_plan::advanceMs(advanceText, advanceText != nullptr);
+    if (!advance) {
+        std::fprintf(stderr,
+                     "bellwick: BELLWICK_WAKE_ADVANCE='%s' is no number of seconds up to 86400, nor 'off': "
+                     "waking 60 seconds ahead\n",
+                     advanceText);
+        advance = 60000;
+    }
+    WakeAlarm wake(ctx, wakeTimer, *advance);
+    ctx.wake = &wake;
     TrayIcon tray(ctx, hooks, std::make_unique<TimerfdSleepTimer>());
     tray.alarmSetShown = [&alarmSet] { return alarmSet.form() && alarmSet.form()->isVisible(); };
     // Every change of the engine's state comes of a key, a click or a command: the tick looks at once.

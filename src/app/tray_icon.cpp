@@ -1,6 +1,7 @@
 #include "app/tray_icon.h"
 
 #include "engine/context.h"
+#include "engine/wake_alarm.h"
 #include "platform/clock.h"
 #include "platform/ui/pictures.h"
 #include "platform/ui/tray_host.h"
@@ -238,6 +239,8 @@ void TrayIcon::onDisable() {
         stateChanged();
     if (m_tray)
         m_tray->setIcon(trayIcon(!m_disable->isChecked()));
+    if (m_ctx.wake)
+        m_ctx.wake->setDisabled(m_disable->isChecked());
 }
 
 void TrayIcon::onRemove() {

@@ -5,6 +5,7 @@
 #include "engine/context.h"
 #include "engine/event_checker.h"
 #include "engine/schedule_file.h"
+#include "engine/wake_alarm.h"
 #include "platform/clock.h"
 #include "recurring/recurring_arming.h"
 #include "sound/alarm_sound.h"
@@ -37,6 +38,8 @@ void AlarmTick::onTick() {
         m_ctx.sound.sweepSpeaker();
     m_ctx.sound.keepRinging();
     midnightReload();
+    if (m_ctx.wake)
+        m_ctx.wake->update();
     m_inTick = false;
 }
 

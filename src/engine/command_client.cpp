@@ -50,6 +50,19 @@ bool startProgram(const QString& programPath) {
 
 } // namespace
 
+QString wakeLine(const command_protocol::Event& next, const QString& wakeAt) {
+    // Starts unlike an event line, so a script reading the events passes it by.
+    if (next.wake == QLatin1String("armed"))
+        return QStringLiteral("Wake-up: the computer wakes at %1 for the alarm at %2 %3, also from a suspend\n")
+            .arg(wakeAt, next.date, next.time);
+    if (next.wake.startsWith(QLatin1String("unavailable: ")))
+        return QStringLiteral("Wake-up: the computer will not wake from a suspend for the next alarm (%1)\n")
+            .arg(next.wake.mid(13));
+    if (next.wake.isEmpty())
+        return {};
+    return QStringLiteral("Wake-up: none is armed for the next alarm\n");
+}
+
 Channel userChannel(const QString& programPath) {
     Channel c;
     c.socketPath = command_channel::socketPath();
@@ -128,6 +141,8 @@ command_line::Answer answerFor(const command_protocol::Request& request, const Q
     QString out;
     for (const QJsonValue& event : events)
         out += command_protocol::eventLine(command_protocol::eventFromJson(event.toObject())) + QLatin1Char('\n');
+    if (!events.isEmpty())
+        out += wakeLine(command_protocol::eventFromJson(events.first().toObject()), answer.value("wakeAt").toString());
     return {0, out, {}};
 }
 

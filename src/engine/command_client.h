@@ -25,4 +25,7 @@ command_line::Answer run(const command_protocol::Request& request, const Channel
 // What the command line prints for an answer line of the running program.
 command_line::Answer answerFor(const command_protocol::Request& request, const QByteArray& answerLine);
 
+// The last line of a plain list: whether the computer wakes for the next alarm; empty when the program did not say.
+QString wakeLine(const command_protocol::Event& next, const QString& wakeAt);
+
 } // namespace command_client

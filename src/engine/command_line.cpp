@@ -62,15 +62,19 @@ QString helpText() {
         "    --until      the last day of a recurring alarm\n"
         "    --count      how many times a recurring alarm rings in all\n"
         "  list           the coming alarms in time order, one a line: YYYY/MM/DD HH:MM:SS PLAYS MESSAGE\n"
-        "                 (in MESSAGE a line break is written \\n and a backslash \\\\)\n"
-        "    --json       a JSON array of {date, time, plays, message, id} instead; a recurring alarm also has\n"
-        "                 every and next, and shows as its next occurrence\n"
+        "                 (in MESSAGE a line break is written \\n and a backslash \\\\), then a line\n"
+        "                 'Wake-up: ...' on whether the computer wakes from a suspend for the next alarm\n"
+        "    --json       a JSON array of {date, time, plays, message, id, wake} instead; a recurring alarm\n"
+        "                 also has every and next, and shows as its next occurrence; wake is 'armed',\n"
+        "                 'later' or 'unavailable: REASON'\n"
         "  remove         takes away the one alarm that the options choose, as 'list --json' shows it; when\n"
         "                 several match, lists them and exits with status 1\n"
         "  export         every alarm as iCalendar (today's, the schedule's, the recurring ones), to standard\n"
         "                 output or --to FILE\n"
         "  import         arms or stores the alarm of each event with a display or audio alarm, and of each\n"
         "                 to-do with a due time, in local time; prints how many and what it skipped and why\n"
+        "The computer wakes from a suspend 60 seconds before an alarm: set BELLWICK_WAKE_ADVANCE\n"
+        "to another number of seconds, or to 'off'.\n"
         "Your alarms and settings live in ${XDG_DATA_HOME:-~/.local/share}/bellwick/.\n");
 }
 

@@ -183,13 +183,15 @@ QJsonObject toJson(const Event& e) {
         o.insert("every", e.every);
         o.insert("next", e.next);
     }
+    if (!e.wake.isEmpty())
+        o.insert("wake", e.wake);
     return o;
 }
 
 Event eventFromJson(const QJsonObject& o) {
     return {o.value("date").toString(),    o.value("time").toString(), o.value("plays").toString(),
             o.value("message").toString(), o.value("id").toString(),   o.value("every").toString(),
-            o.value("next").toString()};
+            o.value("next").toString(),    o.value("wake").toString()};
 }
 
 QString eventLine(const Event& e) {

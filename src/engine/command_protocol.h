@@ -57,6 +57,7 @@ struct Event {
     QString id = {};    // stable while the alarm stays as it is
     QString every = {}; // a recurring alarm's rule ("weekdays", ...); empty for one that rings once
     QString next = {};  // a recurring alarm's next occurrence, "yyyy/mm/dd hh:mm:ss"
+    QString wake = {};  // list: "armed", "later" or "unavailable: <reason>"; empty when not told
 };
 
 QJsonObject toJson(const Event& event);

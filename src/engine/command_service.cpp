@@ -4,6 +4,7 @@
 #include "engine/alarm_event.h"
 #include "engine/command_recurring.h"
 #include "engine/context.h"
+#include "engine/wake_alarm.h"
 #include "message/message_text.h"
 #include "platform/clock.h"
 #include "recurring/recurring_rows.h"
@@ -67,12 +68,14 @@ QByteArray add(Context& ctx, RoutedNotices& notices, const command_protocol::Req
     QString playWord = request.plays;
     RoutedNotices::Capture capture(notices);
     const AddResult result = addEvent(ctx, entry, playWord, AlarmSetLinks());
-    const Event added{date, ctx.newEvent.time, playWord, message_text::shown(message_text::typed(request.message))};
+    const Event added{date, ctx.newEvent.time, playWord, message_text::shown(message_text::typed(request.message)), {}};
     ctx.newEvent = entered;
     if (result == AddResult::Today) {
         const int at = ctx.today.alarms.currentIndex();
         ctx.today.alarms.selectOnly(currentRow >= at ? currentRow + 1 : currentRow);
     }
+    if (ctx.wake)
+        ctx.wake->update();
     if (!capture.warnings().isEmpty())
         return refusal(capture.warnings().join(QLatin1Char('\n')));
     if (result != AddResult::Today && result != AddResult::Schedule)
@@ -82,10 +85,20 @@ QByteArray add(Context& ctx, RoutedNotices& notices, const command_protocol::Req
 
 QByteArray list(Context& ctx) {
     ctx.touchAlarmSet();
+    QJsonObject answer{{"ok", true}};
+    if (ctx.wake) {
+        ctx.wake->update();
+        if (ctx.wake->wakeAt().isValid())
+            answer.insert("wakeAt", dateText(ctx.wake->wakeAt()) + QLatin1Char(' ') + timeText(ctx.wake->wakeAt()));
+    }
     QJsonArray events;
-    for (const Event& e : command_recurring::listEvents(ctx))
+    for (Event e : command_recurring::listEvents(ctx)) {
+        if (ctx.wake)
+            e.wake = ctx.wake->stateOf(e.date, e.time);
         events.append(command_protocol::toJson(e));
-    return command_protocol::toLine({{"ok", true}, {"events", events}});
+    }
+    answer.insert("events", events);
+    return command_protocol::toLine(answer);
 }
 
 } // namespace
@@ -127,7 +140,7 @@ QList<Event> comingEvents(const Context& ctx) {
         const QString time = alarm_event::timeOf(row).toString();
         QStringList& ofTime = messages[time];
         const QString message = ofTime.isEmpty() ? QString() : ofTime.takeFirst();
-        events.append({today, time, alarm_event::wholeWordFromTodayRow(row), message_text::shown(message)});
+        events.append({today, time, alarm_event::wholeWordFromTodayRow(row), message_text::shown(message), {}});
     }
     for (const QString& row : ctx.eventList.rows.items()) {
         if (alarm_event::rowDate(row) <= today || recurring_rows::isRecurringRow(row))
@@ -137,7 +150,7 @@ QList<Event> comingEvents(const Context& ctx) {
         QChar mark;
         alarm_event::fromShortWord(
             alarm_event::shortWordFromMark(cracked.mark.isEmpty() ? QChar() : cracked.mark.front()), word, mark);
-        events.append({cracked.date, cracked.time, word, message_text::shown(cracked.message)});
+        events.append({cracked.date, cracked.time, word, message_text::shown(cracked.message), {}});
     }
     return events;
 }

@@ -17,6 +17,7 @@ class AlarmSound;
 class AlarmSetUi;
 class Clock;
 class Notices;
+class WakeAlarm;
 
 // Everything the alarm engine works on: the program's state, grouped by the part that keeps it, and the
 // services it calls. Windows hold a reference to it; tests build one over fakes.
@@ -48,6 +49,8 @@ public:
 
     // The Alarm Set window as the engine sees it; set by whoever builds the program (or the test).
     AlarmSetUi* alarmSetUi = nullptr;
+    // Keeps the computer's wake-up on the next alarm; none in tests that do not look at it.
+    WakeAlarm* wake = nullptr;
     // Stops and starts the 800 ms timer of the tick (while a system-modal box is up).
     std::function<void(bool)> setTickTimerEnabled = [](bool) {};
 

@@ -28,7 +28,8 @@ pids+=("$main_pid")
 [ -S "$XDG_RUNTIME_DIR/bellwick/bellwick.socket" ] || fail "no socket beside the lock"
 [ "$(stat -c %a "$XDG_RUNTIME_DIR/bellwick/bellwick.socket")" = 700 ] || fail "the socket is open to others"
 listed=$("$program" list) || fail "list exited $?"
-[ "$listed" = "$line" ] || fail "list printed '$listed', not '$line'"
+[ "$(echo "$listed" | head -1)" = "$line" ] || fail "list printed '$listed', not '$line'"
+echo "$listed" | tail -1 | grep -q '^Wake-up: ' || fail "list does not end with its wake-up line: '$listed'"
 
 # 2. A refusal goes to standard error with exit status 1, and no warning window opens.
 "$program" add --time 00:00:00 >"$work/refused.out" 2>"$work/refused.err"
@@ -77,7 +78,7 @@ for who in first second; do
     done
 done
 "$program" list >"$work/list.txt" || fail "list exited $?"
-[ "$(wc -l <"$work/list.txt")" -eq 100 ] || fail "list does not give the 100 events"
+[ "$(grep -c '^[0-9]' "$work/list.txt")" -eq 100 ] || fail "list does not give the 100 events"
 sort -c -s -k1,2 "$work/list.txt" || fail "list is not in time order"
 [ "$("$program" list --json | grep -c '"date": ')" -eq 100 ] || fail "list --json does not give the 100 events"
 kill -0 "$main_pid" 2>/dev/null || fail "the program ended"

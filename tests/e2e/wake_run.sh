@@ -1,0 +1,111 @@
+#!/usr/bin/env bash
+# The computer's wake-up for the next alarm, seen from outside in the timer the kernel holds (a real suspend needs
+# a real-time clock, which these machines lack). Modes:
+#   build:  as root the program arms a CLOCK_REALTIME_ALARM timer itself for the schedule's alarm of tomorrow less
+#           the advance, again after an earlier add, a few seconds ahead of the alarm once the early wake has gone
+#           off, and for tomorrow once the alarm has rung; a user without the capability, whose helper has none
+#           either, is told "unavailable: no permission" and the alarm still rings.
+#   helper: a user runs the installed program; the installed helper holds the capability and arms the timer.
+# Usage: wake_run.sh <path to bellwick> [build|helper]
+set -uo pipefail
+program="$1"
+mode="${2:-build}"
+if [ "$(id -u)" -ne 0 ]; then
+    echo "SKIP: needs root, to make a throwaway user and to hold the capability"
+    exit 77
+fi
+. "$(dirname "$0")/desktop_env.sh"
+need_tools setpriv useradd userdel pactl
+start_desktop
+start_sound_server
+# The alarms of today must stay today's, and tomorrow must stay tomorrow.
+while [ "$(date +%H%M)" -gt 2357 ]; do sleep 5; done
+tomorrow=$(date -d tomorrow +%Y/%m/%d)
+
+alarm_timer() { # <pid>: seconds until its CLOCK_REALTIME_ALARM timer goes off; nothing when it holds none armed
+    local info
+    for info in /proc/"$1"/fdinfo/*; do
+        grep -qx 'clockid: 8' "$info" 2>/dev/null || continue
+        awk '/^it_value:/ { gsub(/[(),]/, " "); if ($2 + $3 > 0) print $2 + $3 / 1e9 }' "$info"
+        return 0
+    done
+}
+expect_timer() { # <pid> <epoch second it must go off at> <what>
+    local left="" want
+    # Armed again on the program's next tick at the latest.
+    for _ in $(seq 25); do
+        left=$(alarm_timer "$1")
+        want=$(($2 - $(date +%s)))
+        if [ -n "$left" ] && awk -v l="$left" -v w="$want" 'BEGIN { exit !(l - w < 1.5 && l - w > -1.5) }'; then
+            echo "$3: the timer goes off in ${left} s"
+            return 0
+        fi
+        sleep 0.2
+    done
+    fail "$3: the timer of process $1 goes off in '${left:-never}' s, not in $want s"
+}
+epoch_of() { date -d "$(echo "$1" | cut -d' ' -f1-2)" +%s; }
+first_wake() { "$@" list --json | sed -n 's/.*"wake": "\(.*\)".*/\1/p' | head -1; }
+
+if [ "$mode" = build ]; then
+    export BELLWICK_WAKE_ADVANCE=20
+    printf '"%sonce07:00:00"\r\n' "$tomorrow" >"$XDG_DATA_HOME/bellwick/future.dat"
+    "$program" list >"$work/list.txt" 2>"$work/list.err" || fail "list exited $?: $(cat "$work/list.err")"
+    main_pid=$(head -1 "$XDG_RUNTIME_DIR/bellwick/bellwick.lock" 2>/dev/null)
+    pids+=("$main_pid")
+    later=$(date -d "$tomorrow 06:59:40" +%s)
+    expect_timer "$main_pid" "$later" "the schedule's alarm of tomorrow"
+    [ "$(first_wake "$program")" = armed ] || fail "list --json: $("$program" list --json)"
+    "$program" list | tail -1 | grep -qx "Wake-up: the computer wakes at $tomorrow 06:59:40 for the alarm at $tomorrow 07:00:00, also from a suspend" ||
+        fail "list ends with '$("$program" list | tail -1)'"
+
+    line=$("$program" add --in 35s --message 'Wake check') || fail "add exited $?"
+    due=$(epoch_of "$line")
+    expect_timer "$main_pid" $((due - 20)) "after an earlier add"
+    while [ "$(date +%s)" -lt $((due - 19)) ]; do sleep 0.2; done
+    expect_timer "$main_pid" $((due - 5)) "after the early wake"
+    wait_for_window '^Message  ' 30 >/dev/null || fail "the alarm did not ring"
+    expect_timer "$main_pid" "$later" "once the alarm has rung"
+    kill "$main_pid"
+    while kill -0 "$main_pid" 2>/dev/null; do sleep 0.1; done
+fi
+
+# A throwaway user with a folder of its own, the display and the sound server.
+user=bwkwake$$
+useradd -M -d "$work/user" -s /usr/sbin/nologin "$user" || fail "useradd failed"
+trap 'cleanup; userdel "$user" 2>/dev/null' EXIT
+chmod 711 "$work"
+mkdir -p "$work/user/data/bellwick" "$work/user/config" "$work/user/home" "$work/open"
+mkdir -m 700 "$work/user/run"
+chown -R "$user:" "$work/user"
+pactl load-module module-native-protocol-unix socket="$work/open/native" auth-anonymous=1 >/dev/null ||
+    fail "no open socket on the sound server"
+chmod 755 "$work/open" && chmod 777 "$work/open/native"
+as_user() {
+    setpriv --reuid="$user" --regid="$user" --init-groups env -i PATH="$PATH" DISPLAY="$DISPLAY" \
+        HOME="$work/user/home" XDG_DATA_HOME="$work/user/data" XDG_CONFIG_HOME="$work/user/config" \
+        XDG_RUNTIME_DIR="$work/user/run" PULSE_SERVER="unix:$work/open/native" PULSE_SINK=e2e QT_QPA_PLATFORM=xcb \
+        BELLWICK_WAKE_ADVANCE=10 "$@"
+}
+line=$(as_user "$program" add --in 25s --plays repeat --message 'Wake as a user') || fail "add as $user exited $?"
+due=$(epoch_of "$line")
+user_pid=$(head -1 "$work/user/run/bellwick/bellwick.lock" 2>/dev/null)
+pids+=("$user_pid")
+grep -q '^CapEff:[[:space:]]*0*$' "/proc/$user_pid/status" || fail "the program holds a capability"
+wake=$(first_wake as_user "$program")
+echo "as $user: $wake"
+if [ "$mode" = build ]; then
+    [ "$wake" = "unavailable: no permission" ] || fail "the user's alarm says '$wake'"
+    as_user "$program" list | tail -1 | grep -qx 'Wake-up: the computer will not wake from a suspend for the next alarm (no permission)' ||
+        fail "list ends with '$(as_user "$program" list | tail -1)'"
+else
+    [ "$wake" = armed ] || fail "the user's alarm says '$wake'"
+    helper_pid=$(pgrep -P "$user_pid" -x bellwick-wake) || fail "no helper runs"
+    expect_timer "$helper_pid" $((due - 10)) "the helper's timer"
+    [ -z "$(alarm_timer "$user_pid")" ] || fail "the program holds a wake-up timer itself"
+fi
+wait_for_window '^Message  ' 40 >/dev/null || fail "the user's alarm did not ring"
+rms=$(record_rms 2)
+echo "the user's alarm: RMS $rms"
+awk -v r="$rms" 'BEGIN { exit !(r > 0.01) }' || fail "the user's alarm rang without sound"
+echo "wake-up: all checks passed"

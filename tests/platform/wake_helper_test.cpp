@@ -1,0 +1,69 @@
+#include "platform/linux/linux_wake_timer.h"
+
+#include <QCoreApplication>
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+namespace {
+
+QString helperPath() {
+    return QCoreApplication::applicationDirPath() + QStringLiteral("/bellwick-wake");
+}
+
+struct Reply {
+    int exitCode;
+    QByteArray out;
+};
+
+Reply helperGiven(const QByteArray& input) {
+    QProcess helper;
+    helper.start(helperPath(), {});
+    EXPECT_TRUE(helper.waitForStarted());
+    helper.write(input);
+    helper.closeWriteChannel();
+    EXPECT_TRUE(helper.waitForFinished(5000));
+    return {helper.exitCode(), helper.readAllStandardOutput()};
+}
+
+} // namespace
+
+TEST(WakeHelperTest, ArmsOnNumbersInRangeAndEndsOnAnythingElse) {
+    // Without the capability every number is answered with the reason; a line that is no number ends it either way.
+    const QByteArray ok = geteuid() == 0 ? "ok\n" : "error no permission\n";
+    const struct {
+        QByteArray input;
+        int exitCode;
+        QByteArray out;
+    } cases[] = {
+        {"60000\n0\n", 0, ok + ok},
+        {"3162240000000\n", 0, ok}, // a hundred years
+        {"3162240000001\n", 2, ""},
+        {"1000\n-5\n", 2, ok},
+        {"1000\n\n", 2, ok},
+        {"12a\n", 2, ""},
+        {"1 000\n", 2, ""},
+        {"99999999999999999999\n", 2, ""},
+        {"1000", 2, ""}, // cut off before its line ends
+    };
+    for (const auto& c : cases) {
+        const Reply reply = helperGiven(c.input);
+        EXPECT_EQ(reply.exitCode, c.exitCode) << c.input.constData();
+        EXPECT_EQ(reply.out, c.out) << c.input.constData();
+    }
+}
+
+TEST(WakeHelperTest, RootArmsItselfAndCountsDown) {
+    if (geteuid() != 0)
+        GTEST_SKIP() << "needs CAP_WAKE_ALARM";
+    LinuxWakeTimer timer({});
+    ASSERT_TRUE(timer.arm(60000)) << qPrintable(timer.status());
+    EXPECT_EQ(timer.status(), "armed");
+    EXPECT_GT(timer.remainingMs(), 59000);
+    EXPECT_LE(timer.remainingMs(), 60000);
+    timer.disarm();
+    EXPECT_EQ(timer.remainingMs(), -1);
+    EXPECT_EQ(timer.status(), "off");
+}
