@@ -13,14 +13,21 @@
 #include <vector>
 
 int main(int argc, char** argv) {
+    QList<QByteArray> rawArguments;
     QStringList arguments;
-    for (int i = 1; i < argc; ++i)
+    for (int i = 1; i < argc; ++i) {
+        rawArguments << QByteArray(argv[i]);
         arguments << QString::fromLocal8Bit(argv[i]);
+    }
     auto print = [](const command_line::Answer& answer) {
         std::fputs(answer.out.toLocal8Bit().constData(), stdout);
         std::fputs(answer.err.toLocal8Bit().constData(), stderr);
         return std::fflush(stdout) == 0 ? answer.exitCode : 1;
     };
+    if (command_protocol::isSubCommand(arguments)) {
+        if (const auto refused = command_line::notUtf8(rawArguments))
+            return print(*refused);
+    }
     // Answered before the display, the lock or any file is touched.
     if (const auto answer = command_line::answer(arguments, QStringLiteral(BELLWICK_VERSION)))
         return print(*answer);
@@ -28,6 +35,8 @@ int main(int argc, char** argv) {
     if (command_protocol::isSubCommand(arguments)) {
         QCoreApplication app(argc, argv);
         const auto request = command_protocol::parse(arguments).request;
+        if (const auto refused = command_client::refusedHere(*request))
+            return print(*refused);
         return print(
             command_client::run(*request, command_client::userChannel(QCoreApplication::applicationFilePath())));
     }

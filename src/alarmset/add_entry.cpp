@@ -29,10 +29,10 @@ QString twentyFourHour(const QString& hourText, const QString& amPm) {
 AddResult addEvent(Context& ctx, EventEntry& entry, QString& playWord, const AlarmSetLinks& links) {
     EntryControls& c = entry.controls;
     // The message box never holds more than it takes, nor a double quote; a message that comes with the entry
-    // keeps the same rules, and is refused whole rather than cut.
+    // keeps the same rules, and is refused whole rather than cut, as is one the files cannot hold.
     const QString shownMessage = message_text::typed(message_text::shown(entry.message));
-    if (message_text::length(shownMessage) > message_text::kMaxLength) {
-        ctx.notices.answerOk(QStringLiteral("Message longer than %1 characters").arg(message_text::kMaxLength));
+    if (const QString why = message_text::refusal(shownMessage); !why.isEmpty()) {
+        ctx.notices.answerOk(why);
         return AddResult::Refused;
     }
     const QString message = message_text::stored(shownMessage);

@@ -41,7 +41,8 @@ enum class AddResult {
 
 // Checks the entry, turns it into "hh:mm:ss" and sends the event to today's list or to the schedule. The window
 // and the command channel both add through here. The padded texts go back into the controls; playWord keeps the
-// last play word chosen. A message longer than the message box takes is refused before anything else.
+// last play word chosen. A message longer than the message box takes, or with characters the files cannot
+// hold, is refused before anything else.
 AddResult addEvent(Context& ctx, EventEntry& entry, QString& playWord, const AlarmSetLinks& links);
 
 // The window's Add: addEvent with the window's date and its With Message state.

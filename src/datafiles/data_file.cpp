@@ -4,6 +4,7 @@
 #include "engine/context.h"
 #include "engine/event_checker.h"
 #include "engine/schedule_file.h"
+#include "message/message_text.h"
 #include "platform/clock.h"
 #include "platform/field_reader.h"
 #include "platform/numeric.h"
@@ -87,6 +88,14 @@ void loadDataFile(Context& ctx, const QString& fileName) {
 }
 
 void writeDataFile(Context& ctx, const QString& fileName) {
+    // A text the file cannot hold is refused whole: no "?" stands in for what the user typed.
+    QString unheld;
+    for (const QString& row : ctx.today.messages.items())
+        unheld += row;
+    if (const QString why = message_text::unheldWarning(unheld); !why.isEmpty()) {
+        ctx.notices.answerOk(why);
+        return;
+    }
     QByteArray data;
     for (const QString& row : ctx.today.alarms.items())
         record_file::appendRecord(data, {row});

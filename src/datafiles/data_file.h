@@ -14,5 +14,6 @@ void loadDataFile(Context& ctx, const QString& fileName);
 void saveDataFile(Context& ctx, const QString& fileName,
                   const std::function<void(const QString& origin, const QString& fileName)>& fileAlreadyExist);
 
-// Replaces the file with the rows of todayList, then those of todayMessages. Reports a failure in the user's words.
+// Replaces the file with the rows of todayList, then those of todayMessages. Reports a failure in the user's words;
+// a message with characters the file cannot hold is named in a warning, and nothing is written.
 void writeDataFile(Context& ctx, const QString& fileName);

@@ -1,5 +1,6 @@
 #include "engine/command_client.h"
 
+#include "message/message_text.h"
 #include "platform/command_channel.h"
 #include "platform/record_file.h"
 #include "platform/single_instance.h"
@@ -71,6 +72,13 @@ Channel userChannel(const QString& programPath) {
         c.startLockPath = QFileInfo(c.lockPath).absolutePath() + QStringLiteral("/bellwick-start.lock");
     c.programPath = programPath;
     return c;
+}
+
+std::optional<command_line::Answer> refusedHere(const command_protocol::Request& request) {
+    if (request.command != QLatin1String("add"))
+        return std::nullopt;
+    const QString why = message_text::refusal(message_text::typed(message_text::shown(request.message)));
+    return why.isEmpty() ? std::nullopt : std::optional(failed(why));
 }
 
 command_line::Answer run(const command_protocol::Request& given, const Channel& channel) {

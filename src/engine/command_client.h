@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <optional>
+
 // The command line's side of the sub-commands: hands the request to the running program, starting it first
 // when none runs, and turns its answer into what is printed and the exit status.
 namespace command_client {
@@ -19,6 +21,10 @@ struct Channel {
 
 // The channel of this user, starting this program.
 Channel userChannel(const QString& programPath);
+
+// A message the running program would refuse, told before it is asked or started: a message of any length gets
+// its reason, not an error of the channel, which takes lines of a bounded length.
+std::optional<command_line::Answer> refusedHere(const command_protocol::Request& request);
 
 command_line::Answer run(const command_protocol::Request& request, const Channel& channel);
 

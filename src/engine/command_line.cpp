@@ -2,6 +2,8 @@
 
 #include "engine/command_protocol.h"
 
+#include <QStringDecoder>
+
 #include <array>
 
 namespace command_line {
@@ -53,16 +55,18 @@ QString helpText() {
         "                 a later day's goes to the schedule. Prints the event as 'list' does; a refusal\n"
         "                 goes to standard error with exit status 1\n"
         "    --time       the time of day, 24-hour (seconds may be left out)\n"
-        "    --date       the day; today when left out\n"
+        "    --date       the day, today or later; today when left out\n"
         "    --in         a delay from now instead: 90s, 20m or 2h\n"
         "    --plays      once (the default), twice, thrice or repeat (until stopped)\n"
-        "    --message    the text of the message window, at most 626 characters\n"
+        "    --message    the text of the message window, at most 626 characters, each one that\n"
+        "                 Windows-1252 holds (the files' code page)\n"
         "    --every      come back every day, weekdays, weekends, week, month, year, or on days as mon,wed,fri\n"
         "                 (kept in recurring.ics, from --date or today on)\n"
         "    --until      the last day of a recurring alarm\n"
         "    --count      how many times a recurring alarm rings in all\n"
         "  list           the coming alarms in time order, one a line: YYYY/MM/DD HH:MM:SS PLAYS MESSAGE\n"
-        "                 (in MESSAGE a line break is written \\n and a backslash \\\\), then a line\n"
+        "                 (in MESSAGE a line break is written \\n, a carriage return \\r, a backslash\n"
+        "                 \\\\ and any other control character \\u00hh, as \\u001b for escape), then a line\n"
         "                 'Wake-up: ...' on whether the computer wakes from a suspend for the next alarm\n"
         "    --json       a JSON array of {date, time, plays, message, id, wake} instead; a recurring alarm\n"
         "                 also has every and next, and shows as its next occurrence; wake is 'armed',\n"
@@ -76,6 +80,17 @@ QString helpText() {
         "The computer wakes from a suspend 60 seconds before an alarm: set BELLWICK_WAKE_ADVANCE\n"
         "to another number of seconds, or to 'off'.\n"
         "Your alarms and settings live in ${XDG_DATA_HOME:-~/.local/share}/bellwick/.\n");
+}
+
+std::optional<Answer> notUtf8(const QList<QByteArray>& arguments) {
+    for (qsizetype i = 0; i < arguments.size(); ++i) {
+        QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+        const QString text = decoder(arguments.at(i));
+        if (decoder.hasError())
+            return Answer{
+                1, {}, QStringLiteral("bellwick: argument %1 is not valid UTF-8: '%2'\n").arg(i + 1).arg(text)};
+    }
+    return std::nullopt;
 }
 
 std::optional<Answer> answer(const QStringList& arguments, const QString& version) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QByteArray>
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -18,6 +20,9 @@ struct Answer {
 // well-formed sub-command ("add", "list") is to go to it. Qt's own options (-platform, -display, -style, ...)
 // are left for QApplication.
 std::optional<Answer> answer(const QStringList& arguments, const QString& version);
+
+// The first argument that is not UTF-8 refused with status 1: its text would reach the files changed.
+std::optional<Answer> notUtf8(const QList<QByteArray>& arguments);
 
 QString helpText();
 

@@ -208,6 +208,8 @@ QString eventLine(const Event& e) {
             line += QLatin1String("\\n");
         else if (c == QLatin1Char('\r'))
             line += QLatin1String("\\r");
+        else if (c.unicode() < 0x20 || (c.unicode() >= 0x7F && c.unicode() <= 0x9F))
+            line += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0')); // no control reaches a terminal
         else
             line += c;
     }

@@ -62,9 +62,9 @@ struct Event {
 
 QJsonObject toJson(const Event& event);
 Event eventFromJson(const QJsonObject& object);
-// "yyyy/mm/dd hh:mm:ss plays message": the message follows one space, with '\' written "\\", a line break "\n"
-// and a lone carriage return "\r", so that one event is one line; nothing follows the play word when there is no
-// message.
+// "yyyy/mm/dd hh:mm:ss plays message": the message follows one space, with '\' written "\\", a line break "\n",
+// a lone carriage return "\r" and every other control character (C0, DEL, C1) "\u00hh", so that one event is
+// one line and nothing in it can drive a terminal; nothing follows the play word when there is no message.
 QString eventLine(const Event& event);
 
 // A JSON object as one line of the channel, and back; an empty object for a line that is none.

@@ -57,6 +57,9 @@ QByteArray add(Context& ctx, RoutedNotices& notices, const command_protocol::Req
     }
     if (!isDate(date))
         return refusal(QStringLiteral("Invalid input of date"));
+    // The window stores a passed day's event where it never rings; a script is told instead.
+    if (date < ctx.clock.dateText())
+        return refusal(QStringLiteral("Day was passed"));
     if (!kPlays.contains(request.plays))
         return refusal(QStringLiteral("Invalid input"));
 
@@ -131,14 +134,16 @@ EntryControls entryControls(const QString& time, const QString& plays) {
 
 QList<Event> comingEvents(const Context& ctx) {
     const QString today = ctx.clock.dateText();
-    // The messages of each time in the order they are taken when the alarms of that time ring.
+    // The messages of each time in the order they are taken when the alarms of that time ring: the ringing
+    // alarm takes the first left of its time (of its minute when seconds are off), whatever it came with.
+    const qsizetype keyLength = ctx.options.noSecond ? 5 : 8;
     QHash<QString, QStringList> messages;
     for (const QString& row : ctx.today.messages.items())
-        messages[alarm_event::timeOf(row).toString()].append(alarm_event::messageOfMessageRow(row));
+        messages[alarm_event::timeOf(row).left(keyLength).toString()].append(alarm_event::messageOfMessageRow(row));
     QList<Event> events;
     for (const QString& row : ctx.today.alarms.items()) {
         const QString time = alarm_event::timeOf(row).toString();
-        QStringList& ofTime = messages[time];
+        QStringList& ofTime = messages[time.left(keyLength)];
         const QString message = ofTime.isEmpty() ? QString() : ofTime.takeFirst();
         events.append({today, time, alarm_event::wholeWordFromTodayRow(row), message_text::shown(message), {}});
     }

@@ -5,6 +5,7 @@
 #include "engine/context.h"
 #include "engine/schedule_file.h"
 #include "eventlist/save_all_events.h"
+#include "message/message_text.h"
 #include "platform/clock.h"
 #include "platform/numeric.h"
 #include "sound/notices.h"
@@ -94,6 +95,8 @@ bool confirmEdit(Context& ctx, EditControls& c) {
     padToTwo(c.hourBox);
     padToTwo(c.minuteBox);
     padToTwo(c.secondBox);
+    if (const QString why = message_text::unheldWarning(c.input); !why.isEmpty())
+        return refuse(ctx, why);
 
     const QString newTime =
         twentyFourHour(c.hourBox, c.amPm) + QLatin1Char(':') + c.minuteBox + QLatin1Char(':') + c.secondBox;

@@ -4,6 +4,7 @@
 #include "engine/alarm_set_ui.h"
 #include "engine/context.h"
 #include "engine/schedule_file.h"
+#include "message/message_text.h"
 #include "platform/clock.h"
 #include "platform/numeric.h"
 #include "settings/settings_records.h"
@@ -99,24 +100,31 @@ void InputMessage::warnNothingSaved() {
     m_ctx.notices.beep();
 }
 
-void InputMessage::save(const MessageControls& c, double fontSize) {
+bool InputMessage::save(const MessageControls& c, double fontSize) {
     settings_records::writeFontSize(m_ctx, static_cast<int32_t>(roundHalfEven(fontSize)));
     if (c.input.isEmpty()) {
         warnNothingSaved();
-        return;
+        return true;
+    }
+    // The text stays in the box for the user to mend; the window stays open.
+    if (const QString why = message_text::unheldWarning(c.input); !why.isEmpty()) {
+        m_ctx.notices.answerOk(why);
+        m_ctx.notices.beep();
+        return false;
     }
     // The date is looked at now, not when the window opened.
     if (m_ctx.entry.date == m_ctx.clock.dateText() || m_origin == kDoubleClick) {
         if (!hasCurrentTodayRow()) {
             warnNothingSaved();
-            return;
+            return true;
         }
         if (m_currentMessage != -1 && m_currentMessage < m_messageRows.size())
             m_ctx.today.messages.removeItem(m_messageRows.at(m_currentMessage));
         m_ctx.today.messages.addItem(alarm_event::messageRow(c.input, currentTodayTime()));
-        return;
+        return true;
     }
     appendToSchedule(m_ctx, c.input);
+    return true;
 }
 
 bool InputMessage::deactivated() {

@@ -42,8 +42,9 @@ public:
     void openInputMessage(const QString& origin, MessageControls& c);
     // ">": the next of several messages of the row's time, round to the first.
     void nextMessage(MessageControls& c);
-    // Save: keeps the text size, then stores the text; the window closes after it.
-    void save(const MessageControls& c, double fontSize);
+    // Save: keeps the text size, then stores the text. True when the window closes after it; false when the
+    // text holds characters our files cannot, which a warning names, and the text stays in the box.
+    bool save(const MessageControls& c, double fontSize);
     // Another window of ours took the focus: true when this one takes the front back (and beeps).
     bool deactivated();
     // Every way out: the place when the window is in its normal state, todayList back in view, the front

@@ -1,10 +1,17 @@
 #include "message/message_text.h"
 
+#include "platform/cp1252.h"
+
 namespace message_text {
 
 namespace {
 bool isLineBreak(QChar c) {
     return c == QLatin1Char('\n') || c == QChar::ParagraphSeparator || c == QChar::LineSeparator;
+}
+
+// The low half of a surrogate pair: its character was counted with the high half.
+bool secondOfPair(QStringView text, qsizetype i) {
+    return i > 0 && text[i].isLowSurrogate() && text[i - 1].isHighSurrogate();
 }
 } // namespace
 
@@ -36,16 +43,29 @@ QString shown(const QString& stored) {
 
 int length(QStringView shown) {
     int n = 0;
-    for (const QChar c : shown)
-        n += isLineBreak(c) ? 2 : 1;
+    for (qsizetype i = 0; i < shown.size(); ++i)
+        n += isLineBreak(shown[i]) ? 2 : !secondOfPair(shown, i);
     return n;
+}
+
+QString unheldWarning(QStringView text) {
+    const Cp1252Fit fit = cp1252Fit(text);
+    return fit.fits() ? QString() : QStringLiteral("These characters cannot be stored: ") + unheldNames(fit.unheld);
+}
+
+QString refusal(QStringView shown) {
+    if (length(shown) > kMaxLength)
+        return QStringLiteral("Message longer than %1 characters").arg(kMaxLength);
+    return unheldWarning(shown);
 }
 
 QString fitting(QStringView boxText, QStringView replaced, const QString& inserted) {
     int room = kMaxLength - (length(boxText) - length(replaced));
     QString out;
-    for (const QChar c : inserted) {
-        const int need = isLineBreak(c) ? 2 : 1;
+    for (qsizetype i = 0; i < inserted.size(); ++i) {
+        const QChar c = inserted[i];
+        const int need = isLineBreak(c) ? 2 : !secondOfPair(inserted, i);
+        // The low half of a pair needs no room, so a pair is taken whole or not at all.
         if (need > room)
             break;
         room -= need;

@@ -19,8 +19,13 @@ QString typed(QString keys);
 QString stored(const QString& shown);
 QString shown(const QString& stored);
 
-// The length of the box's text as the limit counts it.
+// The length of the box's text as the limit counts it: the bytes the file holds, so a character is one
+// whatever its UTF-16 length, and a line break two.
 int length(QStringView shown);
+// The warning for text our files cannot hold, naming the characters; empty when every one can be stored.
+QString unheldWarning(QStringView text);
+// Why a message cannot be stored as given (too long, or characters the files cannot hold); empty when it can.
+QString refusal(QStringView shown);
 // The part of an insertion that fits: the box holds `boxText`, of which `replaced` is about to be
 // replaced by `inserted`. Quotes are turned as typing turns them.
 QString fitting(QStringView boxText, QStringView replaced, const QString& inserted);

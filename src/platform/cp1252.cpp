@@ -1,5 +1,7 @@
 #include "platform/cp1252.h"
 
+#include <QStringList>
+
 #include <array>
 
 namespace {
@@ -11,14 +13,20 @@ constexpr std::array<char16_t, 32> kHigh = {0x20AC, 0x0081, 0x201A, 0x0192, 0x20
                                             0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
                                             0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-char encodeOne(char16_t c) {
+// The byte for c, or -1 when the code page has none.
+int byteFor(char32_t c) {
     if (c < 0x80 || (c >= 0xA0 && c <= 0xFF))
-        return static_cast<char>(c);
+        return static_cast<int>(c);
     for (std::size_t i = 0; i < kHigh.size(); ++i) {
         if (kHigh[i] == c)
-            return static_cast<char>(0x80 + i);
+            return static_cast<int>(0x80 + i);
     }
-    return '?';
+    return -1;
+}
+
+char encodeOne(char16_t c) {
+    const int byte = byteFor(c);
+    return byte < 0 ? '?' : static_cast<char>(byte);
 }
 
 } // namespace
@@ -72,4 +80,31 @@ QString fromCp1252(const QByteArray& bytes) {
             dst[i] = QChar(kHigh[in[i] - 0x80]);
     }
     return out;
+}
+
+Cp1252Fit cp1252Fit(QStringView text) {
+    Cp1252Fit fit;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        char32_t c = text[i].unicode();
+        // A pair of surrogates is one character; a lone one is a character of its own that no file holds.
+        if (QChar::isHighSurrogate(c) && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
+            c = QChar::surrogateToUcs4(text[i], text[i + 1]);
+            ++i;
+        }
+        ++fit.bytes;
+        if (byteFor(c) < 0 && !fit.unheld.contains(c))
+            fit.unheld.append(c);
+    }
+    return fit;
+}
+
+QString unheldNames(const QList<char32_t>& unheld) {
+    QStringList names;
+    for (const char32_t c : unheld) {
+        if (QChar::isPrint(c) && !QChar::isSurrogate(c))
+            names.append(QString::fromUcs4(&c, 1));
+        else
+            names.append(QStringLiteral("U+%1").arg(static_cast<uint>(c), 4, 16, QLatin1Char('0')).toUpper());
+    }
+    return names.join(QLatin1Char(' '));
 }

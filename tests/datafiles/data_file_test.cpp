@@ -81,6 +81,12 @@ TEST_F(DataFileTest, SaveWritesBothListsAndLoadsBackOnAnotherDay) {
     EXPECT_EQ(ctx.today.alarms.items(), QStringList({"repeat 18:00:00", "once 19:00:00"}));
     EXPECT_EQ(ctx.today.messages.items(), QStringList({"Two\r\nlines, and a comma at 19:00:00"}));
 
+    // A message the file cannot hold leaves nothing behind but a warning that names it.
+    ctx.today.messages.addItem(QString::fromUtf8("Call 李 at 19:00:00"));
+    saveDataFile(ctx, "han.dat", {});
+    EXPECT_FALSE(QFileInfo::exists(path("han.dat")));
+    EXPECT_EQ(notices.warnings.takeLast(), QString::fromUtf8("These characters cannot be stored: 李"));
+
     // Two empty lists give an empty file, which loads without a word.
     ctx.today.alarms.clear();
     ctx.today.messages.clear();

@@ -43,6 +43,10 @@ check 2 '' "^bellwick: add: the date '1/2/2030' is not YYYY/MM/DD" add --time 07
 check 2 '' "^bellwick: add: plays 'often' is not once" add --in 5m --plays often
 check 2 '' "^bellwick: add: option '--message' needs a value" add --in 5m --message
 check 2 '' "^bellwick: list: unknown option '--all'" list --all
+# A message the files cannot hold, of any length, or an argument that is not UTF-8: refused here, exit 1.
+check 1 '' "^bellwick: argument 5 is not valid UTF-8" add --in 5m --message $'caf\xe9'
+check 1 '' "^bellwick: Message longer than 626 characters$" add --in 5m --message "$(head -c 70000 /dev/zero | tr '\0' m)"
+check 1 '' "^bellwick: These characters cannot be stored: 😀 会 议$" add --in 5m --message "emoji 😀 会议"
 # Answering must not create the data folder, the lock or anything else.
 left=$(find "$home" -mindepth 1)
 [ -z "$left" ] || fail "the options left files behind: $left"

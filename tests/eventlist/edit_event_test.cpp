@@ -78,14 +78,19 @@ TEST_F(EditEventTest, RefusalsTellTheUserAndChangeNoEvent) {
         EXPECT_FALSE(confirmEdit(ctx, c)) << qPrintable(k[4]);
         EXPECT_EQ(notices.warnings.takeLast(), k[4]);
     }
-    EXPECT_EQ(notices.beeps, 8);
+    // A message the schedule cannot hold is named, not stored with question marks.
+    EditControls c = openCurrent();
+    c.input = QString::fromUtf8("Dentist 🦷\r\n会议 🦷");
+    EXPECT_FALSE(confirmEdit(ctx, c));
+    EXPECT_EQ(notices.warnings.takeLast(), QString::fromUtf8("These characters cannot be stored: 🦷 会 议"));
+    EXPECT_EQ(notices.beeps, 9);
     EXPECT_EQ(rows(), before);
     EXPECT_EQ(ctx.eventList.highlightedCount(), 1);
     EXPECT_TRUE(ctx.today.alarms.isEmpty());
     EXPECT_FALSE(QFileInfo::exists(path("future.dat")));
 
     // A refused past day keeps the padding the check gave the time boxes.
-    EditControls c = openCurrent();
+    c = openCurrent();
     c.dateEdit = "2002/04/30";
     c.minuteBox = "5";
     confirmEdit(ctx, c);

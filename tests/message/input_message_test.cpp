@@ -69,6 +69,20 @@ TEST_F(InputMessageTest, AnotherDayGoesToTheScheduleOnSaveAndTheDateCountsAtSave
     EXPECT_TRUE(messages().isEmpty());
 }
 
+TEST_F(InputMessageTest, TextTheFilesCannotHoldStaysInTheBoxWithAWarning) {
+    for (const char* date : {"2002/05/01", "2002/05/09"}) {
+        ctx.newEvent = {"07:15:00", "once", "-", false, false};
+        ctx.entry.date = date;
+        open("");
+        c.input = QString::fromUtf8("emoji 😀 end");
+        EXPECT_FALSE(form.save(c, 9)) << date; // the window stays open on its text
+        EXPECT_EQ(notices.warnings.takeLast(), QString::fromUtf8("These characters cannot be stored: 😀")) << date;
+        form.closing(true, 0, 0);
+    }
+    EXPECT_EQ(messages(), QStringList());
+    EXPECT_FALSE(QFile::exists(path("future.dat")));
+}
+
 TEST_F(InputMessageTest, OneMessageLivesOnlyInTheBoxWhileOpen) {
     addMessage("Dentist at 07:00:00", "08:30:00"); // a text that itself ends like a tail
     addMessage("Other", "09:00:00");

@@ -119,6 +119,10 @@ TEST(MessageText, LineBreaksAndTheLengthLimit) {
     const QString oneShort(kMaxLength - 1, 'a');
     EXPECT_EQ(fitting(oneShort, u"", "\n"), ""); // a line break counts as CR LF
     EXPECT_EQ(fitting(oneShort, u"\n", "\n\n"), "\n");
+    // A character takes one place, as in the file, whatever its UTF-16 length; a pair is never split.
+    const QString emoji = QString::fromUtf8("😀");
+    EXPECT_EQ(length(oneShort + emoji), kMaxLength);
+    EXPECT_EQ(fitting(oneShort, u"", emoji + emoji), emoji);
 }
 
 TEST(MessageText, TextSizeSteps) {

@@ -129,8 +129,8 @@ void InputMessageWindow::setFontSize(double pointSize) {
 }
 
 void InputMessageWindow::onOkClicked() {
-    m_core.save(controls(), input->font().pointSizeF());
-    close();
+    if (m_core.save(controls(), input->font().pointSizeF()))
+        close();
 }
 
 void InputMessageWindow::onCancelClicked() {
