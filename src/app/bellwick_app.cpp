@@ -17,6 +17,7 @@
 #include "platform/data_folder.h"
 #include "platform/linux/linux_sound_devices.h"
 #include "platform/single_instance.h"
+#include "platform/ui/window_roles.h"
 #include "platform/ui/window_twips.h"
 #include "settings/ui/settings_window.h"
 #include "sound/routed_notices.h"
@@ -54,6 +55,7 @@ int BellwickApp::run() {
     }
 
     QApplication::setFont(window_twips::designFont(QApplication::font()));
+    window_roles::install();
     Program program;
     Context& ctx = program.ctx;
     ctx.folder = data_folder::programFolder();
