@@ -20,6 +20,7 @@
 #include "platform/linux/linux_wake_timer.h"
 #include "platform/linux/timerfd_sleep_timer.h"
 #include "platform/single_instance.h"
+#include "platform/ui/window_roles.h"
 #include "platform/ui/window_twips.h"
 #include "recurring/recurring_arming.h"
 #include "settings/ui/settings_window.h"
@@ -59,6 +60,7 @@ int BellwickApp::run() {
     }
 
     QApplication::setFont(window_twips::designFont(QApplication::font()));
+    window_roles::install();
     Program program;
     Context& ctx = program.ctx;
     ctx.folder = data_folder::programFolder();

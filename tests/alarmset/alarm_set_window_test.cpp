@@ -2,9 +2,11 @@
 #include "alarmset/ui/alarm_set_window.h"
 #include "alarmset/ui/drop_down_combo.h"
 #include "alarmset/ui/picture_box.h"
+#include "alarmset/ui/picture_button.h"
 #include "eventlist/ui/event_list_view.h"
 #include "fakes.h"
 
+#include <QAbstractItemView>
 #include <QCalendarWidget>
 #include <QCheckBox>
 #include <QLabel>
@@ -146,6 +148,48 @@ TEST_F(AlarmSetWindowTest, MessageViewAndComingListToggle) {
     EXPECT_TRUE(f->eventListView->isVisible());
     f->comingAction->trigger();
     EXPECT_FALSE(f->eventListView->isVisible());
+}
+
+TEST_F(AlarmSetWindowTest, KeysPickTheDateAndTabSkipsWhatTheListsCover) {
+    f->show();
+    const auto key = [](QWidget* to, int k) {
+        QKeyEvent event(QEvent::KeyPress, k, Qt::NoModifier);
+        QApplication::sendEvent(to, &event);
+    };
+    auto* days = f->calendar->findChild<QAbstractItemView*>();
+    ASSERT_NE(days, nullptr);
+    EXPECT_TRUE(f->dateLabel->focusPolicy() & Qt::TabFocus);
+    // F4 opens and Escape closes; Space opens, Right moves a day, Return picks it and closes, as a double click.
+    key(f->dateLabel, Qt::Key_F4);
+    EXPECT_TRUE(f->calendar->isVisible());
+    key(days, Qt::Key_Escape);
+    EXPECT_FALSE(f->calendar->isVisible());
+    EXPECT_EQ(f->dateLabel->text(), "2002/05/01");
+    key(f->dateLabel, Qt::Key_Space);
+    ASSERT_TRUE(f->calendar->isVisible());
+    key(days, Qt::Key_Right);
+    key(days, Qt::Key_Return);
+    EXPECT_FALSE(f->calendar->isVisible());
+    EXPECT_EQ(f->dateLabel->text(), "2002/05/02");
+    EXPECT_EQ(ctx.entry.date, "2002/05/02");
+
+    // Covered by the event list, the controls beneath leave the Tab chain; those beside it stay.
+    const QList<QWidget*> beneath = {f->deleteButton, f->viewMessagesButton, f->songBox, f->loadButton};
+    f->comingAction->trigger();
+    for (QWidget* w : beneath)
+        EXPECT_EQ(w->focusPolicy(), Qt::NoFocus) << w->objectName().toStdString();
+    EXPECT_NE(f->exitButton->focusPolicy(), Qt::NoFocus);
+    f->comingAction->trigger();
+    for (QWidget* w : beneath)
+        EXPECT_NE(w->focusPolicy(), Qt::NoFocus) << w->objectName().toStdString();
+    ctx.today.alarms.addItem("once 21:00:00");
+    ctx.today.messages.addItem("Call home at 21:00:00");
+    f->viewMessagesButton->click();
+    ASSERT_TRUE(f->messageView->isVisible());
+    EXPECT_EQ(f->addButton->focusPolicy(), Qt::NoFocus);
+    EXPECT_NE(f->viewMessagesButton->focusPolicy(), Qt::NoFocus);
+    f->viewMessagesButton->click();
+    EXPECT_NE(f->addButton->focusPolicy(), Qt::NoFocus);
 }
 
 TEST_F(AlarmSetWindowTest, NoSecondModeHidesTheSecondsAndShadingSwapsTheList) {

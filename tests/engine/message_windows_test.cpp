@@ -86,7 +86,9 @@ TEST_F(MessageWindows, MinutesBoxTakesDigitsAndEditingKeysOnly) {
         QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, text);
         QApplication::sendEvent(form->minutesEdit, &event);
     };
+    EXPECT_TRUE(form->playCountBox->isHidden());
     press(Qt::Key_1, "1");
+    EXPECT_FALSE(form->playCountBox->isHidden()); // typed minutes bring the play count, as a press does
     press(Qt::Key_Left, "");
     press(Qt::Key_2, "2");
     press(Qt::Key_A, "a");

@@ -163,6 +163,22 @@ TEST_F(EventListViewTest, RightPressOpensThePopupOnlyWithACurrentRowAndMovesNoth
     EXPECT_FALSE(ctx.eventList.rows.isSelected(4));
 }
 
+TEST_F(EventListViewTest, MenuKeyAndShiftF10OpenThePopupOnTheCurrentRow) {
+    const auto key = [this](int k, Qt::KeyboardModifiers modifiers) {
+        QKeyEvent event(QEvent::KeyPress, k, modifiers);
+        QApplication::sendEvent(view->rows, &event);
+    };
+    key(Qt::Key_Menu, Qt::NoModifier);
+    EXPECT_TRUE(popups.isEmpty()); // no current row, no menu
+    press(Qt::LeftButton, 2);
+    key(Qt::Key_Menu, Qt::NoModifier);
+    key(Qt::Key_F10, Qt::ShiftModifier);
+    key(Qt::Key_F10, Qt::NoModifier);
+    const QPoint row2 =
+        view->rows->viewport()->mapToGlobal(view->rows->visualRect(ctx.eventList.rows.index(2)).center());
+    EXPECT_EQ(popups, QList<QPoint>({row2, row2}));
+}
+
 TEST_F(EventListViewTest, RowsAreOneLineOfArialWhateverTheWindowHandsDown) {
     ctx.eventList.clear();
     ctx.eventList.insertRow("-", "2002/05/01-08:30:00", "", false);

@@ -34,11 +34,6 @@ struct InputMessageWindowTest : ::testing::Test, EngineFixture {
         event.setCommitString(text);
         QApplication::sendEvent(form.input, &event);
     }
-    void click(QLabel* label) {
-        const QPointF at(2, 2);
-        QMouseEvent up(QEvent::MouseButtonRelease, at, label->mapToGlobal(at), Qt::LeftButton, Qt::NoButton, {});
-        QApplication::sendEvent(label, &up);
-    }
 };
 
 } // namespace
@@ -59,10 +54,10 @@ TEST_F(InputMessageWindowTest, TypingSavingAndTheTextSize) {
     EXPECT_EQ(form.input->message(), QString(624, 'a') + "'b");
 
     for (int i = 0; i < 4; ++i)
-        click(form.minusLabel);
+        form.minusButton->click();
     EXPECT_EQ(form.input->font().pointSizeF(), 6);
     EXPECT_EQ(notices.beeps, 1);
-    click(form.plusLabel);
+    form.plusButton->click();
     form.okButton->click();
     EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(ctx.today.messages.items(), QStringList{QString(624, 'a') + "'b at 08:30:00"});

@@ -17,10 +17,12 @@
 #include "engine/schedule_file.h"
 #include "eventlist/ui/event_list_view.h"
 #include "platform/clock.h"
+#include "platform/ui/focus_marked_button.h"
 #include "platform/ui/window_place.h"
 #include "platform/ui/window_twips.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QCalendarWidget>
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -161,9 +163,9 @@ void AlarmSetWindow::buildControls(QWidget* client) {
     amPm->setFocusPolicy(Qt::NoFocus);
     amPm->setTextMargins(0, 0, 0, 0);
 
-    upButton = new PictureButton(button_faces::arrowUp, QStringLiteral("AM or PM"), playListFrame);
+    upButton = new PictureButton(button_faces::arrowUp, QStringLiteral("AM or PM up"), playListFrame);
     place(upButton, 5640, 480, 252, 108, "upButton");
-    downButton = new PictureButton(button_faces::arrowDown, QStringLiteral("AM or PM"), playListFrame);
+    downButton = new PictureButton(button_faces::arrowDown, QStringLiteral("AM or PM down"), playListFrame);
     place(downButton, 5640, 600, 252, 108, "downButton");
 
     dateLabel = new QLabel(QStringLiteral("Date"), playListFrame);
@@ -175,6 +177,9 @@ void AlarmSetWindow::buildControls(QWidget* client) {
     dateLabel->setToolTip(QStringLiteral("Choose the day"));
     showDateLabel(QStringLiteral("Date"), QColor(0x00, 0x00, 0x80), QColor(0xff, 0xff, 0xff));
     dateLabel->installEventFilter(this);
+    // A Tab stop: Space, Enter or F4 opens the calendar, as a click does.
+    dateLabel->setFocusPolicy(Qt::TabFocus);
+    dateLabel->setAccessibleDescription(QStringLiteral("The alarm's day: Space, Enter or F4 opens the calendar"));
 
     auto* noKeys = new NoTypedKeys(this);
     playCountBox = new QComboBox(playListFrame);
@@ -188,7 +193,7 @@ void AlarmSetWindow::buildControls(QWidget* client) {
     withMessageButton =
         new PictureButton(button_faces::addWithPencil, QStringLiteral("Add with a message"), playListFrame);
     place(withMessageButton, 4320, 1440, 732, 372, "withMessageButton");
-    addButton = new QPushButton(QStringLiteral("Add"), playListFrame);
+    addButton = new FocusMarkedButton(QStringLiteral("Add"), playListFrame);
     place(addButton, 5280, 1440, 612, 372, "addButton");
     addButton->setDefault(true);
 
@@ -248,6 +253,8 @@ void AlarmSetWindow::buildControls(QWidget* client) {
     calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     calendar->setGridVisible(false);
     calendar->hide();
+    if (auto* days = calendar->findChild<QAbstractItemView*>())
+        days->installEventFilter(this);
 
     eventListView = new EventListView(ctx, client);
     place(eventListView, 120, 2568, 5292, 1716, "eventListView");
@@ -256,6 +263,25 @@ void AlarmSetWindow::buildControls(QWidget* client) {
             this->hooks.showEventPopup(globalPos);
     };
     eventListView->hide();
+    for (QWidget* overlay :
+         {static_cast<QWidget*>(messageView), static_cast<QWidget*>(calendar), static_cast<QWidget*>(eventListView)})
+        overlay->installEventFilter(this);
+
+    todayList->setAccessibleName(QStringLiteral("Play list"));
+    const std::pair<QComboBox*, QString> timeNames[] = {{hourBox, QStringLiteral("Hour")},
+                                                        {minuteBox, QStringLiteral("Minute")},
+                                                        {secondBox, QStringLiteral("Second")}};
+    for (const auto& [box, name] : timeNames) {
+        box->setAccessibleName(name);
+        box->lineEdit()->setAccessibleName(name);
+    }
+    amPm->setAccessibleName(QStringLiteral("AM or PM"));
+    playCountBox->setAccessibleName(QStringLiteral("Play Times"));
+    chimeIntervalBox->setAccessibleName(QStringLiteral("Chime every so many minutes"));
+    songBox->setAccessibleName(QStringLiteral("Song"));
+    messageView->setAccessibleName(QStringLiteral("Messages"));
+    hourglass->setAccessibleName(QStringLiteral("Busy"));
+    bellPicture->setAccessibleName(QStringLiteral("Bell"));
 
     // The layout is measured for an 8-point face of Arial's widths; the wider desktop faces would cut captions.
     // It is set on every control, so that a font given to the frame later stays on the frame.
@@ -268,7 +294,8 @@ void AlarmSetWindow::buildControls(QWidget* client) {
     setTabOrder(hourBox, minuteBox);
     setTabOrder(minuteBox, secondBox);
     setTabOrder(secondBox, playCountBox);
-    setTabOrder(playCountBox, addButton);
+    setTabOrder(playCountBox, dateLabel);
+    setTabOrder(dateLabel, addButton);
     hourBox->setFocus();
 }
 
@@ -408,6 +435,36 @@ void AlarmSetWindow::keyPressEvent(QKeyEvent* event) {
 }
 
 bool AlarmSetWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == messageView || watched == calendar || watched == eventListView) {
+        if (event->type() == QEvent::Show || event->type() == QEvent::Hide || event->type() == QEvent::Resize ||
+            event->type() == QEvent::Move)
+            keepTabOffCovered();
+        return QMainWindow::eventFilter(watched, event);
+    }
+    if (event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+        if (watched == dateLabel && (enter || key->key() == Qt::Key_Space || key->key() == Qt::Key_F4)) {
+            onDateLabelClicked();
+            if (calendar->isVisible())
+                calendar->setFocus(Qt::OtherFocusReason);
+            return true;
+        }
+        if (watched != dateLabel && calendar->isAncestorOf(static_cast<QWidget*>(watched))) {
+            // Space picks the day as a click does; Enter picks it and closes, as a double click does.
+            if (key->key() == Qt::Key_Space || enter)
+                onCalendarClicked(calendar->selectedDate());
+            if (key->key() == Qt::Key_Space)
+                return true;
+            if (key->key() == Qt::Key_Escape) {
+                onCalendarDoubleClicked();
+                return true;
+            }
+        }
+    } else if (watched == dateLabel && (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)) {
+        // The label draws no focus of its own: a thicker box shows it.
+        dateLabel->setLineWidth(dateLabel->hasFocus() ? 2 : 1);
+    }
     if (watched == dateLabel && event->type() == QEvent::MouseButtonRelease &&
         dateLabel->rect().contains(static_cast<QMouseEvent*>(event)->position().toPoint())) {
         onDateLabelClicked();
@@ -501,7 +558,41 @@ void AlarmSetWindow::onCalendarClicked(const QDate& day) {
 }
 
 void AlarmSetWindow::onCalendarDoubleClicked() {
+    const bool hadFocus = calendar->isAncestorOf(focusWidget());
     calendar->hide();
+    if (hadFocus)
+        dateLabel->setFocus(Qt::OtherFocusReason);
+}
+
+// Controls that lie mostly under the message view, the calendar or the event list leave the Tab chain while they
+// are covered, so that Tab and Space never reach a control out of sight.
+void AlarmSetWindow::keepTabOffCovered() {
+    static const char* const kRestPolicy = "restFocusPolicy";
+    QWidget* client = centralWidget();
+    if (!client)
+        return;
+    const QList<QWidget*> overlays = {messageView, calendar, eventListView};
+    for (QWidget* w : client->findChildren<QWidget*>()) {
+        bool covered = false;
+        const QRect at(w->mapTo(client, QPoint(0, 0)), w->size());
+        for (QWidget* overlay : overlays) {
+            if (overlay == w || overlay->isAncestorOf(w)) {
+                covered = false;
+                break;
+            }
+            const QRect under = at.intersected(overlay->geometry());
+            if (!overlay->isHidden() && 2 * under.width() * under.height() > at.width() * at.height())
+                covered = true;
+        }
+        const QVariant rest = w->property(kRestPolicy);
+        if (covered && !rest.isValid() && w->focusPolicy() != Qt::NoFocus) {
+            w->setProperty(kRestPolicy, int(w->focusPolicy()));
+            w->setFocusPolicy(Qt::NoFocus);
+        } else if (!covered && rest.isValid()) {
+            w->setFocusPolicy(Qt::FocusPolicy(rest.toInt()));
+            w->setProperty(kRestPolicy, QVariant());
+        }
+    }
 }
 
 void AlarmSetWindow::onDeleteClicked() {
@@ -583,4 +674,7 @@ void AlarmSetWindow::onSettingsChosen() {
 void AlarmSetWindow::onComingChosen() {
     eventListView->setVisible(!eventListView->isVisible());
     eventListView->raise();
+    // Chosen from the keyboard as well as with the mouse: the arrows and the Menu key go to the rows at once.
+    if (eventListView->isVisible())
+        eventListView->rows->setFocus(Qt::OtherFocusReason);
 }

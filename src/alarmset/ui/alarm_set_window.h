@@ -109,6 +109,7 @@ private:
     void onDateLabelClicked();
     void onCalendarClicked(const QDate& day);
     void onCalendarDoubleClicked();
+    void keepTabOffCovered();
     void onDeleteClicked();
     void onDeleteAllClicked();
     void onTodayListDoubleClicked();

@@ -5,6 +5,7 @@
 // The clock's face text. Unlike a QLabel, a new text is painted at once and posts nothing, so the idle clock
 // wakes the program once a second and no more.
 class ClockTextLabel : public QWidget {
+    Q_OBJECT
 public:
     explicit ClockTextLabel(QWidget* parent = nullptr);
 

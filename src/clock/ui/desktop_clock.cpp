@@ -68,8 +68,11 @@ DesktopClock::DesktopClock(Context& ctx, ScreenServices& screen, DockingHandler&
     timeLabel->installEventFilter(this);
     menuEnd = new QWidget(this);
     menuEnd->installEventFilter(this);
+    menuEnd->setAccessibleName(QStringLiteral("Clock menu"));
     closeEnd = new QWidget(this);
     closeEnd->installEventFilter(this);
+    closeEnd->setAccessibleName(QStringLiteral("Close the clock"));
+    setAccessibleName(QStringLiteral("Desktop clock"));
 
     timer = new QTimer(this);
     timer->setTimerType(Qt::PreciseTimer);

@@ -5,6 +5,7 @@
 #include "datafiles/chooser_actions.h"
 #include "datafiles/ui/overwrite_question.h"
 #include "engine/context.h"
+#include "platform/ui/focus_marked_button.h"
 #include "platform/ui/front.h"
 #include "platform/ui/typed_key.h"
 #include "platform/ui/window_twips.h"
@@ -90,12 +91,15 @@ DataFileChooser::DataFileChooser(Context& ctx) : FrontDialog(ctx, kFrontNumber) 
     input->installEventFilter(this);
     // Pasted or composed text keeps to the typed keys' rule: no blank, no path out of the folder.
     input->setValidator(new QRegularExpressionValidator(QRegularExpression(QLatin1String(kChooserNamePattern)), input));
-    confirmButton = new QPushButton(this);
+    confirmButton = new FocusMarkedButton(QString(), this);
     place(confirmButton, 4920, 2160, 732, 372);
     confirmButton->setDefault(true);
     cancelButton = new QPushButton(QStringLiteral("Cancel"), this);
     place(cancelButton, 4920, 2760, 732, 372);
-    cancelButton->setAutoDefault(false);
+    // Focused, Cancel takes Return for itself; elsewhere Return goes to the confirm button.
+    cancelButton->setAutoDefault(true);
+    fileList->setAccessibleName(QStringLiteral("Data files"));
+    input->setAccessibleName(QStringLiteral("File name"));
     loadPicture = new PictureBox(button_faces::openFolder, this);
     place(loadPicture, 5040, 240, 216, 192);
     savePicture = new PictureBox(button_faces::floppyDisk, this);

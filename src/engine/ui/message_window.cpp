@@ -40,12 +40,14 @@ MessageWindow::MessageWindow(Context& ctx, const QString& text) : m_ctx(ctx) {
     if (settings_records::readRecord(ctx.folder, settings_records::kFontSize, rec) && rec.value1 > 0)
         font.setPointSize(rec.value1);
     m_messageEdit->setFont(font);
+    m_messageEdit->setAccessibleName(QStringLiteral("Message"));
 
     auto* remindMeLabel = new QLabel(QStringLiteral("Remind me"), this);
     place(remindMeLabel, 120, 2556, 1092, 372);
     minutesEdit = new QLineEdit(this);
     place(minutesEdit, 1200, 2520, 372, 264);
     minutesEdit->installEventFilter(this);
+    minutesEdit->setAccessibleName(QStringLiteral("Remind me in minutes"));
     auto* minutesLabel = new QLabel(QStringLiteral("min(s)"), this);
     place(minutesLabel, 1680, 2556, 492, 252);
     playCountBox = new QComboBox(this);
@@ -53,6 +55,7 @@ MessageWindow::MessageWindow(Context& ctx, const QString& text) : m_ctx(ctx) {
     playCountBox->addItems(
         {QStringLiteral("once"), QStringLiteral("twice"), QStringLiteral("thrice"), QStringLiteral("repeat")});
     playCountBox->setPlaceholderText(QStringLiteral("Play Times"));
+    playCountBox->setAccessibleName(QStringLiteral("Play Times"));
     fitPlayCountText();
     playCountBox->setCurrentIndex(-1);
     playCountBox->hide();
@@ -138,6 +141,9 @@ bool MessageWindow::eventFilter(QObject* watched, QEvent* event) {
                 QApplication::beep();
                 return true;
             }
+            // The keyboard's way to the play count: a press of the mouse is not the only one that shows it.
+            if (c.isDigit())
+                playCountBox->show();
         } else if (event->type() == QEvent::KeyRelease) {
             if (RemindMe::tooLong(minutesEdit->text())) {
                 minutesEdit->clear();

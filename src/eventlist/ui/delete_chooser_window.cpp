@@ -4,6 +4,7 @@
 #include "engine/context.h"
 #include "platform/ui/window_twips.h"
 
+#include "platform/ui/dialog_keys.h"
 #include <QCloseEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -72,6 +73,10 @@ DeleteChooserWindow::DeleteChooserWindow(Context& ctx) : QWidget(nullptr, Qt::Di
     setFont(design);
     for (QWidget* w : findChildren<QWidget*>())
         w->setFont(design);
+
+    nextMessageButton->setAccessibleName(QStringLiteral("Next message"));
+    messageText->setAccessibleName(QStringLiteral("Message"));
+    new DialogKeys(this, cancelButton);
 
     connect(nextMessageButton, &QPushButton::clicked, this, &DeleteChooserWindow::onNextMessageClicked);
     connect(deleteButton, &QPushButton::clicked, this, &DeleteChooserWindow::onDeleteClicked);

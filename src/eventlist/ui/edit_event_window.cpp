@@ -10,6 +10,7 @@
 #include "eventlist/edit_event.h"
 #include "platform/clock.h"
 #include "platform/numeric.h"
+#include "platform/ui/dialog_keys.h"
 #include "platform/ui/typed_key.h"
 #include "platform/ui/window_twips.h"
 #include "settings/settings_records.h"
@@ -175,6 +176,21 @@ void EditEventWindow::buildControls() {
     setTabOrder(playCountBox, input);
     setTabOrder(input, okButton);
     setTabOrder(okButton, cancelButton);
+
+    dateEdit->setAccessibleName(QStringLiteral("Date"));
+    const std::pair<QComboBox*, QString> timeNames[] = {{hourBox, QStringLiteral("Hour")},
+                                                        {minuteBox, QStringLiteral("Minute")},
+                                                        {secondBox, QStringLiteral("Second")}};
+    for (const auto& [box, name] : timeNames) {
+        box->setAccessibleName(name);
+        box->lineEdit()->setAccessibleName(name);
+    }
+    amPm->setAccessibleName(QStringLiteral("AM or PM"));
+    upButton->setAccessibleName(QStringLiteral("AM or PM up"));
+    downButton->setAccessibleName(QStringLiteral("AM or PM down"));
+    playCountBox->setAccessibleName(QStringLiteral("Play Times"));
+    input->setAccessibleName(QStringLiteral("Message"));
+    new DialogKeys(this, cancelButton);
 }
 
 void EditEventWindow::connectHandlers() {

@@ -4,6 +4,7 @@
 #include "eventlist/ui/single_line_delegate.h"
 #include "platform/ui/window_twips.h"
 
+#include <QKeyEvent>
 #include <QListView>
 #include <QMouseEvent>
 #include <QPushButton>
@@ -42,6 +43,7 @@ EventListView::EventListView(Context& ctx, QWidget* parent) : QWidget(parent), m
     rows->setItemDelegate(new SingleLineDelegate(rows));
     rows->setFont(rowFont());
     rows->installEventFilter(this);
+    rows->setAccessibleName(QStringLiteral("Coming alarm events"));
     rows->setTextElideMode(Qt::ElideNone);
     rows->setWordWrap(false);
     rows->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -62,6 +64,19 @@ bool EventListView::eventFilter(QObject* watched, QEvent* event) {
     // The rows keep their face whatever font the window around them hands down.
     if (watched == rows && event->type() == QEvent::FontChange && rows->font() != rowFont())
         rows->setFont(rowFont());
+    if (watched == rows && event->type() == QEvent::KeyPress) {
+        // The keyboard's way to the menu that the right button opens: the Menu key or Shift+F10.
+        const auto* key = static_cast<QKeyEvent*>(event);
+        const bool menuKey = (key->key() == Qt::Key_Menu && key->modifiers() == Qt::NoModifier) ||
+                             (key->key() == Qt::Key_F10 && key->modifiers() == Qt::ShiftModifier);
+        if (menuKey) {
+            if (m_ctx.eventList.currentRow() != -1 && showPopupMenu) {
+                const QRect row = rows->visualRect(rows->currentIndex());
+                showPopupMenu(rows->viewport()->mapToGlobal(row.isValid() ? row.center() : QPoint(0, 0)));
+            }
+            return true;
+        }
+    }
     if (watched != rows->viewport())
         return QWidget::eventFilter(watched, event);
     switch (event->type()) {

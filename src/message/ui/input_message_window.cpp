@@ -3,6 +3,7 @@
 #include "engine/context.h"
 #include "message/message_text.h"
 #include "message/ui/message_text_box.h"
+#include "platform/ui/dialog_keys.h"
 #include "platform/ui/front.h"
 #include "platform/ui/window_twips.h"
 #include "sound/notices.h"
@@ -10,9 +11,9 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
-#include <QMouseEvent>
 #include <QPushButton>
 #include <QTimer>
+#include <QToolButton>
 
 using window_twips::place;
 using window_twips::px;
@@ -47,18 +48,25 @@ InputMessageWindow::InputMessageWindow(Context& ctx, QWidget* parent)
     place(messageNumberLabel, 840, 0, 3492, 252);
     fontSizeLabel = new QLabel(QStringLiteral("Font size :"), this);
     place(fontSizeLabel, 120, 2520, 852, 252);
-    minusLabel = new QLabel(QStringLiteral("-"), this);
-    place(minusLabel, 1080, 2520, 252, 252);
-    plusLabel = new QLabel(QStringLiteral("+"), this);
-    place(plusLabel, 1440, 2520, 252, 252);
-    for (QLabel* sign : {minusLabel, plusLabel}) {
+    // Flat buttons that look like the signs they are; the keyboard reaches them too.
+    minusButton = new QToolButton(this);
+    minusButton->setText(QStringLiteral("-"));
+    place(minusButton, 1080, 2520, 252, 252);
+    minusButton->setAccessibleName(QStringLiteral("Smaller text"));
+    plusButton = new QToolButton(this);
+    plusButton->setText(QStringLiteral("+"));
+    place(plusButton, 1440, 2520, 252, 252);
+    plusButton->setAccessibleName(QStringLiteral("Larger text"));
+    for (QToolButton* sign : {minusButton, plusButton}) {
         QFont bold = sign->font();
         bold.setBold(true);
         sign->setFont(bold);
-        sign->setAlignment(Qt::AlignCenter);
+        sign->setAutoRaise(true);
         sign->setCursor(Qt::PointingHandCursor);
-        sign->installEventFilter(this);
+        sign->setToolTip(sign->accessibleName());
     }
+    input->setAccessibleName(QStringLiteral("Message"));
+    nextMessageButton->setAccessibleName(QStringLiteral("Next message"));
     // Return belongs to the text: no button is pressed by it.
     for (QPushButton* button : {okButton, cancelButton, nextMessageButton}) {
         button->setAutoDefault(false);
@@ -66,10 +74,15 @@ InputMessageWindow::InputMessageWindow(Context& ctx, QWidget* parent)
     }
     setTabOrder(input, okButton);
     setTabOrder(okButton, cancelButton);
+    setTabOrder(cancelButton, minusButton);
+    setTabOrder(minusButton, plusButton);
+    new DialogKeys(this, cancelButton);
 
     connect(okButton, &QPushButton::clicked, this, &InputMessageWindow::onOkClicked);
     connect(cancelButton, &QPushButton::clicked, this, &InputMessageWindow::onCancelClicked);
     connect(nextMessageButton, &QPushButton::clicked, this, &InputMessageWindow::onNextMessageClicked);
+    connect(minusButton, &QToolButton::clicked, this, &InputMessageWindow::onMinusClicked);
+    connect(plusButton, &QToolButton::clicked, this, &InputMessageWindow::onPlusClicked);
 
     showControls(MessageControls());
     Front::registerWindow(1, this);
@@ -157,20 +170,6 @@ void InputMessageWindow::onMinusClicked() {
         setFontSize(size);
     else
         m_ctx.notices.beep();
-}
-
-bool InputMessageWindow::eventFilter(QObject* watched, QEvent* event) {
-    if ((watched == plusLabel || watched == minusLabel) && event->type() == QEvent::MouseButtonRelease) {
-        auto* mouse = static_cast<QMouseEvent*>(event);
-        auto* label = static_cast<QLabel*>(watched);
-        if (mouse->button() == Qt::LeftButton && label->rect().contains(mouse->position().toPoint())) {
-            if (label == plusLabel)
-                onPlusClicked();
-            else
-                onMinusClicked();
-        }
-    }
-    return QWidget::eventFilter(watched, event);
 }
 
 void InputMessageWindow::changeEvent(QEvent* event) {

@@ -8,6 +8,7 @@ class Context;
 class MessageTextBox;
 class QLabel;
 class QPushButton;
+class QToolButton;
 
 // Input Message: the small window in front of the others in which a message is typed. One instance
 // serves the whole program; closing it unloads it, and the next opening loads it afresh.
@@ -35,13 +36,12 @@ public:
     QPushButton* nextMessageButton;
     QLabel* messageNumberLabel;
     QLabel* fontSizeLabel;
-    QLabel* minusLabel;
-    QLabel* plusLabel;
+    QToolButton* minusButton;
+    QToolButton* plusButton;
 
 protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void load();

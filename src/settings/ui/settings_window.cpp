@@ -1,6 +1,7 @@
 #include "settings/ui/settings_window.h"
 
 #include "engine/context.h"
+#include "platform/ui/dialog_keys.h"
 #include "platform/ui/fitted_font.h"
 #include "platform/ui/window_twips.h"
 #include "settings/settings_options.h"
@@ -156,6 +157,21 @@ SettingsWindow::SettingsWindow(Context& ctx, QWidget* parent) : QWidget(parent, 
     connect(autostartOnButton, &QPushButton::clicked, this,
             [this] { SettingsOptions(m_ctx).autostartOn(QCoreApplication::applicationFilePath()); });
     connect(autostartOffButton, &QPushButton::clicked, this, [this] { SettingsOptions(m_ctx).autostartOff(); });
+
+    // The option boxes carry no text of their own: each is known by the caption beside it.
+    const std::pair<QCheckBox*, QLabel*> captioned[] = {{soundOnBox, soundOnLabel},
+                                                        {errorPopupsBox, errorPopupsLabel},
+                                                        {autoLoadBox, autoLoadLabel},
+                                                        {noSecondBox, noSecondLabel},
+                                                        {internalSpeakerBox, internalSpeakerLabel},
+                                                        {speakerInsteadOfMidiBox, speakerInsteadOfMidiLabel}};
+    for (const auto& [box, label] : captioned) {
+        box->setAccessibleName(label->text());
+        label->setBuddy(box);
+    }
+    nextPageButton->setAccessibleName(QStringLiteral("Next page"));
+    testSpeakerButton->setAccessibleName(testLabel->text());
+    new DialogKeys(this, closeButton);
 
     m_ctx.settings.changed = [this] { showState(); };
     m_listening = true;

@@ -12,11 +12,13 @@ using window_twips::place;
 AboutBox::AboutBox() {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(QStringLiteral(" ")); // the About box has no title of its own
+    setAccessibleName(QStringLiteral("About Bellwick Alarm Clock"));
     window_twips::sizeAndCentre(this, 4788, 3120);
 
     auto* picture = new QLabel(this);
     place(picture, 240, 240, 960, 960);
     picture->setPixmap(pictures::clock(picture->width(), true));
+    picture->setAccessibleName(QStringLiteral("Clock"));
 
     auto* name = new QLabel(QStringLiteral("Bellwick Alarm Clock"), this);
     place(name, 1440, 300, 3200, 420);

@@ -1,5 +1,6 @@
 #include "sound/ui/error_list_window.h"
 
+#include "platform/ui/focus_marked_button.h"
 #include "platform/ui/pictures.h"
 #include "platform/ui/window_twips.h"
 
@@ -18,6 +19,7 @@ ErrorListWindow::ErrorListWindow() {
     auto* bellPicture = new QLabel(this);
     place(bellPicture, 120, 240, 480, 480);
     bellPicture->setPixmap(pictures::error(bellPicture->width()));
+    bellPicture->setAccessibleName(QStringLiteral("Error"));
 
     lines = new QListWidget(this);
     place(lines, 840, 120, 3372, 1104);
@@ -25,8 +27,9 @@ ErrorListWindow::ErrorListWindow() {
     palette.setColor(QPalette::Base, QColor(0xC0, 0xC0, 0xC0));
     palette.setColor(QPalette::Text, Qt::black);
     lines->setPalette(palette);
+    lines->setAccessibleName(QStringLiteral("Errors found"));
 
-    auto* okButton = new QPushButton(QStringLiteral("OK"), this);
+    auto* okButton = new FocusMarkedButton(QStringLiteral("OK"), this);
     place(okButton, 1800, 1440, 732, 372);
     okButton->setDefault(true);
     connect(okButton, &QPushButton::clicked, this, &QWidget::close);
