@@ -32,7 +32,7 @@ grep -q "$(date +%Y/%m/%d) $due" "$folder/recurring.state" || fail "the rung occ
 json=$("$program" list --json) || fail "list --json exited $?"
 echo "$json" | grep -q '"every": "day"' || fail "list --json has no rule: $json"
 echo "$json" | grep -q "\"next\": \"$(date -d tomorrow +%Y/%m/%d) $due\"" || fail "the next occurrence is not tomorrow's: $json"
-python3 - "$folder/recurring.ics" <<'PY' || fail "recurring.ics does not parse with python3-icalendar"
+/usr/bin/python3 - "$folder/recurring.ics" <<'PY' || fail "recurring.ics does not parse with python3-icalendar"
 import sys
 from icalendar import Calendar
 cal = Calendar.from_ical(open(sys.argv[1], 'rb').read())
