@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # A recurring alarm on a real desktop: 'bellwick add --every day' at a time 5 s away rings
 # with its message window and sound, is listed with its rule and next day, its file parses as iCalendar with
-# python3-icalendar, and 'bellwick remove' takes it away.
+# python3-icalendar (Debian's python, where the package puts it), and 'bellwick remove' takes it away.
 # Usage: recurring_run.sh <path to bellwick>
 set -uo pipefail
 program="$1"
@@ -34,7 +34,7 @@ grep -q "$(date +%Y/%m/%d) $due" "$folder/recurring.state" || fail "the rung occ
 json=$("$program" list --json) || fail "list --json exited $?"
 echo "$json" | grep -q '"every": "day"' || fail "list --json has no rule: $json"
 echo "$json" | grep -q "\"next\": \"$(date -d tomorrow +%Y/%m/%d) $due\"" || fail "the next occurrence is not tomorrow's: $json"
-python3 - "$folder/recurring.ics" <<'PY' || fail "recurring.ics does not parse with python3-icalendar"
+/usr/bin/python3 - "$folder/recurring.ics" <<'PY' || fail "recurring.ics does not parse with python3-icalendar"
 import sys
 from icalendar import Calendar
 cal = Calendar.from_ical(open(sys.argv[1], 'rb').read())
