@@ -472,6 +472,11 @@ QByteArray importText(Context& ctx, RoutedNotices& notices, const QString& ics) 
                                QStringLiteral(": already here (UID %1)").arg(a.uid));
                 continue;
             }
+            if (!recurrence::nextAfter(a, now)) {
+                skipped.append(message_text::shown(a.message).section(QLatin1Char('\n'), 0, 0) +
+                               QStringLiteral(": it never rings again"));
+                continue;
+            }
             if (a.uid.isEmpty())
                 a.uid = QStringLiteral("bellwick-") + QUuid::createUuid().toString(QUuid::WithoutBraces);
             alarms.append(a);

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# A recurring alarm on a real desktop: 'bellwick add --every day' at a time 5 s away starts the program, rings
+# A recurring alarm on a real desktop: 'bellwick add --every day' at a time 5 s away rings
 # with its message window and sound, is listed with its rule and next day, its file parses as iCalendar with
-# python3-icalendar, and 'bellwick remove' takes it away.
+# python3-icalendar (Debian's python, where the package puts it), and 'bellwick remove' takes it away.
 # Usage: recurring_run.sh <path to bellwick>
 set -uo pipefail
 program="$1"
@@ -12,6 +12,8 @@ folder="$XDG_DATA_HOME/bellwick"
 # The alarm must fall today.
 while [ "$(date +%H%M%S)" -gt 235930 ]; do sleep 5; done
 
+# The program is started first, so the 5 s are the alarm's, not the start's.
+"$program" list >/dev/null || fail "list exited $? when starting the program"
 due=$(date -d '+5 seconds' +%H:%M:%S)
 line=$("$program" add --time "$due" --every day --plays repeat --message 'Daily stretch' 2>"$work/add.err")
 status=$?

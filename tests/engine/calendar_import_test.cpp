@@ -86,15 +86,15 @@ const QByteArray kGnome = "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nPRODID:-//GNOME//GN
                           "END:VALARM\r\nEND:VEVENT\r\nBEGIN:VEVENT\r\nUID:allday@example.org\r\n"
                           "DTSTAMP:20261120T090000Z\r\nDTSTART;VALUE=DATE:20261126\r\nDTEND;VALUE=DATE:20261127\r\n"
                           "SUMMARY:Holiday\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n";
-const QByteArray kKAlarm = "BEGIN:VCALENDAR\r\nPRODID:-//K Desktop Environment//NONSGML KAlarm 3.5//EN\r\n"
-                           "VERSION:2.0\r\nX-KDE-KALARM-VERSION:3.5.0\r\nBEGIN:VEVENT\r\nDTSTAMP:20261101T080000Z\r\n"
-                           "CREATED:20261101T080000Z\r\nUID:KAlarm-1733200000.101\r\n"
-                           "LAST-MODIFIED:20261101T080000Z\r\nSUMMARY:Bins out\r\nDTSTART:20261102T061500Z\r\n"
-                           "RRULE:FREQ=WEEKLY;BYDAY=MO,WE\r\nEXDATE:20261207T061500Z\r\nCATEGORIES:ACTIVE\r\n"
-                           "BEGIN:VALARM\r\nDESCRIPTION:Bins out\r\nACTION:DISPLAY\r\n"
-                           "TRIGGER;VALUE=DATE-TIME:20261102T061500Z\r\nX-KDE-KALARM-TYPE:MAIN\r\nEND:VALARM\r\n"
-                           "BEGIN:VALARM\r\nACTION:AUDIO\r\nTRIGGER;VALUE=DATE-TIME:20261102T061500Z\r\n"
-                           "X-KDE-KALARM-TYPE:SOUND\r\nEND:VALARM\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n";
+const QByteArray kKdeAlarm = "BEGIN:VCALENDAR\r\nPRODID:-//K Desktop Environment//NONSGML alarm program 3.5//EN\r\n"
+                             "VERSION:2.0\r\nX-KDE-ALARM-VERSION:3.5.0\r\nBEGIN:VEVENT\r\nDTSTAMP:20261101T080000Z\r\n"
+                             "CREATED:20261101T080000Z\r\nUID:alarm-1733200000.101\r\n"
+                             "LAST-MODIFIED:20261101T080000Z\r\nSUMMARY:Bins out\r\nDTSTART:20261102T061500Z\r\n"
+                             "RRULE:FREQ=WEEKLY;BYDAY=MO,WE\r\nEXDATE:20261207T061500Z\r\nCATEGORIES:ACTIVE\r\n"
+                             "BEGIN:VALARM\r\nDESCRIPTION:Bins out\r\nACTION:DISPLAY\r\n"
+                             "TRIGGER;VALUE=DATE-TIME:20261102T061500Z\r\nX-KDE-ALARM-TYPE:MAIN\r\nEND:VALARM\r\n"
+                             "BEGIN:VALARM\r\nACTION:AUDIO\r\nTRIGGER;VALUE=DATE-TIME:20261102T061500Z\r\n"
+                             "X-KDE-ALARM-TYPE:SOUND\r\nEND:VALARM\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n";
 const QByteArray kGoogle = "BEGIN:VCALENDAR\r\nPRODID:-//Google Inc//Google Calendar 70.9054//EN\r\nVERSION:2.0\r\n"
                            "CALSCALE:GREGORIAN\r\nMETHOD:PUBLISH\r\nX-WR-CALNAME:me@example.com\r\n"
                            "X-WR-TIMEZONE:Europe/Berlin\r\nBEGIN:VEVENT\r\nDTSTART:20261126T170000Z\r\n"
@@ -127,7 +127,7 @@ TEST(CalendarImportTest, EachProgramsShapeArmsOrStoresItsAlarmsInLocalTime) {
     const Case cases[] = {
         {"Thunderbird", kThunderbird, {"2026/11/30 09:45:00 once Dentist"}, 0},
         {"GNOME Calendar", kGnome, {"2026/11/25 11:50:00 once Lunch with Ana"}, 1},
-        {"KAlarm", kKAlarm, {"2026/11/30 07:15:00 once (every mon,wed) Bins out"}, 0},
+        {"KDE alarm program", kKdeAlarm, {"2026/11/30 07:15:00 once (every mon,wed) Bins out"}, 0},
         {"Google Calendar", kGoogle, {"2026/11/26 17:30:00 once Choir", "2026/11/27 09:00:00 once Pay rent"}, 1},
     };
     for (const Case& c : cases) {
@@ -137,9 +137,9 @@ TEST(CalendarImportTest, EachProgramsShapeArmsOrStoresItsAlarmsInLocalTime) {
         EXPECT_EQ(answer.value("skipped").toArray().size(), c.skipped) << c.program;
         EXPECT_EQ(p.listed(), c.listed) << c.program;
     }
-    // The skipped occurrence of the KAlarm series stays skipped.
+    // The skipped occurrence of that series stays skipped.
     Profile k(clock);
-    k.import(kKAlarm);
+    k.import(kKdeAlarm);
     clock.set(QDateTime(QDate(2026, 12, 5), QTime(8, 0)));
     EXPECT_EQ(k.listed(), QStringList{"2026/12/09 07:15:00 once (every mon,wed) Bins out"});
 }

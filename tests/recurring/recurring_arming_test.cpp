@@ -99,7 +99,7 @@ TEST_F(RecurringArmingTest, TheEventListShowsOccurrencesWithoutWritingThemAndIts
     ctx.touchAlarmSet();
     const QStringList& rows = ctx.eventList.rows.items();
     ASSERT_EQ(rows.size(), 1 + recurring_rows::kShownPerAlarm);
-    EXPECT_EQ(rows[0], "     *-    2026/11/25-09:00:00        Pills");
+    EXPECT_EQ(rows[0], "     *=    2026/11/25-09:00:00        Pills"); // twice, and recurring
     EXPECT_EQ(rows[3], "      -    2026/11/27-10:00:00        Dentist"); // after 09:00 of the same day
 
     // The schedule's own row deleted: the file keeps no occurrence.
