@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Alarms from the command line on a real desktop: 'bellwick add --in 5s' starts the program when none runs and
+# Alarms from the command line on a real desktop: 'bellwick add --in 20s' starts the program when none runs and
 # the alarm rings with its message window and sound; a refusal comes back on standard error with no window on
 # the desktop; a plain second start is still refused with its box; two scripts adding 50 events each at once
 # for another day lose none of them.
@@ -15,7 +15,7 @@ while [ "$(date +%H%M%S)" -gt 235930 ]; do sleep 5; done
 
 # 1. No copy runs: the command starts one, hands the alarm over and prints it.
 started=$(date +%s%N)
-line=$("$program" add --in 5s --plays repeat --message 'From a "script"' 2>"$work/add.err")
+line=$("$program" add --in 20s --plays repeat --message 'From a "script"' 2>"$work/add.err")
 status=$?
 took=$((($(date +%s%N) - started) / 1000000))
 [ "$status" -eq 0 ] || fail "add exited $status: $(cat "$work/add.err")"
@@ -42,7 +42,7 @@ xdotool search --onlyvisible --name '^Warning Message$' >/dev/null 2>&1 && fail 
 
 # 3. The alarm rings at its second with its message window, and sounds.
 due=$(echo "$line" | cut -d' ' -f2)
-message_window=$(wait_for_window '^Message  ' 10) || fail "no message window for $due"
+message_window=$(wait_for_window '^Message  ' 30) || fail "no message window for $due"
 echo "message window at $(date +%T) for $due"
 rms=$(record_rms 2)
 echo "sound while ringing: RMS $rms"

@@ -31,17 +31,19 @@ esac
 clock=$(window_of_width "${size%x*}" 10) || { cat "$work/bellwick.log"; fail "no desktop clock of $size pixels"; }
 place() { xdotool getwindowgeometry "$clock" | awk '/Position/ {split($2, p, ","); print p[1], p[2]}'; }
 drag() { # grip x y inside the window, to screen x y [, last step], in steps as a hand would: 20 pixels, and the
-    # given step (3 unless told) over the last 30 pixels of each axis; one xdotool for the whole drag, as a loaded
-    # machine starts a process slowly
-    local left top x y tx=$3 ty=$4 step=${5:-3} moves=()
+    # given step (3 unless told) over the last 30 pixels of each axis
+    local left top x y tx=$3 ty=$4 step=${5:-3}
     read -r left top < <(place)
     x=$((left + $1)) y=$((top + $2))
+    xdotool mousemove "$x" "$y" mousedown 1
+    sleep 0.1
     while [ "$x" -ne "$tx" ] || [ "$y" -ne "$ty" ]; do
         step_to x "$tx" "$step"
         step_to y "$ty" "$step"
-        moves+=(mousemove "$x" "$y" sleep 0.01)
+        xdotool mousemove "$x" "$y"
+        sleep 0.01
     done
-    xdotool mousemove $((left + $1)) $((top + $2)) mousedown 1 sleep 0.1 "${moves[@]}" mouseup 1
+    xdotool mouseup 1
 }
 step_to() { # variable to last-step: moves the variable one step towards to
     local d=$(($2 - ${!1})) s=$3

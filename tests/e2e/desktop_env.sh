@@ -148,7 +148,8 @@ window_of_width() { # pixels, seconds: the id of one of the program's windows of
 focus_window() { # window id: true once it holds the keyboard
     for _ in $(seq 30); do
         timeout 1 xdotool windowactivate --sync "$1" 2>/dev/null
-        [ "$(xdotool getwindowfocus 2>/dev/null)" = "$1" ] && return 0
+        # -f: the window that holds the X focus itself, not a managed window found above it.
+        [ "$(timeout 1 xdotool getwindowfocus -f 2>/dev/null)" = "$1" ] && return 0
         sleep 0.1
     done
     return 1

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Runs the real program on a real X display with a tray and a sound server, as a user would:
-# an alarm from the schedule fires with its message and sound, a second start is refused, and a left
+# an alarm set through the running program fires with its message and sound, a second start is refused, and a left
 # click on the tray icon stops a repeating alarm, and a reminder of one minute rings again.
 # Usage: desktop_run.sh <path to bellwick>
 set -uo pipefail
@@ -9,11 +9,9 @@ program="$1"
 start_desktop
 start_sound_server
 
-# Not too close to midnight: the event must be today's.
-while [ "$(date +%H%M%S)" -gt 235930 ]; do sleep 5; done
-due=$(date -d "+8 seconds" +%H:%M:%S)
-today=$(date +%Y/%m/%d)
-printf '"E2E check%srepe%s"\r\n' "$today" "$due" >"$XDG_DATA_HOME/bellwick/future.dat"
+# Not too close to midnight: the event must be today's. It is set once the program stands (the tray icon): one
+# planted ahead of a slow start would pass unrung.
+while [ "$(date +%H%M%S)" -gt 235900 ]; do sleep 5; done
 # Settings that load my.dat at start, which loads the Alarm Set window and with it the schedule.
 : >"$XDG_DATA_HOME/bellwick/my.dat"
 write_settings ALAEOnDCWSOfUISPOfISOMOf
@@ -21,6 +19,8 @@ write_settings ALAEOnDCWSOfUISPOfISOMOf
 "$program" >"$work/bellwick.log" 2>&1 &
 main_pid=$!
 pids+=($main_pid)
+icon=$(wait_for_icon 10) || { cat "$work/trayer.log"; fail "no tray icon"; }
+due=$("$program" add --in 3s --plays repeat --message "E2E check" | cut -d' ' -f2) && [ -n "$due" ] || fail "no alarm"
 
 # 1. The alarm fires at its second: the message window appears and sound plays.
 message_window=$(wait_for_window '^Message  ' 25) || { cat "$work/bellwick.log"; fail "no message window"; }
@@ -34,7 +34,6 @@ second_start_refused "$program"
 kill -0 "$main_pid" 2>/dev/null || fail "first copy ended"
 
 # 3. A left click on the tray icon stops the repeating alarm.
-icon=$(wait_for_icon 5) || { xwininfo -root -tree | grep -i -E 'bellwick|trayer'; cat "$work/trayer.log"; fail "no tray icon"; }
 xdotool mousemove --window "$icon" 10 10 click 1
 sleep 1
 rms=$(record_rms 2)

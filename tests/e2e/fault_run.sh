@@ -31,19 +31,20 @@ echo "started with pipes for future.dat and my.dat"
 stop "$pid"
 rm -f "$folder/future.dat" "$folder/my.dat"
 
-# 2. A wave cut after its header and a midi file that is text: the box, and the message window.
-while [ "$(date +%H%M%S)" -gt 235930 ]; do sleep 5; done
-due=$(date -d "+6 seconds" +%H:%M:%S)
-due2=$(date -d "+16 seconds" +%H:%M:%S)
-{ printf '"Fault check%sonce%s"\r\n' "$(date +%Y/%m/%d)" "$due"
-  printf '"Pipe check%sonce%s"\r\n' "$(date +%Y/%m/%d)" "$due2"; } >"$folder/future.dat"
+# 2. A wave cut after its header and a midi file that is text: the box, and the message window. Each alarm is
+#    set through the program once it stands: one due while a box holds the tick would pass unrung.
+while [ "$(date +%H%M%S)" -gt 235900 ]; do sleep 5; done
+: >"$folder/future.dat"
 : >"$folder/my.dat"
+add_alarm() { due=$("$program" add --in 3s --message "$1" | cut -d' ' -f2) && [ -n "$due" ] || fail "no alarm set"; }
 { printf 'RIFF\x2c\x00\x00\x00WAVEfmt \x10\x00\x00\x00\x01\x00\x01\x00\x44\xac\x00\x00\x88\x58\x01\x00\x02\x00\x10\x00'
   printf 'data\x10\x00\x00\x00'; head -c 16 /dev/zero; } >"$folder/ding.wav"
 echo "not a midi file" >"$folder/air.mid"
 "$program" >"$work/bellwick.log" 2>&1 &
 pid=$!
 pids+=($pid)
+wait_for_icon 10 >/dev/null || fail "no tray icon"
+add_alarm "Fault check"
 box=$(wait_for_window '^Bellwick Alarm Clock sp$' 25) || { cat "$work/bellwick.log"; fail "no box for a sound that cannot play"; }
 echo "box at $(date +%T) for $due: $(xdotool getwindowname "$box")"
 focus_window "$box" || fail "the box would not take the keyboard"
@@ -53,8 +54,9 @@ kill -0 "$pid" 2>/dev/null || fail "the program ended"
 
 # 3. A pipe as the wave file at the next alarm: the same box, at once.
 rm -f "$folder/ding.wav" && mkfifo "$folder/ding.wav"
+add_alarm "Pipe check"
 box=$(wait_for_window '^Bellwick Alarm Clock sp$' 20) || { cat "$work/bellwick.log"; fail "no box for a pipe as the song"; }
-echo "box at $(date +%T) for $due2: $(xdotool getwindowname "$box")"
+echo "box at $(date +%T) for $due: $(xdotool getwindowname "$box")"
 focus_window "$box" || fail "the box would not take the keyboard"
 xdotool key Return
 kill -0 "$pid" 2>/dev/null || fail "the program ended"
@@ -64,12 +66,11 @@ stop "$pid"
 ding="$(dirname "$program")/share/ding.wav"
 rm -f "$folder/ding.wav" "$folder/air.mid"
 cp "$ding" "$folder/ding.wav" && cp "$(dirname "$ding")/air.mid" "$folder/air.mid" || fail "no $ding or air.mid"
-while [ "$(date +%H%M%S)" -gt 235930 ]; do sleep 5; done
-due=$(date -d "+5 seconds" +%H:%M:%S)
-printf '"No sound at all%sonce%s"\r\n' "$(date +%Y/%m/%d)" "$due" >"$folder/future.dat"
 env -u SDL_AUDIODRIVER "$program" >"$work/bellwick.log" 2>&1 &
 pid=$!
 pids+=($pid)
+wait_for_icon 10 >/dev/null || fail "no tray icon"
+add_alarm "No sound at all"
 box=$(wait_for_window '^Bellwick Alarm Clock sp$' 25) || { cat "$work/bellwick.log"; fail "no box without a sound server"; }
 echo "box at $(date +%T) for $due without a sound server"
 focus_window "$box" || fail "the box would not take the keyboard"
