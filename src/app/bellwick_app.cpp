@@ -124,8 +124,10 @@ int BellwickApp::run() {
         alarmSet.standInForTray(missing ? tray.menu() : nullptr);
     };
     // Only the sub-commands talk to it; a plain second start still meets the lock above.
-    CommandServer commands(
-        [&ctx, &program](const QByteArray& request) { return command_service::serve(ctx, program.notices, request); });
+    command_service::WaitingAdds waitingAdds(ctx);
+    CommandServer commands([&ctx, &program, &waitingAdds](const QByteArray& request) {
+        return command_service::serve(ctx, program.notices, request, waitingAdds);
+    });
     QString channelError;
     if (!commands.listen(command_channel::socketPath(), channelError))
         std::fprintf(stderr, "bellwick: no command channel for 'bellwick add' and 'list': %s\n",
