@@ -9,7 +9,7 @@ packages=(
     libgtest-dev
     xvfb openbox trayer xdotool x11-utils imagemagick pulseaudio pulseaudio-utils sox
     weston xwayland qt6-wayland
-    dbus-daemon dbus-bin libglib2.0-bin haskell-status-notifier-item-utils haskell-gtk-sni-tray-utils
+    dbus-daemon dbus-bin dbus-x11 libglib2.0-bin haskell-status-notifier-item-utils haskell-gtk-sni-tray-utils
     libcap2-bin python3-pyatspi at-spi2-core
 )
 missing=()

@@ -3,6 +3,7 @@
 #include "engine/command_line.h"
 #include "engine/command_protocol.h"
 #include "platform/display_choice.h"
+#include "platform/session_bus.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -49,6 +50,8 @@ int main(int argc, char** argv) {
         qtArguments.insert(qtArguments.end(), {platformOption.data(), platform.data()});
     int qtCount = static_cast<int>(qtArguments.size());
     qtArguments.push_back(nullptr);
+    // Without a session bus nothing may start one: it would outlive us.
+    session_bus::switchOffWhenAbsent();
     // Our windows are small: shared-memory images would wake Qt's X thread at every face change of the clock.
     const bool sharedImages = !qEnvironmentVariableIsSet("QT_XCB_NO_MITSHM");
     if (sharedImages)

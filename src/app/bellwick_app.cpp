@@ -149,8 +149,9 @@ int BellwickApp::run() {
         alarmSet.standInForTray(missing ? tray.menu() : nullptr);
     };
     // Only the sub-commands talk to it; a plain second start still meets the lock above.
-    CommandServer commands([&ctx, &program, &tray](const QByteArray& request) {
-        QByteArray answer = command_service::serve(ctx, program.notices, request);
+    command_service::WaitingAdds waitingAdds(ctx);
+    CommandServer commands([&ctx, &program, &tray, &waitingAdds](const QByteArray& request) {
+        QByteArray answer = command_service::serve(ctx, program.notices, request, waitingAdds);
         tray.stateChanged();
         return answer;
     });

@@ -2,16 +2,15 @@
 
 #include "message/message_text.h"
 #include "platform/command_channel.h"
+#include "platform/detached_start.h"
 #include "platform/record_file.h"
 #include "platform/single_instance.h"
 
 #include <QDeadlineTimer>
-#include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QLockFile>
-#include <QProcess>
 #include <QThread>
 
 namespace command_client {
@@ -36,17 +35,6 @@ bool copyRuns(const QString& lockPath) {
         return false;
     }
     return lock.error() == QLockFile::LockFailedError;
-}
-
-bool startProgram(const QString& programPath) {
-    QProcess process;
-    process.setProgram(programPath);
-    // The program outlives this command: it must not hold the pipe of a script's $(...) open, nor a folder.
-    process.setStandardInputFile(QProcess::nullDevice());
-    process.setStandardOutputFile(QProcess::nullDevice());
-    process.setStandardErrorFile(QProcess::nullDevice());
-    process.setWorkingDirectory(QDir::homePath());
-    return process.startDetached();
 }
 
 } // namespace
@@ -104,7 +92,7 @@ command_line::Answer run(const command_protocol::Request& given, const Channel& 
         if (!startLock.tryLock(channel.startWaitMs + 5000))
             return failed(QStringLiteral("another command is starting the program and does not finish"));
         reply = command_channel::exchange(channel.socketPath, line, kConnectMs, kAnswerMs);
-        if (!reply.connected && !copyRuns(channel.lockPath) && !startProgram(channel.programPath))
+        if (!reply.connected && !copyRuns(channel.lockPath) && !detached_start::start(channel.programPath))
             return failed(QStringLiteral("cannot start %1").arg(channel.programPath));
         const QDeadlineTimer deadline(channel.startWaitMs);
         while (!reply.connected && !deadline.hasExpired()) {
@@ -142,7 +130,8 @@ command_line::Answer answerFor(const command_protocol::Request& request, const Q
         return {0,
                 command_protocol::eventLine(command_protocol::eventFromJson(answer.value("event").toObject())) +
                     QLatin1Char('\n'),
-                {}};
+                answer.value("queued").toBool() ? QStringLiteral("bellwick: queued until the box is answered\n")
+                                                : QString()};
     const QJsonArray events = answer.value("events").toArray();
     if (request.json)
         return {0, QString::fromUtf8(QJsonDocument(events).toJson(QJsonDocument::Indented)), {}};

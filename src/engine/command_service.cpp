@@ -13,6 +13,9 @@
 #include <QDate>
 #include <QHash>
 #include <QJsonArray>
+#include <QThread>
+
+#include <utility>
 
 namespace command_service {
 
@@ -40,38 +43,39 @@ bool isField(const QString& text) {
     return true;
 }
 
-QByteArray add(Context& ctx, RoutedNotices& notices, const command_protocol::Request& request) {
-    // The first touch loads the window and arms the schedule, as it would at the user's first Add, and its
-    // reports (bad records) show as at any first touch.
-    ctx.touchAlarmSet();
-    QString date = request.date;
-    QString time = request.time;
-    if (request.inSeconds > 0) {
-        const QDateTime at = ctx.clock.now().addSecs(request.inSeconds);
-        if (at.date().year() > 9999)
-            return refusal(QStringLiteral("Invalid input of date")); // the date text holds four digits of year
-        date = dateText(at);
-        time = timeText(at);
-    } else if (date.isEmpty()) {
-        date = ctx.clock.dateText();
-    }
-    if (!isDate(date))
-        return refusal(QStringLiteral("Invalid input of date"));
-    // The window stores a passed day's event where it never rings; a script is told instead.
-    if (date < ctx.clock.dateText())
-        return refusal(QStringLiteral("Day was passed"));
-    if (!kPlays.contains(request.plays))
-        return refusal(QStringLiteral("Invalid input"));
+// Whether a system-modal box stands, or the work it interrupted has yet to end: today's lists are not to
+// change under that work.
+bool boxStands(const Context& ctx) {
+    return !ctx.front.trayEnabled || QThread::currentThread()->loopLevel() > 1;
+}
 
+// "hh:mm" or "hh:mm:ss" as the Add writes it, when it takes it.
+QString fullTime(const QString& time) {
+    QStringList fields = time.split(QLatin1Char(':'));
+    if (fields.size() == 2)
+        fields.append(QStringLiteral("00"));
+    for (QString& f : fields)
+        if (f.size() == 1)
+            f.prepend(QLatin1Char('0'));
+    return fields.join(QLatin1Char(':'));
+}
+
+struct Armed {
+    AddResult result;
+    Event event;
+};
+
+// The Add of the Alarm Set window for a date and a 24-hour time.
+Armed arm(Context& ctx, const command_protocol::Request& request) {
     // The user may be entering an event on the window at this moment: what the Add keeps of the event being
     // entered, the play word last chosen and the row the Input Message window writes to stay theirs.
     const NewEvent entered = ctx.newEvent;
     const int currentRow = ctx.today.alarms.currentIndex();
-    EventEntry entry{date, entryControls(time, request.plays), false, request.message, false};
+    EventEntry entry{request.date, entryControls(request.time, request.plays), false, request.message, false};
     QString playWord = request.plays;
-    RoutedNotices::Capture capture(notices);
     const AddResult result = addEvent(ctx, entry, playWord, AlarmSetLinks());
-    const Event added{date, ctx.newEvent.time, playWord, message_text::shown(message_text::typed(request.message)), {}};
+    const Event added{
+        request.date, ctx.newEvent.time, playWord, message_text::shown(message_text::typed(request.message)), {}};
     ctx.newEvent = entered;
     if (result == AddResult::Today) {
         const int at = ctx.today.alarms.currentIndex();
@@ -79,11 +83,47 @@ QByteArray add(Context& ctx, RoutedNotices& notices, const command_protocol::Req
     }
     if (ctx.wake)
         ctx.wake->update();
+    return {result, added};
+}
+
+QByteArray add(Context& ctx, RoutedNotices& notices, command_protocol::Request request, WaitingAdds* waiting) {
+    // The first touch loads the window and arms the schedule, as it would at the user's first Add, and its
+    // reports (bad records) show as at any first touch.
+    ctx.touchAlarmSet();
+    if (request.inSeconds > 0) {
+        const QDateTime at = ctx.clock.now().addSecs(request.inSeconds);
+        if (at.date().year() > 9999)
+            return refusal(QStringLiteral("Invalid input of date")); // the date text holds four digits of year
+        request.date = dateText(at);
+        request.time = timeText(at);
+        request.inSeconds = 0;
+    } else if (request.date.isEmpty()) {
+        request.date = ctx.clock.dateText();
+    }
+    if (!isDate(request.date))
+        return refusal(QStringLiteral("Invalid input of date"));
+    // The window stores a passed day's event where it never rings; a script is told instead.
+    if (request.date < ctx.clock.dateText())
+        return refusal(QStringLiteral("Day was passed"));
+    if (!kPlays.contains(request.plays))
+        return refusal(QStringLiteral("Invalid input"));
+
+    if (waiting && boxStands(ctx)) {
+        waiting->push(request);
+        const Event coming{request.date,
+                           fullTime(request.time),
+                           request.plays,
+                           message_text::shown(message_text::typed(request.message)),
+                           {}};
+        return command_protocol::toLine({{"ok", true}, {"queued", true}, {"event", command_protocol::toJson(coming)}});
+    }
+    RoutedNotices::Capture capture(notices);
+    const Armed armed = arm(ctx, request);
     if (!capture.warnings().isEmpty())
         return refusal(capture.warnings().join(QLatin1Char('\n')));
-    if (result != AddResult::Today && result != AddResult::Schedule)
+    if (armed.result != AddResult::Today && armed.result != AddResult::Schedule)
         return refusal(QStringLiteral("Invalid input"));
-    return command_protocol::toLine({{"ok", true}, {"event", command_protocol::toJson(added)}});
+    return command_protocol::toLine({{"ok", true}, {"event", command_protocol::toJson(armed.event)}});
 }
 
 QByteArray list(Context& ctx) {
@@ -160,13 +200,36 @@ QList<Event> comingEvents(const Context& ctx) {
     return events;
 }
 
-QByteArray serve(Context& ctx, RoutedNotices& notices, const QByteArray& requestLine) {
+WaitingAdds::WaitingAdds(Context& ctx) : m_ctx(ctx) {
+    m_retry.setInterval(200);
+    QObject::connect(&m_retry, &QTimer::timeout, [this] { armWhenFree(); });
+}
+
+void WaitingAdds::push(const command_protocol::Request& request) {
+    m_adds.append(request);
+    m_retry.start();
+}
+
+bool WaitingAdds::armWhenFree() {
+    if (boxStands(m_ctx))
+        return m_adds.isEmpty();
+    m_retry.stop();
+    // No one waits for the answer any more: the Add's warnings open as they would for the window's Add.
+    const QList<command_protocol::Request> adds = std::exchange(m_adds, {});
+    for (const command_protocol::Request& request : adds)
+        arm(m_ctx, request);
+    return true;
+}
+
+namespace {
+
+QByteArray serveOne(Context& ctx, RoutedNotices& notices, const QByteArray& requestLine, WaitingAdds* waiting) {
     const command_protocol::Request request =
         command_protocol::requestFromJson(command_protocol::fromLine(requestLine));
     if (request.command == QLatin1String("add") && !request.every.isEmpty())
         return command_recurring::add(ctx, request);
     if (request.command == QLatin1String("add"))
-        return add(ctx, notices, request);
+        return add(ctx, notices, request, waiting);
     if (request.command == QLatin1String("remove"))
         return command_recurring::remove(ctx, request);
     if (request.command == QLatin1String("export"))
@@ -176,6 +239,16 @@ QByteArray serve(Context& ctx, RoutedNotices& notices, const QByteArray& request
     if (request.command == QLatin1String("list"))
         return list(ctx);
     return refusal(QStringLiteral("unknown request"));
+}
+
+} // namespace
+
+QByteArray serve(Context& ctx, RoutedNotices& notices, const QByteArray& requestLine, WaitingAdds& waiting) {
+    return serveOne(ctx, notices, requestLine, &waiting);
+}
+
+QByteArray serve(Context& ctx, RoutedNotices& notices, const QByteArray& requestLine) {
+    return serveOne(ctx, notices, requestLine, nullptr);
 }
 
 } // namespace command_service

@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QTimer>
 
 class Context;
 class RoutedNotices;
@@ -13,7 +14,25 @@ class RoutedNotices;
 // warnings sent back instead of shown; a list reads today's armed events and the later ones of the event list.
 namespace command_service {
 
-// Serves one request line of the command channel and gives the answer line.
+// The adds that came while a system-modal box stood. They are answered at once and armed, in the order they
+// came, when the box has gone and the work it interrupted has ended.
+class WaitingAdds {
+public:
+    explicit WaitingAdds(Context& ctx);
+    void push(const command_protocol::Request& request);
+    // Arms them all unless a box still stands; true when none waits any more. Tried again by itself meanwhile.
+    bool armWhenFree();
+
+private:
+    Context& m_ctx;
+    QList<command_protocol::Request> m_adds;
+    QTimer m_retry;
+};
+
+// Serves one request line of the command channel and gives the answer line; a list is answered at once, even
+// while a system-modal box stands, and an add then waits in `waiting`.
+QByteArray serve(Context& ctx, RoutedNotices& notices, const QByteArray& requestLine, WaitingAdds& waiting);
+// The same, arming an add at once whatever stands: for a request that comes of the program's own work.
 QByteArray serve(Context& ctx, RoutedNotices& notices, const QByteArray& requestLine);
 
 // The entry controls for a 24-hour time "hh:mm:ss" or "hh:mm" of the command line, as the Alarm Set window

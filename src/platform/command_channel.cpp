@@ -5,7 +5,6 @@
 #include <QDeadlineTimer>
 #include <QLocalServer>
 #include <QLocalSocket>
-#include <QThread>
 #include <QTimer>
 
 namespace {
@@ -13,9 +12,6 @@ namespace {
 constexpr qsizetype kMostRequestBytes = 64 * 1024;
 // A client that does not say its request is let go.
 constexpr int kIdleMs = 10000;
-// While a modal box runs its own event loop, requests wait for the program's loop: the work the box
-// interrupted is not to see today's lists change under it.
-constexpr int kRetryMs = 200;
 } // namespace
 
 namespace command_channel {
@@ -75,8 +71,6 @@ void CommandServer::takeConnections() {
         connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
         connect(socket, &QLocalSocket::readyRead, this, [this, socket] { readRequest(socket); });
         QTimer::singleShot(kIdleMs, socket, [socket] {
-            if (socket->canReadLine())
-                return; // a whole request, waiting for a modal box to go
             socket->abort();
             socket->deleteLater();
         });
@@ -89,10 +83,6 @@ void CommandServer::readRequest(QLocalSocket* socket) {
             socket->abort();
             socket->deleteLater();
         }
-        return;
-    }
-    if (QThread::currentThread()->loopLevel() > 1) {
-        QTimer::singleShot(kRetryMs, socket, [this, socket] { readRequest(socket); });
         return;
     }
     const QByteArray request = socket->readLine(kMostRequestBytes + 1);

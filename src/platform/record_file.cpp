@@ -116,11 +116,14 @@ bool rewriteRecords(const QString& path, const QStringList& records, FileError& 
 
 bool rewriteBytes(const QString& path, const QByteArray& data, FileError& error) {
     QSaveFile file(path);
+    // A file that stands keeps its permissions; a new one is the user's alone, like everything it holds.
+    const bool fresh = !QFileInfo::exists(path);
     errno = 0;
     // Unbuffered, so a short write shows here: a write held in Qt's buffer fails only at commit, which does
     // not always tell, and would put a cut file in place of the whole one.
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
-        error = errorFromErrno(errno);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) ||
+        (fresh && !file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner))) {
+        error = errorFromErrno(errno ? errno : EACCES);
         return false;
     }
     errno = 0;

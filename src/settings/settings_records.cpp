@@ -2,9 +2,8 @@
 
 #include "engine/context.h"
 #include "platform/cp1252.h"
+#include "platform/data_folder.h"
 #include "settings/settings_file.h"
-
-#include <QDir>
 
 #include <array>
 
@@ -42,7 +41,7 @@ bool writePosition(Context& ctx, int record, int32_t top, int32_t left) {
 }
 
 bool makeAppFolder(const QString& appPath) {
-    return QDir().mkpath(appPath);
+    return data_folder::makePrivate(appPath);
 }
 } // namespace
 

@@ -2,21 +2,35 @@
 # Alarms from the command line on a real desktop: 'bellwick add --in 20s' starts the program when none runs and
 # the alarm rings with its message window and sound; a refusal comes back on standard error with no window on
 # the desktop; a plain second start is still refused with its box; two scripts adding 50 events each at once
-# for another day lose none of them.
+# for another day lose none of them; the data folder and new files are private, and no session bus is started.
 # Usage: cli_run.sh <path to bellwick>
 set -uo pipefail
 program="$1"
 . "$(dirname "$0")/desktop_env.sh"
-start_desktop
+# No session bus, as under a bare startx: the runtime folder holds none either. The sound server comes before the
+# display, so that it cannot start one for the display itself.
+unset DBUS_SESSION_BUS_ADDRESS
 start_sound_server
+start_desktop
 folder="$XDG_DATA_HOME/bellwick"
 # The events of step 1 and 2 must be today's.
 while [ "$(date +%H%M%S)" -gt 235930 ]; do sleep 5; done
 
-# 1. No copy runs: the command starts one, hands the alarm over and prints it.
+# 1. No copy runs: the command starts one, hands the alarm over and prints it. It runs as a cron job guarded by
+# flock would, with one more pipe open: the program it starts keeps neither the lock nor the pipe.
 started=$(date +%s%N)
-line=$("$program" add --in 20s --plays repeat --message 'From a "script"' 2>"$work/add.err")
-status=$?
+(
+    flock "$work/job.lock" "$program" add --in 20s --plays repeat --message 'From a "script"' 3>&1 2>"$work/add.err" |
+        cat >"$work/add.out"
+    echo "${PIPESTATUS[0]}" >"$work/add.status"
+) &
+adder=$!
+pids+=($adder)
+for _ in $(seq 150); do [ -s "$work/add.status" ] && break; sleep 0.1; done
+[ -s "$work/add.status" ] || fail "add did not return: the program it started holds the pipe of its caller"
+flock -n "$work/job.lock" true || fail "the program started by add holds its caller's lock"
+line=$(cat "$work/add.out")
+status=$(cat "$work/add.status")
 took=$((($(date +%s%N) - started) / 1000000))
 [ "$status" -eq 0 ] || fail "add exited $status: $(cat "$work/add.err")"
 echo "set in ${took} ms, with the program started: $line"
@@ -24,6 +38,9 @@ echo "$line" | grep -qE "^$(date +%Y/%m/%d) [0-9]{2}:[0-9]{2}:[0-9]{2} repeat Fr
 main_pid=$(head -1 "$XDG_RUNTIME_DIR/bellwick/bellwick.lock" 2>/dev/null)
 [ -n "$main_pid" ] && kill -0 "$main_pid" 2>/dev/null || fail "no running program after add"
 pids+=("$main_pid")
+[ "$(readlink "/proc/$main_pid/cwd")" = / ] || fail "the program started by add works in $(readlink "/proc/$main_pid/cwd")"
+[ "$(ps -o sid= -p "$main_pid" | tr -d ' ')" != "$(ps -o sid= -p $$ | tr -d ' ')" ] || fail "the program started by add is in its caller's session"
+[ "$(ps -o tty= -p "$main_pid" | tr -d ' ')" = "?" ] || fail "the program started by add has a terminal"
 [ "$(stat -c %a "$XDG_RUNTIME_DIR/bellwick")" = 700 ] || fail "the runtime folder is open to others"
 [ -S "$XDG_RUNTIME_DIR/bellwick/bellwick.socket" ] || fail "no socket beside the lock"
 [ "$(stat -c %a "$XDG_RUNTIME_DIR/bellwick/bellwick.socket")" = 700 ] || fail "the socket is open to others"
@@ -82,4 +99,16 @@ done
 sort -c -s -k1,2 "$work/list.txt" || fail "list is not in time order"
 [ "$("$program" list --json | grep -c '"date": ')" -eq 100 ] || fail "list --json does not give the 100 events"
 kill -0 "$main_pid" 2>/dev/null || fail "the program ended"
+
+# 6. What the program keeps is the user's alone: the data folder that stood open is closed, a new file is private.
+[ "$(stat -c %a "$folder")" = 700 ] || fail "the data folder is $(stat -c %a "$folder")"
+[ "$(stat -c %a "$folder/future.dat")" = 600 ] || fail "future.dat is $(stat -c %a "$folder/future.dat")"
+# 7. Without a session bus it started none, and none outlives it.
+kill "$main_pid"
+for _ in $(seq 50); do kill -0 "$main_pid" 2>/dev/null || break; sleep 0.1; done
+for daemon in $(pgrep -x dbus-daemon); do
+    tr '\0' '\n' <"/proc/$daemon/environ" 2>/dev/null | grep -qxF "XDG_RUNTIME_DIR=$XDG_RUNTIME_DIR" &&
+        fail "the program started a session bus (dbus-daemon $daemon) that outlives it"
+done
+[ -e "$HOME/.dbus" ] && fail "the program wrote $HOME/.dbus"
 echo "command line: all checks passed"

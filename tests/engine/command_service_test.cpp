@@ -27,6 +27,7 @@ struct CommandServiceTest : ::testing::Test {
     RecordingSound sound;
     Context ctx{clock, route, sound};
     WindowlessAlarmSet alarmSet{ctx};
+    command_service::WaitingAdds waiting{ctx};
 
     CommandServiceTest() {
         ctx.setStartValues(dir.path());
@@ -38,13 +39,13 @@ struct CommandServiceTest : ::testing::Test {
         const auto request = command_protocol::parse(arguments.split(' ')).request;
         EXPECT_TRUE(request) << qPrintable(arguments);
         return command_protocol::fromLine(
-            command_service::serve(ctx, route, command_protocol::toLine(command_protocol::toJson(*request))));
+            command_service::serve(ctx, route, command_protocol::toLine(command_protocol::toJson(*request)), waiting));
     }
     QJsonObject add(const QString& arguments, const QString& message = QString()) {
         command_protocol::Request request = *command_protocol::parse(arguments.split(' ')).request;
         request.message = message;
         return command_protocol::fromLine(
-            command_service::serve(ctx, route, command_protocol::toLine(command_protocol::toJson(request))));
+            command_service::serve(ctx, route, command_protocol::toLine(command_protocol::toJson(request)), waiting));
     }
     QStringList listed() {
         QStringList lines;
@@ -196,49 +197,64 @@ TEST_F(CommandServiceTest, ListsTodaysArmedEventsThenLaterDaysInTimeOrder) {
     EXPECT_TRUE(windows.warnings.isEmpty());
 }
 
-TEST_F(CommandServiceTest, ChannelIsPrivateAndWaitsOutAModalBox) {
+TEST_F(CommandServiceTest, ChannelIsPrivateAndAnswersAtOnceWhileABoxStands) {
     QTemporaryDir run;
     const QString path = run.path() + "/bellwick.socket";
-    QList<int> loopLevels;
-    CommandServer server([&](const QByteArray& line) {
-        loopLevels.append(QThread::currentThread()->loopLevel());
-        return command_service::serve(ctx, route, line);
-    });
+    CommandServer server([&](const QByteArray& line) { return command_service::serve(ctx, route, line, waiting); });
     QString error;
     ASSERT_TRUE(server.listen(path, error)) << error.toStdString();
     EXPECT_EQ(QFileInfo(path).permissions() & (QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther |
                                                QFile::WriteOther | QFile::ExeGroup | QFile::ExeOther),
               QFile::Permissions());
 
-    command_protocol::Request request = *command_protocol::parse({"add", "--time", "09:00"}).request;
-    const QByteArray line = command_protocol::toLine(command_protocol::toJson(request));
-    auto reply = std::async(std::launch::async, [&] { return command_channel::exchange(path, line, 2000, 5000); });
-    // The program's loop (level 1) serves it, and a modal box's loop (level 2) within it holds it back.
+    command_protocol::Request request = *command_protocol::parse({"add", "--time", "9:00", "--plays", "twice"}).request;
+    const QByteArray addLine = command_protocol::toLine(command_protocol::toJson(request));
+    const QByteArray listLine =
+        command_protocol::toLine(command_protocol::toJson(*command_protocol::parse({"list"}).request));
+    auto exchange = [&](const QByteArray& line) {
+        return std::async(std::launch::async,
+                          [&path, line] { return command_channel::exchange(path, line, 2000, 5000); });
+    };
+    // The sound error box: the tick is held and a modal loop runs until the box is answered, which here
+    // comes only once both answers are in. Neither may wait for it.
+    command_channel::Exchange added, listedWhileBox;
+    QStringList listedAfter;
     QEventLoop program;
     QTimer::singleShot(0, [&] {
-        QEventLoop modalBox;
-        QTimer::singleShot(300, &modalBox, &QEventLoop::quit);
-        modalBox.exec();
+        ctx.front.trayEnabled = false;
+        QEventLoop box;
+        auto addReply = exchange(addLine);
+        auto listReply = exchange(listLine);
+        QTimer poll;
+        QObject::connect(&poll, &QTimer::timeout, [&] {
+            if (addReply.wait_for(std::chrono::milliseconds(0)) == std::future_status::ready &&
+                listReply.wait_for(std::chrono::milliseconds(0)) == std::future_status::ready)
+                box.quit();
+        });
+        poll.start(10);
+        QTimer::singleShot(5000, &box, &QEventLoop::quit);
+        box.exec();
+        added = addReply.get();
+        listedWhileBox = listReply.get();
+        ctx.front.trayEnabled = true;
+        // Armed once the work the box held has ended, not while it still runs.
+        EXPECT_FALSE(listed().contains("2002/05/01 09:00:00 twice"));
+        QTimer::singleShot(1000, &program, &QEventLoop::quit);
     });
-    QTimer poll;
-    QObject::connect(&poll, &QTimer::timeout, [&] {
-        if (reply.wait_for(std::chrono::milliseconds(0)) == std::future_status::ready)
-            program.quit();
-    });
-    poll.start(10);
-    QTimer::singleShot(5000, &program, &QEventLoop::quit);
     program.exec();
-    const command_channel::Exchange done = reply.get();
-    ASSERT_TRUE(done.connected);
-    EXPECT_EQ(loopLevels, QList<int>({1}));
-    const command_line::Answer printed = command_client::answerFor(request, done.answer);
+    ASSERT_TRUE(added.connected && listedWhileBox.connected);
+    const command_line::Answer printed = command_client::answerFor(request, added.answer);
     EXPECT_EQ(printed.exitCode, 0);
-    EXPECT_EQ(printed.out, "2002/05/01 09:00:00 once\n");
+    EXPECT_EQ(printed.out, "2002/05/01 09:00:00 twice\n");
+    EXPECT_EQ(printed.err, "bellwick: queued until the box is answered\n");
+    EXPECT_TRUE(command_protocol::fromLine(listedWhileBox.answer).value("ok").toBool());
+    EXPECT_TRUE(listed().contains("2002/05/01 09:00:00 twice"));
+    EXPECT_TRUE(windows.warnings.isEmpty());
 
     // A refusal of two warnings prints both, each as its own line on standard error.
     const command_line::Answer refused = command_client::answerFor(request, R"({"ok":false,"error":"one\ntwo"})"
                                                                             "\n");
     EXPECT_EQ(refused.exitCode, 1);
     EXPECT_EQ(refused.err, "bellwick: one\nbellwick: two\n");
-    EXPECT_FALSE(command_channel::exchange(run.path() + "/none.socket", line, 200, 200).connected);
+    EXPECT_FALSE(command_channel::exchange(run.path() + "/none.socket", addLine, 200, 200).connected);
 }

@@ -5,6 +5,7 @@
 #include "datafiles/chooser_actions.h"
 #include "datafiles/ui/overwrite_question.h"
 #include "engine/context.h"
+#include "platform/data_folder.h"
 #include "platform/ui/focus_marked_button.h"
 #include "platform/ui/front.h"
 #include "platform/ui/typed_key.h"
@@ -122,7 +123,7 @@ DataFileChooser::DataFileChooser(Context& ctx) : FrontDialog(ctx, kFrontNumber) 
 void DataFileChooser::load() {
     const QString folder = m_ctx.folder;
     // A folder that cannot be made leaves the list empty; a save then reports its own error.
-    if (QDir().mkpath(folder)) {
+    if (data_folder::makePrivate(folder)) {
         // Names starting with a dot can be typed and saved, so they are listed too.
         const QDir dir(folder, QStringLiteral("*.dat"), QDir::Name | QDir::IgnoreCase, QDir::Files | QDir::Hidden);
         fileList->addItems(dir.entryList());

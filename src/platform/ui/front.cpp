@@ -20,3 +20,20 @@ void Front::bringToFront(int who) {
     window_twips::makeTopmost(it->second);
     it->second->activateWindow();
 }
+
+QPointer<QWidget>& Front::systemBox() {
+    static QPointer<QWidget> box;
+    return box;
+}
+
+void Front::setSystemBox(QWidget* box) {
+    systemBox() = box;
+}
+
+void Front::keepSystemBoxOnTop() {
+    QWidget* box = systemBox();
+    if (!box || !box->isVisible())
+        return;
+    box->raise();
+    box->activateWindow();
+}

@@ -13,6 +13,12 @@ public:
     // Gives the front back to the window of that number, if it is visible; other numbers do nothing.
     static void bringToFront(int who);
 
+    // The system-modal box that stands, if any: it stays above every window, the topmost ones included, so a
+    // window raised while it stands puts the box back above it.
+    static void setSystemBox(QWidget* box);
+    static void keepSystemBoxOnTop();
+
 private:
     static std::map<int, QPointer<QWidget>>& windows();
+    static QPointer<QWidget>& systemBox();
 };

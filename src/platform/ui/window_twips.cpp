@@ -2,6 +2,7 @@
 
 #include "platform/numeric.h"
 #include "platform/twips.h"
+#include "platform/ui/front.h"
 #include "platform/ui/window_place.h"
 
 #include <QFont>
@@ -69,6 +70,7 @@ void makeTopmost(QWidget* window) {
             window->show();
     }
     window->raise();
+    Front::keepSystemBoxOnTop();
 }
 
 } // namespace window_twips

@@ -1,11 +1,41 @@
 #include "sound/ui/widget_notices.h"
 
 #include "engine/ui/message_window.h"
+#include "platform/ui/front.h"
 #include "sound/ui/error_list_window.h"
 #include "sound/ui/warning_window.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QMessageBox>
+#include <QSet>
+#include <QTimer>
+
+namespace {
+
+// Keeps the standing box above every window: itself once it is on the screen, and again above each window
+// that comes up while it stands. A first paint follows the server's expose, so the window manager has
+// placed that window by then.
+class BoxKeeper : public QObject {
+public:
+    explicit BoxKeeper(QWidget& box) : m_box(box) {}
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (!watched->isWidgetType() || !static_cast<QWidget*>(watched)->isWindow())
+            return false;
+        if (event->type() == QEvent::Show)
+            m_coming.insert(watched);
+        else if (event->type() == QEvent::Paint && m_coming.remove(watched))
+            QTimer::singleShot(0, &m_box, [] { Front::keepSystemBoxOnTop(); });
+        return false;
+    }
+
+private:
+    QWidget& m_box;
+    QSet<QObject*> m_coming;
+};
+
+} // namespace
 
 void WidgetNotices::answerOk(const QString& text) {
     new WarningWindow(m_ctx, text);
@@ -33,7 +63,18 @@ void WidgetNotices::beep() {
 void WidgetNotices::systemModalBox(const QString& text) {
     QMessageBox box(QMessageBox::NoIcon, QStringLiteral("Bellwick Alarm Clock sp"),
                     QString(text).replace(QLatin1Char('\r'), QLatin1Char('\n')), QMessageBox::Ok);
-    box.setWindowFlag(Qt::WindowStaysOnTopHint);
+    // A window of its own, not a dialog of the program's other windows: a window manager keeps such a dialog
+    // in their stacking place, under a topmost message window.
+    box.setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint |
+                       Qt::WindowStaysOnTopHint);
     box.setWindowModality(Qt::ApplicationModal);
+    Front::setSystemBox(&box);
+    // A window manager may put a window that comes without the focus under the focused one, the topmost
+    // message window: the box asks to stand on top and to take the keyboard once it is up, and again
+    // whenever another window comes up while it stands.
+    BoxKeeper keeper(box);
+    qApp->installEventFilter(&keeper);
     box.exec();
+    qApp->removeEventFilter(&keeper);
+    Front::setSystemBox(nullptr);
 }
