@@ -122,6 +122,8 @@ QJsonObject toJson(const Request& r) {
         o.insert("plays", r.plays);
         o.insert("message", r.message);
     }
+    if (r.command == QLatin1String("show"))
+        o.insert("window", r.window);
     return o;
 }
 

@@ -20,6 +20,7 @@ struct Request {
     QString plays = QStringLiteral("once");
     QString message;
     bool json = false; // list --json
+    QString window;    // show: "alarm-set", "settings" or "clock"
 };
 
 struct Parsed {
