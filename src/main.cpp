@@ -2,6 +2,7 @@
 #include "engine/command_client.h"
 #include "engine/command_line.h"
 #include "engine/command_protocol.h"
+#include "engine/show_request.h"
 #include "platform/display_choice.h"
 #include "platform/session_bus.h"
 
@@ -40,6 +41,12 @@ int main(int argc, char** argv) {
             return print(*refused);
         return print(
             command_client::run(*request, command_client::userChannel(QCoreApplication::applicationFilePath())));
+    }
+    if (show_request::isShow(arguments)) {
+        QCoreApplication app(argc, argv);
+        const QString window = show_request::parse(arguments).window;
+        return print(command_client::run(show_request::request(window),
+                                         command_client::userChannel(QCoreApplication::applicationFilePath())));
     }
     // The platform goes on the command line, not into the environment the programs we start inherit.
     QByteArray platformOption("-platform");

@@ -7,6 +7,7 @@
 #include "datafiles/ui/data_file_chooser.h"
 #include "engine/command_service.h"
 #include "engine/context.h"
+#include "engine/show_request.h"
 #include "engine/startup.h"
 #include "engine/wake_alarm.h"
 #include "eventlist/ui/delete_chooser_window.h"
@@ -149,8 +150,22 @@ int BellwickApp::run() {
         alarmSet.standInForTray(missing ? tray.menu() : nullptr);
     };
     // Only the sub-commands talk to it; a plain second start still meets the lock above.
+    // "--show" opens a window as the tray menu's entry does, and is refused as the menu is while an error box is up.
+    auto showWindow = [&ctx, &tray](const QString& window) {
+        if (!ctx.front.trayEnabled)
+            return QStringLiteral("an error box is open: answer it first");
+        if (window == QLatin1String("alarm-set"))
+            tray.onAlarmSet();
+        else if (window == QLatin1String("settings"))
+            tray.onSettings();
+        else
+            tray.onShowClock();
+        return QString();
+    };
     command_service::WaitingAdds waitingAdds(ctx);
-    CommandServer commands([&ctx, &program, &tray, &waitingAdds](const QByteArray& request) {
+    CommandServer commands([&ctx, &program, &tray, &waitingAdds, &showWindow](const QByteArray& request) {
+        if (const auto answer = show_request::serve(request, showWindow))
+            return *answer;
         QByteArray answer = command_service::serve(ctx, program.notices, request, waitingAdds);
         tray.stateChanged();
         return answer;

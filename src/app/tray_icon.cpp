@@ -140,9 +140,14 @@ void TrayIcon::buildMenu() {
 void TrayIcon::createIcon() {
     m_tray = new QSystemTrayIcon(this);
     m_tray->setContextMenu(m_popup);
+    // A StatusNotifier host asks for the menu with ContextMenu or SecondaryActivate where it has no menu of its
+    // own to show, or from the keyboard; an XEmbed tray's right press has opened it already.
     connect(m_tray, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
         if (reason == QSystemTrayIcon::Trigger)
             trayMessage(514);
+        else if ((reason == QSystemTrayIcon::Context || reason == QSystemTrayIcon::MiddleClick) &&
+                 !m_popup->isVisible())
+            trayMessage(517);
     });
     m_tray->setIcon(trayIcon(!disabled()));
     m_tray->setToolTip(QStringLiteral("Bwk"));

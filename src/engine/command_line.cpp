@@ -1,6 +1,7 @@
 #include "engine/command_line.h"
 
 #include "engine/command_protocol.h"
+#include "engine/show_request.h"
 
 #include <QStringDecoder>
 
@@ -41,12 +42,15 @@ QString helpText() {
         "       bellwick export [--to FILE]\n"
         "       bellwick import FILE.ics\n"
         "       bellwick remove [--id ID] [--date YYYY/MM/DD] [--time HH:MM:SS] [--plays WORD] [--message TEXT]\n"
+        "       bellwick --show alarm-set|settings|clock\n"
         "A resident alarm clock: it starts hidden with an icon in the notification area and rings your alarms\n"
         "at their due second. Left-click the icon to stop a ringing alarm, right-click it for the menu.\n"
         "\n"
         "Options:\n"
         "  -h, --help     print this help and exit\n"
         "  -v, --version  print the version and exit\n"
+        "  --show WINDOW  open the running program's alarm-set, settings or clock window (the program is\n"
+        "                 started first when none runs), say from a desktop shortcut\n"
         "\n"
         "Qt's own options (-platform, -display, -style, ...) are passed on to Qt.\n"
         "\n"
@@ -94,6 +98,14 @@ std::optional<Answer> notUtf8(const QList<QByteArray>& arguments) {
 }
 
 std::optional<Answer> answer(const QStringList& arguments, const QString& version) {
+    if (show_request::isShow(arguments)) {
+        const show_request::Parsed parsed = show_request::parse(arguments);
+        if (parsed.help)
+            return Answer{0, helpText(), {}};
+        if (!parsed.refusal.isEmpty())
+            return refuse(parsed.refusal);
+        return std::nullopt;
+    }
     if (command_protocol::isSubCommand(arguments)) {
         const command_protocol::Parsed parsed = command_protocol::parse(arguments);
         if (parsed.help)

@@ -156,6 +156,8 @@ QJsonObject toJson(const Request& r) {
         o.insert("id", r.id);
         o.insert("chosenBy", QJsonArray::fromStringList(r.chosenBy));
     }
+    if (r.command == QLatin1String("show"))
+        o.insert("window", r.window);
     return o;
 }
 

@@ -31,6 +31,7 @@ struct Request {
     QString file;
     // import: the calendar text, read by the command line.
     QString ics;
+    QString window; // show: "alarm-set", "settings" or "clock"
 };
 
 struct Parsed {

@@ -2,7 +2,8 @@
 # Alarms from the command line on a real desktop: 'bellwick add --in 20s' starts the program when none runs and
 # the alarm rings with its message window and sound; a refusal comes back on standard error with no window on
 # the desktop; a plain second start is still refused with its box; two scripts adding 50 events each at once
-# for another day lose none of them; the data folder and new files are private, and no session bus is started.
+# for another day lose none of them; the data folder and new files are private, and no session bus is started;
+# 'bellwick --show' starts the program and opens the window it names.
 # Usage: cli_run.sh <path to bellwick>
 set -uo pipefail
 program="$1"
@@ -111,4 +112,23 @@ for daemon in $(pgrep -x dbus-daemon); do
         fail "the program started a session bus (dbus-daemon $daemon) that outlives it"
 done
 [ -e "$HOME/.dbus" ] && fail "the program wrote $HOME/.dbus"
+# 8. '--show WINDOW' starts the program when none runs and opens that window; a name it has not is refused.
+kill -0 "$main_pid" 2>/dev/null && fail "the program did not end on TERM"
+"$program" --show alarm-set >"$work/show.out" 2>&1 || fail "--show alarm-set exited $?: $(cat "$work/show.out")"
+[ -s "$work/show.out" ] && fail "--show printed '$(cat "$work/show.out")'"
+wait_for_window '^Bellwick Alarm Clock( sp)?\.\.\.' 5 >/dev/null || fail "--show alarm-set opened no Alarm Set window"
+main_pid=$(head -1 "$XDG_RUNTIME_DIR/bellwick/bellwick.lock" 2>/dev/null)
+pids+=("$main_pid")
+xdotool search --onlyvisible --name '^Settings$' >/dev/null 2>&1 && fail "Settings was open before --show settings"
+"$program" --show settings || fail "--show settings exited $?"
+wait_for_window '^Settings$' 5 >/dev/null || fail "--show settings opened no Settings window"
+window_of_width 200 1 >/dev/null && fail "the clock was up before --show clock"
+"$program" --show clock || fail "--show clock exited $?"
+window_of_width 200 5 >/dev/null || fail "--show clock showed no clock" # 3000 twips at 96 dpi
+"$program" --show about 2>"$work/show.err"
+status=$?
+[ "$status" -eq 2 ] || fail "--show about exited $status"
+grep -q "^bellwick: --show: 'about' is not alarm-set, settings or clock" "$work/show.err" ||
+    fail "--show about said '$(cat "$work/show.err")'"
+echo "--show: the program started, and the Alarm Set window, Settings and the clock opened"
 echo "command line: all checks passed"

@@ -3,7 +3,8 @@
 # real X display with no XEmbed tray: the icon shows in the host, its menu over D-Bus holds the eight entries in
 # order, a left click on the icon in the host stops a repeating alarm, and Remove from that menu ends the program.
 # Then a host that comes a moment after the program still gets the icon, with no stand-in window, and while an
-# error box is up an entry picked in that menu does nothing.
+# error box is up an entry picked in that menu does nothing. Last, the menu opens from the host's keyboard calls
+# (ContextMenu, SecondaryActivate) and takes keys.
 # Usage: notifier_tray_run.sh <path to bellwick>
 set -uo pipefail
 program="$1"
@@ -201,4 +202,33 @@ wait_for_window '^Message  ' 10 >/dev/null || fail "no message window after the 
 click_entry ' Alarm Set  ' || fail "the menu took no click"
 wait_for_window "$alarm_set" 5 >/dev/null || fail "Alarm Set from the menu showed no window after the box"
 echo "error box: the menu did nothing while it was up, and works after"
+
+# 7. From the keyboard: a host asks the item for its menu with ContextMenu (or SecondaryActivate) where it draws
+# none itself, as on a key press; the program's own menu opens, takes the keys and opens Settings.
+entry=$(watcher_get RegisteredStatusNotifierItems | grep -o "'[^']*'" | head -1 | tr -d "'")
+service=${entry%%/*}
+path=/StatusNotifierItem
+[ "$service" != "$entry" ] && path=/${entry#*/}
+own_windows() { xdotool search --onlyvisible --class bellwick 2>/dev/null | wc -l; }
+item_call() { # method: called as a host calls it, at a point of the screen
+    gdbus call --session --dest "$service" --object-path "$path" --method "org.kde.StatusNotifierItem.$1" 900 10 \
+        >/dev/null || fail "the item took no $1"
+}
+menu_opens() { # method: true when one more window of the program maps after it
+    local before
+    before=$(own_windows)
+    item_call "$1"
+    for _ in $(seq 30); do [ "$(own_windows)" -gt "$before" ] && return 0; sleep 0.1; done
+    return 1
+}
+xdotool search --onlyvisible --name '^Settings$' >/dev/null 2>&1 && fail "Settings was open before the keys"
+menu_opens ContextMenu || fail "ContextMenu opened no menu"
+xdotool key Down Down Down Down Return # About, Alarm Set, Show, Settings
+wait_for_window '^Settings$' 5 >/dev/null || fail "the keys in the menu from ContextMenu did not open Settings"
+shown=$(own_windows)
+menu_opens SecondaryActivate || fail "SecondaryActivate opened no menu"
+xdotool key Escape
+for _ in $(seq 30); do [ "$(own_windows)" -le "$shown" ] && break; sleep 0.1; done
+[ "$(own_windows)" -le "$shown" ] || fail "Escape left the menu open"
+echo "keyboard: ContextMenu and SecondaryActivate open the menu, its keys open Settings, Escape closes it"
 echo "1 passed, 0 failed"

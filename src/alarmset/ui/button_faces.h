@@ -4,7 +4,9 @@
 
 class QPainter;
 
-// The pictures of the Alarm Set window, drawn to fit any rectangle.
+// The pictures of the Alarm Set window, drawn to fit any rectangle. The painter's background is the colour they
+// stand on and its pen the palette's text colour: a colour of a picture that would fade into that background is
+// drawn nearer the text colour instead, so dark palettes stay readable.
 namespace button_faces {
 
 void arrowUp(QPainter& p, const QRectF& r);

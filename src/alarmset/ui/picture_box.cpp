@@ -8,5 +8,7 @@ PictureBox::PictureBox(Face face, QWidget* parent) : QWidget(parent), m_face(std
 
 void PictureBox::paintEvent(QPaintEvent*) {
     QPainter p(this);
+    p.setPen(palette().color(QPalette::WindowText));
+    p.setBackground(palette().window());
     m_face(p, QRectF(rect()));
 }

@@ -1,5 +1,7 @@
 #include "clock/ui/clock_text_label.h"
 
+#include "clock/clock_picture.h"
+#include "platform/contrast.h"
 #include "platform/ui/fitted_font.h"
 
 #include <QAccessibleWidget>
@@ -59,5 +61,9 @@ QFont ClockTextLabel::shownFont() const {
 void ClockTextLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setFont(shownFont());
-    style()->drawItemText(&painter, rect(), int(m_alignment), palette(), isEnabled(), m_text, QPalette::WindowText);
+    // The text stands on the pill's fixed pale green: a dark palette's light text gives way to black.
+    QPalette colours = palette();
+    if (contrast::ratio(colours.color(QPalette::WindowText), clock_picture::backColour()) < contrast::kText)
+        colours.setColor(QPalette::WindowText, Qt::black);
+    style()->drawItemText(&painter, rect(), int(m_alignment), colours, isEnabled(), m_text, QPalette::WindowText);
 }

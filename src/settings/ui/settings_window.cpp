@@ -1,6 +1,7 @@
 #include "settings/ui/settings_window.h"
 
 #include "engine/context.h"
+#include "platform/contrast.h"
 #include "platform/ui/dialog_keys.h"
 #include "platform/ui/fitted_font.h"
 #include "platform/ui/window_twips.h"
@@ -139,7 +140,12 @@ SettingsWindow::SettingsWindow(Context& ctx, QWidget* parent) : QWidget(parent, 
     place(testLabel, 120, 4800, 1812, 252);
     testSpeakerButton = button(this, QStringLiteral("testSpeakerButton"), QString());
     place(testSpeakerButton, 2040, 4800, 252, 252);
-    testSpeakerButton->setIcon(playIcon(testSpeakerButton->height(), QColor(0x1B, 0x7A, 0x2E), devicePixelRatioF()));
+    // Our green, unless it would fade into the button; styles shade a button away from the palette's colour, so
+    // the sign aims well above the minimum.
+    const QPalette& buttonColours = testSpeakerButton->palette();
+    const QColor playColour = contrast::readable(QColor(0x1B, 0x7A, 0x2E), buttonColours.color(QPalette::Button),
+                                                 contrast::kGraphics * 1.5, buttonColours.color(QPalette::ButtonText));
+    testSpeakerButton->setIcon(playIcon(testSpeakerButton->height(), playColour, devicePixelRatioF()));
     testSpeakerButton->setIconSize(testSpeakerButton->size() - QSize(4, 4));
     testSpeakerButton->setToolTip(QStringLiteral("test internal speaker"));
 
