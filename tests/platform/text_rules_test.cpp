@@ -66,6 +66,7 @@ TEST(Numeric, LeadingDigitsRoundingAndMessageNumbers) {
     EXPECT_EQ(leadingDigitsValue(QStringLiteral("07")), 7);
     EXPECT_EQ(leadingDigitsValue(QStringLiteral("12ab")), 12);
     EXPECT_EQ(leadingDigitsValue(QStringLiteral("x12")), 0);
+    EXPECT_EQ(leadingDigitsValue(QStringLiteral("12:30")), 12); // the digit after 9 is no digit
     EXPECT_EQ(leadingDigitsValue(QString()), 0);
     EXPECT_EQ(roundHalfEven(2.5), 2);
     EXPECT_EQ(roundHalfEven(3.5), 4);
@@ -84,5 +85,6 @@ TEST(Twips, DensitiesAndConversions) {
     EXPECT_EQ(twips::toPixels(4476, 15), 298); // 298.4
     EXPECT_EQ(twips::toPixels(2325, 15), 155); // exact
     EXPECT_EQ(twips::toPixels(30, 12), 2);     // 2.5 rounds to even
+    EXPECT_EQ(twips::toPixels(42, 12), 4);     // 3.5 rounds to even: up
     EXPECT_DOUBLE_EQ(twips::toTwips(155, 12), 1860);
 }
