@@ -90,6 +90,7 @@ stop_sound_server
 # While the box stands the command line is answered at once: list with what is armed, add with what it will arm.
 wait_for_window '^Bellwick Alarm Clock sp$' 10 >/dev/null || fail "no box when the server died under the first alarm"
 timeout 5 "$program" list >"$work/list.out" 2>&1 || fail "list while the box stands: $? $(cat "$work/list.out")"
+today=$(date +%Y/%m/%d)
 later=$(date -d "@$(($(date +%s) + 90))" +%H:%M:%S)
 timeout 5 "$program" add --time "$later" --message "While the box stood" >"$work/add.out" 2>"$work/add.err" ||
     fail "add while the box stands: $? $(cat "$work/add.err")"

@@ -83,6 +83,8 @@ native)
     asked 'bellwick")' || fail "no desktop clock window"
     # Qt makes a widget's mask the input region there: the pill would only take clicks, not cut the window.
     grep -q 'set_input_region(wl_region' "$work/stderr.log" && fail "a window was given an outline"
+    # The stand-in comes once the tray's grace period is over, which may be after the alarm.
+    for _ in $(seq 100); do asked 'Bellwick Alarm Clock sp' && break; sleep 0.1; done
     asked 'Bellwick Alarm Clock sp' || fail "no Alarm Set window standing in for the tray"
     sleep 1
     kill -0 "$pid" 2>/dev/null || { grep -v '^\[' "$work/stderr.log"; fail "the program ended"; }
