@@ -32,6 +32,8 @@ icon=$(wait_for_icon 10) || fail "no tray icon"
 
 tray_menu() { # the keys that take the tray menu to a line, then Return; they wait for the menu to stand
     eval "$(xdotool getwindowgeometry --shell "$icon")"
+    # A press within the double-click time of the last one is a double click, which opens no menu.
+    sleep 0.5
     local before
     before=$(xdotool search --onlyvisible --class bellwick 2>/dev/null | wc -l)
     xdotool mousemove $((X + 5)) $((Y + 5)) click 3
