@@ -190,6 +190,33 @@ void loadScheduleFile(Context& ctx, const QString& fileName) {
 }
 } // namespace
 
+std::optional<std::pair<QString, QString>> firstLaterRow(const QString& path, QStringView today) {
+    QByteArray bytes;
+    FileError error;
+    if (!QFileInfo::exists(path) || !record_file::readBytes(path, bytes, error))
+        return std::nullopt;
+    // Rows written by hand need not stand in date order: the least of the later ones.
+    QByteArray best;
+    ByteFieldReader reader(std::move(bytes));
+    while (!reader.atEnd()) {
+        const QLatin1String line = reader.nextView();
+        if (line.size() < alarm_event::kTailLength)
+            continue;
+        const QLatin1String tail = line.right(alarm_event::kTailLength);
+        const QLatin1String date = tail.left(10);
+        const QLatin1String time = tail.right(8);
+        if (!QDate::fromString(date, QStringLiteral("yyyy/MM/dd")).isValid() ||
+            !QTime::fromString(time, QStringLiteral("hh:mm:ss")).isValid() || QStringView(today).compare(date) >= 0)
+            continue;
+        const QByteArray key = QByteArray(date.data(), date.size()) + QByteArray(time.data(), time.size());
+        if (best.isEmpty() || key < best)
+            best = key;
+    }
+    if (best.isEmpty())
+        return std::nullopt;
+    return std::make_pair(QString::fromLatin1(best.left(10)), QString::fromLatin1(best.mid(10)));
+}
+
 void loadSchedule(Context& ctx, const QString& fileName) {
     loadScheduleFile(ctx, fileName);
     // The day's occurrences of recurring alarms are armed with the schedule's, even when it has no file.

@@ -3,6 +3,9 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+#include <utility>
+
 class Context;
 
 // Reads the schedule into the event list and arms today's coming events.
@@ -18,3 +21,7 @@ void filterTodayRow(QStringView rowText, bool& valid);
 void insertTodayRow(Context& ctx, const QString& alarmTime, const QString& playWord, bool acceptSameTime);
 // The same for many rows at once, as if each were inserted in turn.
 void insertTodayRows(Context& ctx, const QStringList& todayRows);
+
+// The soonest row of this schedule file on a day after today, as date and time, read without loading the file;
+// nothing when there is none or the file cannot be read.
+std::optional<std::pair<QString, QString>> firstLaterRow(const QString& path, QStringView today);

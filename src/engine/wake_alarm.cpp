@@ -2,8 +2,12 @@
 
 #include "engine/alarm_event.h"
 #include "engine/context.h"
+#include "engine/schedule_file.h"
 #include "platform/clock.h"
 #include "platform/wake_timer.h"
+#include "recurring/recurring_arming.h"
+
+#include <QFileInfo>
 
 #include <algorithm>
 #include <cstdlib>
@@ -49,6 +53,24 @@ std::optional<NextAlarm> nextAlarm(const Context& ctx, const QDateTime& now) {
     return std::nullopt;
 }
 
+std::optional<NextAlarm> nextUnloaded(const Context& ctx, const QDateTime& now) {
+    // Read at the midnight reload, when the day comes: until then only the files know these.
+    std::optional<NextAlarm> next;
+    if (const auto row = firstLaterRow(ctx.appFile(QStringLiteral("future.dat")), dateText(now))) {
+        const QDateTime at = moment(row->first, row->second, ctx.options.noSecond);
+        if (at.isValid())
+            next = NextAlarm{row->first, row->second, at};
+    }
+    const QDateTime tomorrow(now.date().addDays(1), QTime(0, 0));
+    if (const auto at = recurring_arming::nextOccurrenceAfter(ctx, tomorrow.addMSecs(-1));
+        at && (!next || *at < next->ringsAt)) {
+        const QDateTime rings =
+            ctx.options.noSecond ? QDateTime(at->date(), QTime(at->time().hour(), at->time().minute())) : *at;
+        next = NextAlarm{dateText(*at), at->time().toString(QStringLiteral("hh:mm:ss")), rings};
+    }
+    return next;
+}
+
 QDateTime wakeTime(const QDateTime& ringsAt, const QDateTime& now, qint64 advanceMs) {
     for (const qint64 ahead : {advanceMs, std::min(advanceMs, kLastWakeMs)}) {
         const QDateTime wake = ringsAt.addMSecs(-ahead);
@@ -78,9 +100,27 @@ WakeAlarm::WakeAlarm(Context& ctx, WakeTimer& timer, qint64 advanceMs)
     m_timer.onExpired = [this] { update(true); };
 }
 
+std::optional<wake_plan::NextAlarm> WakeAlarm::nextAlarm(const QDateTime& now) {
+    std::optional<wake_plan::NextAlarm> next = wake_plan::nextAlarm(m_ctx, now);
+    if (m_ctx.alarmSetLoaded())
+        return next;
+    QString seen = dateText(now);
+    for (const QString& name : {QStringLiteral("future.dat"), QStringLiteral("recurring.ics")}) {
+        const QFileInfo file(m_ctx.appFile(name));
+        seen += QLatin1Char(' ') + QString::number(file.size()) + QLatin1Char('@') +
+                QString::number(file.lastModified().toMSecsSinceEpoch());
+    }
+    if (seen != m_filesSeen) {
+        m_filesSeen = seen;
+        m_filesNext = wake_plan::nextUnloaded(m_ctx, now);
+    }
+    // Today's own come first; the files hold only later days'.
+    return next ? next : m_filesNext;
+}
+
 void WakeAlarm::update(bool expired) {
     const QDateTime now = m_ctx.clock.now();
-    m_next = m_advanceMs > 0 && !m_disabled ? wake_plan::nextAlarm(m_ctx, now) : std::nullopt;
+    m_next = m_advanceMs > 0 && !m_disabled ? nextAlarm(now) : std::nullopt;
     if (!m_next) {
         if (m_armed)
             m_timer.disarm();

@@ -20,6 +20,8 @@ struct NextAlarm {
 
 // The soonest alarm still to ring after this moment: today's armed ones, then the later days' of the event list.
 std::optional<NextAlarm> nextAlarm(const Context& ctx, const QDateTime& now);
+// Before the schedule is loaded: the soonest alarm of a later day in the schedule file and the recurring ones.
+std::optional<NextAlarm> nextUnloaded(const Context& ctx, const QDateTime& now);
 
 // A suspend that starts after the early wake must still end before the alarm: a few seconds ahead of it.
 constexpr qint64 kLastWakeMs = 5000;
@@ -57,6 +59,7 @@ public:
 
 private:
     QString unavailable() const;
+    std::optional<wake_plan::NextAlarm> nextAlarm(const QDateTime& now);
 
     Context& m_ctx;
     WakeTimer& m_timer;
@@ -66,4 +69,7 @@ private:
     std::optional<wake_plan::NextAlarm> m_next;
     QDateTime m_wakeAt;
     QDateTime m_tried; // the last time asked of a timer that could not arm it
+    // The files' answer while the schedule is not loaded, read again when a file or the day changes.
+    QString m_filesSeen;
+    std::optional<wake_plan::NextAlarm> m_filesNext;
 };

@@ -5,6 +5,7 @@
 #include "engine/wake_alarm.h"
 #include "fakes.h"
 #include "platform/wake_timer.h"
+#include "recurring/recurring_file.h"
 #include "sound/routed_notices.h"
 
 #include <QJsonArray>
@@ -208,4 +209,24 @@ TEST_F(WakeAlarmTest, PlainListEndsWithTheArmedWakeUp) {
               "2002/05/01 12:30:00 once\n"
               "Wake-up: the computer wakes at 2002/05/01 12:29:00 for the alarm at 2002/05/01 12:30:00, also from "
               "a suspend\n");
+}
+
+TEST_F(WakeAlarmTest, BeforeTheScheduleIsLoadedItsFilesTellTheNextDay) {
+    // Only the midnight reload reads these; a suspend before it must still end in time for them.
+    writeBytes(ctx.folder + "future.dat", quotedRecord("2002/05/01once09:00:00") +
+                                              quotedRecord("2002/05/04once06:00:00") + quotedRecord("junk") +
+                                              quotedRecord("Later2002/05/03twic07:00:00"));
+    RecurringAlarm daily;
+    daily.uid = "d";
+    daily.start = at(3, 6, 30, 0);
+    daily.rule = "FREQ=DAILY";
+    QString problem;
+    ASSERT_TRUE(recurring_file::save(ctx.folder + "recurring.ics", {daily}, problem)) << qPrintable(problem);
+    runUntil(at(1, 8, 0, 2));
+    EXPECT_FALSE(ctx.alarmSetLoaded());
+    EXPECT_EQ(timer.goesOffAt, at(3, 6, 29, 0));
+
+    QFile::remove(ctx.folder + "recurring.ics");
+    runUntil(at(1, 8, 0, 4));
+    EXPECT_EQ(timer.goesOffAt, at(3, 6, 59, 0));
 }
