@@ -126,7 +126,7 @@ void readItem(icalcomponent* calendar, icalcomponent* item, Found& found) {
     }
     icalrecurrencetype rule = icalproperty_get_rrule(rrule);
     alarm.rule = ical_time::take(icalrecurrencetype_as_string_r(&rule));
-    const QString problem = recurrence::ruleProblem(alarm.rule);
+    const QString problem = recurrence::seriesProblem(alarm);
     if (!problem.isEmpty()) {
         found.skipped.append(name + QStringLiteral(": ") + problem);
         return;

@@ -2,7 +2,13 @@
 
 #include "recurring/ical_time.h"
 
+#include <QHash>
+
+#include <chrono>
 #include <functional>
+#include <future>
+#include <memory>
+#include <thread>
 
 namespace recurrence {
 
@@ -28,11 +34,41 @@ Rule parseRule(const QString& text) {
     return r;
 }
 
+// A rule whose days never come (February 30th, hourly) keeps libical's first step searching up to the year 2582:
+// 18 s on this machine. So each rule's first step is taken once, in a thread of its own; a rule that has not
+// answered by then, or has no first occurrence, is not expanded on the program's own thread again. The thread
+// left behind ends on its own.
+constexpr auto kFirstStepWait = std::chrono::milliseconds(250);
+
+enum class FirstStep { Rings, Never, TooSlow };
+
+FirstStep firstStep(const Rule& rule, const RecurringAlarm& alarm) {
+    static QHash<QString, FirstStep> known;
+    const QString key = alarm.rule + QLatin1Char(' ') + alarm.start.toString(Qt::ISODate);
+    if (const auto it = known.constFind(key); it != known.constEnd())
+        return *it;
+    auto answer = std::make_shared<std::promise<bool>>();
+    std::future<bool> found = answer->get_future();
+    std::thread([value = rule.value, start = ical_time::floating(alarm.start), answer] {
+        icalrecur_iterator* it = icalrecur_iterator_new(value, start);
+        const bool rings = it && !icaltime_is_null_time(icalrecur_iterator_next(it));
+        if (it)
+            icalrecur_iterator_free(it);
+        answer->set_value(rings);
+    }).detach();
+    const FirstStep step = found.wait_for(kFirstStepWait) != std::future_status::ready ? FirstStep::TooSlow
+                           : found.get()                                               ? FirstStep::Rings
+                                                                                       : FirstStep::Never;
+    known.insert(key, step);
+    return step;
+}
+
 // Calls visit for each occurrence from `from` on, in order, until it answers false, the series ends or the
 // steps run out.
 void walk(const RecurringAlarm& alarm, const QDateTime& from, const std::function<bool(const QDateTime&)>& visit) {
     const Rule rule = parseRule(alarm.rule);
-    if (!rule.ok || !alarm.start.isValid() || !ruleProblem(alarm.rule).isEmpty())
+    if (!rule.ok || !alarm.start.isValid() || !ruleProblem(alarm.rule).isEmpty() ||
+        firstStep(rule, alarm) != FirstStep::Rings)
         return;
     icalrecur_iterator* it = icalrecur_iterator_new(rule.value, ical_time::floating(alarm.start));
     if (!it)
@@ -62,6 +98,21 @@ QString ruleProblem(const QString& text) {
     if (rule.value.freq == ICAL_SECONDLY_RECURRENCE || rule.value.freq == ICAL_MINUTELY_RECURRENCE)
         return QStringLiteral("the rule '%1' repeats within the hour; an alarm comes back at most hourly").arg(text);
     return {};
+}
+
+QString seriesProblem(const RecurringAlarm& alarm) {
+    const QString problem = ruleProblem(alarm.rule);
+    if (!problem.isEmpty() || !alarm.start.isValid())
+        return problem;
+    switch (firstStep(parseRule(alarm.rule), alarm)) {
+    case FirstStep::Rings:
+        return {};
+    case FirstStep::Never:
+        return QStringLiteral("the rule '%1' has no day to ring on").arg(alarm.rule);
+    case FirstStep::TooSlow:
+        break;
+    }
+    return QStringLiteral("the rule '%1' finds no day to ring on in any time an alarm could wait").arg(alarm.rule);
 }
 
 QStringList timesOn(const RecurringAlarm& alarm, const QDate& day) {

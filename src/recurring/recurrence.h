@@ -16,6 +16,9 @@ inline constexpr int kMostPerDay = 100;
 
 // Why a rule cannot serve as an alarm's, or the empty text when it can.
 QString ruleProblem(const QString& rule);
+// The same for the rule from this start, which must also find a first day to ring on, and soon: a rule whose
+// days never come is never expanded.
+QString seriesProblem(const RecurringAlarm& alarm);
 
 // The times "hh:mm:ss" of the occurrences on this local day, in order, skipped ones left out.
 QStringList timesOn(const RecurringAlarm& alarm, const QDate& day);
