@@ -9,6 +9,7 @@
 
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QThread>
 #include <QtEndian>
 #include <gtest/gtest.h>
@@ -47,6 +48,20 @@ struct Recording {
     size_t frames() const { return channels ? samples.size() / channels : 0; }
 };
 
+// The device being recorded, for waiting on what it has played.
+Recording* recording = nullptr;
+QString recordingFile;
+
+// Waits until the device has played this much more, up to 10 s: the disk driver writes at its own pace, which
+// a busy machine slows down.
+void playFor(int ms) {
+    const auto played = [] { return size_t(QFileInfo(recordingFile).size()) / 2 / recording->channels; };
+    const size_t until = played() + size_t(recording->rate) * ms / 1000;
+    QDeadlineTimer deadline(10000);
+    while (played() < until && !deadline.hasExpired())
+        QThread::msleep(5);
+}
+
 // Opens an audio device on the disk driver, lets `play` sound on it, and returns what the device played.
 Recording record(const std::function<void(SdlAudio&)>& play) {
     QTemporaryDir dir;
@@ -61,6 +76,8 @@ Recording record(const std::function<void(SdlAudio&)>& play) {
         }
         r.rate = audio.rate();
         r.channels = audio.channels();
+        recording = &r;
+        recordingFile = file;
         play(audio);
     }
     const QByteArray bytes = readBytes(file);
@@ -96,7 +113,7 @@ TEST(AudioOutputTest, OurWavesSound) {
         const Recording r = record([&](SdlAudio& audio) {
             SdlWaveOutput wave(audio);
             ASSERT_TRUE(wave.play(kData + QLatin1Char('/') + QLatin1String(name), 1)) << wave.error().toStdString();
-            QThread::msleep(300);
+            playFor(300);
         });
         EXPECT_GT(r.frames(), size_t(r.rate / 5));
         EXPECT_GT(r.peak(), 5000);
@@ -107,9 +124,9 @@ TEST(AudioOutputTest, StoppedWaveFallsSilent) {
     const Recording r = record([&](SdlAudio& audio) {
         SdlWaveOutput wave(audio);
         ASSERT_TRUE(wave.play(kData + "/ding.wav", 0));
-        QThread::msleep(150);
+        playFor(150);
         wave.stop();
-        QThread::msleep(250);
+        playFor(250);
     });
     ASSERT_GT(r.frames(), size_t(r.rate / 4));
     EXPECT_GT(r.peak(0, r.rate / 10), 5000);
@@ -128,7 +145,7 @@ TEST(AudioOutputTest, AirSoundsThroughTheSequencerCommands) {
         ASSERT_EQ(mci.sendCommand("open \"" + copy + "\" type sequencer alias tmpMidiPlay"), 0u)
             << sequencer.error().toStdString();
         ASSERT_EQ(mci.sendCommand(QStringLiteral("play tmpMidiPlay")), 0u);
-        QThread::msleep(700);
+        playFor(700);
         EXPECT_EQ(mci.sendCommand(QStringLiteral("close tmpMidiPlay")), 0u);
     });
     EXPECT_GT(r.peak(), 2000);
@@ -152,7 +169,7 @@ TEST(AudioOutputTest, SweepSoundsAsSquareWavesAtTheTimerFrequencies) {
         QDeadlineTimer deadline(3000);
         while (square.queuedMs() > 0 && !deadline.hasExpired())
             QThread::msleep(20);
-        QThread::msleep(100);
+        playFor(100);
     });
     size_t start = 0;
     while (start < r.frames() && r.samples[start * r.channels] == 0)
