@@ -1,5 +1,6 @@
 #include "recurring/calendar_import.h"
 
+#include "recurring/ical_item.h"
 #include "recurring/ical_time.h"
 #include "recurring/recurrence.h"
 #include "recurring/recurring_file.h"
@@ -7,19 +8,6 @@
 namespace calendar_import {
 
 namespace {
-
-const QStringList kPlays{QStringLiteral("once"), QStringLiteral("twice"), QStringLiteral("thrice"),
-                         QStringLiteral("repeat")};
-
-icaltimezone* zoneOf(icalcomponent* calendar, icalproperty* p) {
-    icalparameter* tzid = p ? icalproperty_get_first_parameter(p, ICAL_TZID_PARAMETER) : nullptr;
-    if (!tzid)
-        return nullptr;
-    const char* id = icalparameter_get_tzid(tzid);
-    if (icaltimezone* own = icalcomponent_get_timezone(calendar, id))
-        return own;
-    return icaltimezone_get_builtin_timezone(id);
-}
 
 QDateTime timeOf(icalcomponent* calendar, icalcomponent* item, icalproperty_kind kind) {
     icalproperty* p = icalcomponent_get_first_property(item, kind);
@@ -30,15 +18,7 @@ QDateTime timeOf(icalcomponent* calendar, icalcomponent* item, icalproperty_kind
                                                          : icalproperty_get_dtstart(p);
     if (icaltime_is_null_time(t))
         return {};
-    return ical_time::toLocal(t, zoneOf(calendar, p));
-}
-
-QString xPlays(icalcomponent* item) {
-    for (icalproperty* p = icalcomponent_get_first_property(item, ICAL_X_PROPERTY); p;
-         p = icalcomponent_get_next_property(item, ICAL_X_PROPERTY))
-        if (qstricmp(icalproperty_get_x_name(p), "X-BELLWICK-PLAYS") == 0)
-            return QString::fromUtf8(icalproperty_get_x(p)).trimmed().toLower();
-    return {};
+    return ical_time::toLocal(t, ical_item::zoneOf(calendar, p));
 }
 
 // The moment of the first display or audio alarm of an item, as an offset from the item's own time when it is
@@ -109,16 +89,7 @@ void readItem(icalcomponent* calendar, icalcomponent* item, Found& found) {
     RecurringAlarm alarm;
     alarm.uid = QString::fromUtf8(icalcomponent_get_uid(item));
     alarm.start = at;
-    const QString plays = xPlays(item);
-    alarm.plays = kPlays.contains(plays) ? plays : QStringLiteral("once");
-    QString message = QString::fromUtf8(icalcomponent_get_description(item));
-    // Our own files say an empty message by no DESCRIPTION; another program's event is named by its SUMMARY.
-    if (message.isEmpty() && plays.isEmpty())
-        message = QString::fromUtf8(icalcomponent_get_summary(item));
-    message.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    message.replace(QLatin1Char('\n'), QStringLiteral("\r\n"));
-    message.replace(QLatin1Char('"'), QLatin1Char('\''));
-    alarm.message = message;
+    ical_item::readPlaysAndMessage(item, alarm);
     icalproperty* rrule = icalcomponent_get_first_property(item, ICAL_RRULE_PROPERTY);
     if (!rrule) {
         found.once.append(alarm);
@@ -135,7 +106,7 @@ void readItem(icalcomponent* calendar, icalcomponent* item, Found& found) {
     const qint64 shift = base.isValid() && !trigger.absolute ? trigger.seconds : 0;
     for (icalproperty* p = icalcomponent_get_first_property(item, ICAL_EXDATE_PROPERTY); p;
          p = icalcomponent_get_next_property(item, ICAL_EXDATE_PROPERTY)) {
-        const QDateTime skipped = ical_time::toLocal(icalproperty_get_exdate(p), zoneOf(calendar, p));
+        const QDateTime skipped = ical_time::toLocal(icalproperty_get_exdate(p), ical_item::zoneOf(calendar, p));
         if (skipped.isValid())
             alarm.skipped.append(skipped.addSecs(shift));
     }

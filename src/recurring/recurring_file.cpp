@@ -1,6 +1,7 @@
 #include "recurring/recurring_file.h"
 
 #include "platform/record_file.h"
+#include "recurring/ical_item.h"
 #include "recurring/ical_time.h"
 #include "recurring/recurrence.h"
 
@@ -11,8 +12,6 @@ namespace recurring_file {
 namespace {
 
 const char* const kPlaysProperty = "X-BELLWICK-PLAYS";
-const QStringList kPlays{QStringLiteral("once"), QStringLiteral("twice"), QStringLiteral("thrice"),
-                         QStringLiteral("repeat")};
 
 // Owns a component libical gave us.
 struct Owned {
@@ -22,26 +21,6 @@ struct Owned {
             icalcomponent_free(c);
     }
 };
-
-QString xValue(icalcomponent* event, const char* name) {
-    for (icalproperty* p = icalcomponent_get_first_property(event, ICAL_X_PROPERTY); p;
-         p = icalcomponent_get_next_property(event, ICAL_X_PROPERTY)) {
-        if (qstricmp(icalproperty_get_x_name(p), name) == 0)
-            return QString::fromUtf8(icalproperty_get_x(p));
-    }
-    return {};
-}
-
-// The zone of a time property's TZID, from the file's VTIMEZONEs or libical's own; null when it has none.
-icaltimezone* zoneOf(icalcomponent* calendar, icalproperty* p) {
-    icalparameter* tzid = p ? icalproperty_get_first_parameter(p, ICAL_TZID_PARAMETER) : nullptr;
-    if (!tzid)
-        return nullptr;
-    const char* id = icalparameter_get_tzid(tzid);
-    if (icaltimezone* own = icalcomponent_get_timezone(calendar, id))
-        return own;
-    return icaltimezone_get_builtin_timezone(id);
-}
 
 bool readEvent(icalcomponent* calendar, icalcomponent* event, RecurringAlarm& alarm, QString& problem) {
     const QString uid = QString::fromUtf8(icalcomponent_get_uid(event));
@@ -62,7 +41,7 @@ bool readEvent(icalcomponent* calendar, icalcomponent* event, RecurringAlarm& al
         return false;
     }
     const icaltimetype start = icalproperty_get_dtstart(dtstart);
-    alarm.start = ical_time::toLocal(start, zoneOf(calendar, dtstart));
+    alarm.start = ical_time::toLocal(start, ical_item::zoneOf(calendar, dtstart));
     if (!alarm.start.isValid() || start.is_date) {
         problem = QStringLiteral("%1 has no time of day in its DTSTART").arg(name);
         return false;
@@ -70,20 +49,11 @@ bool readEvent(icalcomponent* calendar, icalcomponent* event, RecurringAlarm& al
     alarm.uid = uid;
     for (icalproperty* p = icalcomponent_get_first_property(event, ICAL_EXDATE_PROPERTY); p;
          p = icalcomponent_get_next_property(event, ICAL_EXDATE_PROPERTY)) {
-        const QDateTime skipped = ical_time::toLocal(icalproperty_get_exdate(p), zoneOf(calendar, p));
+        const QDateTime skipped = ical_time::toLocal(icalproperty_get_exdate(p), ical_item::zoneOf(calendar, p));
         if (skipped.isValid())
             alarm.skipped.append(skipped);
     }
-    const QString plays = xValue(event, kPlaysProperty).trimmed().toLower();
-    alarm.plays = kPlays.contains(plays) ? plays : QStringLiteral("once");
-    QString message = QString::fromUtf8(icalcomponent_get_description(event));
-    // Ours say an empty message by no DESCRIPTION; an event written elsewhere is named by its SUMMARY.
-    if (message.isEmpty() && plays.isEmpty())
-        message = QString::fromUtf8(icalcomponent_get_summary(event));
-    message.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    message.replace(QLatin1Char('\n'), QStringLiteral("\r\n"));
-    message.replace(QLatin1Char('"'), QLatin1Char('\''));
-    alarm.message = message;
+    ical_item::readPlaysAndMessage(event, alarm);
     return true;
 }
 

@@ -17,6 +17,7 @@
 #include "engine/schedule_file.h"
 #include "eventlist/ui/event_list_view.h"
 #include "platform/clock.h"
+#include "platform/ui/accessible_names.h"
 #include "platform/ui/focus_marked_button.h"
 #include "platform/ui/window_place.h"
 #include "platform/ui/window_twips.h"
@@ -268,13 +269,7 @@ void AlarmSetWindow::buildControls(QWidget* client) {
         overlay->installEventFilter(this);
 
     todayList->setAccessibleName(QStringLiteral("Play list"));
-    const std::pair<QComboBox*, QString> timeNames[] = {{hourBox, QStringLiteral("Hour")},
-                                                        {minuteBox, QStringLiteral("Minute")},
-                                                        {secondBox, QStringLiteral("Second")}};
-    for (const auto& [box, name] : timeNames) {
-        box->setAccessibleName(name);
-        box->lineEdit()->setAccessibleName(name);
-    }
+    accessible_names::nameTimeBoxes(hourBox, minuteBox, secondBox);
     amPm->setAccessibleName(QStringLiteral("AM or PM"));
     playCountBox->setAccessibleName(QStringLiteral("Play Times"));
     chimeIntervalBox->setAccessibleName(QStringLiteral("Chime every so many minutes"));

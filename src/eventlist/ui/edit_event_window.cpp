@@ -10,6 +10,7 @@
 #include "eventlist/edit_event.h"
 #include "platform/clock.h"
 #include "platform/numeric.h"
+#include "platform/ui/accessible_names.h"
 #include "platform/ui/dialog_keys.h"
 #include "platform/ui/typed_key.h"
 #include "platform/ui/window_twips.h"
@@ -178,13 +179,7 @@ void EditEventWindow::buildControls() {
     setTabOrder(okButton, cancelButton);
 
     dateEdit->setAccessibleName(QStringLiteral("Date"));
-    const std::pair<QComboBox*, QString> timeNames[] = {{hourBox, QStringLiteral("Hour")},
-                                                        {minuteBox, QStringLiteral("Minute")},
-                                                        {secondBox, QStringLiteral("Second")}};
-    for (const auto& [box, name] : timeNames) {
-        box->setAccessibleName(name);
-        box->lineEdit()->setAccessibleName(name);
-    }
+    accessible_names::nameTimeBoxes(hourBox, minuteBox, secondBox);
     amPm->setAccessibleName(QStringLiteral("AM or PM"));
     upButton->setAccessibleName(QStringLiteral("AM or PM up"));
     downButton->setAccessibleName(QStringLiteral("AM or PM down"));
