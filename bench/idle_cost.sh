@@ -13,11 +13,8 @@ source "$here/../tests/e2e/desktop_env.sh"
 export SDL_AUDIODRIVER=dummy
 start_desktop 96
 
-switches() { # all threads' voluntary context switches
-    cat /proc/"$1"/task/*/status 2>/dev/null | awk '/^voluntary_ctxt_switches/ {s += $2} END {print s + 0}'
-}
-cpu_ns() { cat /proc/"$1"/task/*/schedstat 2>/dev/null | awk '{s += $1} END {printf "%d", s}'; } # run time, all threads
-median() { sort -n | awk '{v[NR] = $1} END {print v[int((NR + 1) / 2)]}'; }
+# shellcheck source=idle_measure.sh
+source "$here/idle_measure.sh"
 
 for clock in none clock; do
     write_settings ALAEOnDCWSOfUISPOfISOMOf "$clock"
@@ -28,16 +25,7 @@ for clock in none clock; do
     pid=$!
     pids+=($pid)
     sleep 8 # start-up, the tray's grace period and the pace after it are not idle
-    : >"$work/wakes" && : >"$work/cpu"
-    for _ in 1 2 3; do
-        s0=$(switches "$pid") c0=$(cpu_ns "$pid")
-        sleep "$seconds"
-        s1=$(switches "$pid") c1=$(cpu_ns "$pid")
-        echo "($s1 - $s0) / $seconds" | bc -l >>"$work/wakes"
-        echo "($c1 - $c0) / 10000000 / $seconds" | bc -l >>"$work/cpu"
-    done
-    printf '%-6s wake-ups/s %.3f  CPU %% %.4f  (windows: %s)\n' "$clock" "$(median <"$work/wakes")" \
-        "$(median <"$work/cpu")" "$(xargs printf '%.3f ' <"$work/wakes")"
+    idle_windows "$pid" "$seconds" "$clock"
     if [ -n "${STRACE:-}" ]; then
         # Counted apart: tracing stops the threads and would count as wake-ups itself.
         timeout -s INT "$seconds" strace -f -c -q -o "$work/strace-$clock.txt" -p "$pid" >/dev/null 2>&1
