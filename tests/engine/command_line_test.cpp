@@ -12,19 +12,17 @@ std::optional<command_line::Answer> answerFor(const QString& line) {
 } // namespace
 
 TEST(CommandLine, HelpAndVersionAnswerWithExitZero) {
-    for (const char* line : {"--help", "-h", "-platform xcb --help"}) {
-        const auto answer = answerFor(QLatin1String(line));
-        ASSERT_TRUE(answer) << line;
-        EXPECT_EQ(answer->exitCode, 0);
-        EXPECT_EQ(answer->out, command_line::helpText());
-        EXPECT_TRUE(answer->err.isEmpty());
-    }
-    for (const char* line : {"--version", "-v"}) {
-        const auto answer = answerFor(QLatin1String(line));
-        ASSERT_TRUE(answer) << line;
-        EXPECT_EQ(answer->exitCode, 0);
-        EXPECT_EQ(answer->out, QStringLiteral("bellwick 1.2.3\n"));
-    }
+    const QString help = command_line::helpText(), version = QStringLiteral("bellwick 1.2.3\n");
+    const QStringList helpLines = {"--help",     "-h",      "-platform xcb --help",
+                                   "add --help", "list -h", "add --time 07:00 --help"};
+    for (const auto& [lines, out] : {std::pair{helpLines, help}, {QStringList{"--version", "-v"}, version}})
+        for (const QString& line : lines) {
+            const auto answer = answerFor(line);
+            ASSERT_TRUE(answer) << qPrintable(line);
+            EXPECT_EQ(answer->exitCode, 0) << qPrintable(line);
+            EXPECT_EQ(answer->out, out) << qPrintable(line);
+            EXPECT_TRUE(answer->err.isEmpty()) << qPrintable(line);
+        }
 }
 
 TEST(CommandLine, QtOptionsStartTheProgram) {
@@ -87,12 +85,6 @@ TEST(CommandLine, SubCommandsGoToTheRunningProgramWithTheirValuesAsGiven) {
         EXPECT_EQ(request->plays, c.plays) << c.line;
         EXPECT_EQ(request->message, c.message) << c.line;
         EXPECT_EQ(request->json, c.json) << c.line;
-    }
-    for (const char* line : {"add --help", "list -h", "add --time 07:00 --help"}) {
-        const auto answer = answerFor(QLatin1String(line));
-        ASSERT_TRUE(answer) << line;
-        EXPECT_EQ(answer->exitCode, 0);
-        EXPECT_EQ(answer->out, command_line::helpText());
     }
     EXPECT_TRUE(command_line::helpText().contains("bellwick add --in DELAY"));
 }
