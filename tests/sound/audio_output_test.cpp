@@ -9,6 +9,7 @@
 
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QThread>
 #include <QtEndian>
 #include <gtest/gtest.h>
@@ -47,8 +48,22 @@ struct Recording {
     size_t frames() const { return channels ? samples.size() / channels : 0; }
 };
 
+// What the device has written to its file so far. It writes by its own clock, which a loaded machine slows down,
+// so a test waits for frames, never for a time.
+struct Played {
+    QString file;
+    int channels = 2;
+    size_t frames() const { return size_t(QFileInfo(file).size()) / (2 * size_t(channels)); }
+    bool reach(size_t n) const {
+        QDeadlineTimer deadline(10000);
+        while (frames() < n && !deadline.hasExpired())
+            QThread::msleep(10);
+        return frames() >= n;
+    }
+};
+
 // Opens an audio device on the disk driver, lets `play` sound on it, and returns what the device played.
-Recording record(const std::function<void(SdlAudio&)>& play) {
+Recording record(const std::function<void(SdlAudio&, const Played&)>& play) {
     QTemporaryDir dir;
     const QString file = dir.filePath(QStringLiteral("out.raw"));
     AudioDriver driver("disk", QFile::encodeName(file));
@@ -61,7 +76,7 @@ Recording record(const std::function<void(SdlAudio&)>& play) {
         }
         r.rate = audio.rate();
         r.channels = audio.channels();
-        play(audio);
+        play(audio, Played{file, r.channels});
     }
     const QByteArray bytes = readBytes(file);
     r.samples.resize(bytes.size() / 2);
@@ -93,10 +108,10 @@ void copyOurSounds(SoundFixture& f) {
 TEST(AudioOutputTest, OurWavesSound) {
     for (const char* name : {"ding.wav", "didi.snd"}) {
         SCOPED_TRACE(name);
-        const Recording r = record([&](SdlAudio& audio) {
+        const Recording r = record([&](SdlAudio& audio, const Played& played) {
             SdlWaveOutput wave(audio);
             ASSERT_TRUE(wave.play(kData + QLatin1Char('/') + QLatin1String(name), 1)) << wave.error().toStdString();
-            QThread::msleep(300);
+            ASSERT_TRUE(played.reach(audio.rate() * 3 / 10));
         });
         EXPECT_GT(r.frames(), size_t(r.rate / 5));
         EXPECT_GT(r.peak(), 5000);
@@ -104,12 +119,12 @@ TEST(AudioOutputTest, OurWavesSound) {
 }
 
 TEST(AudioOutputTest, StoppedWaveFallsSilent) {
-    const Recording r = record([&](SdlAudio& audio) {
+    const Recording r = record([&](SdlAudio& audio, const Played& played) {
         SdlWaveOutput wave(audio);
         ASSERT_TRUE(wave.play(kData + "/ding.wav", 0));
-        QThread::msleep(150);
+        ASSERT_TRUE(played.reach(audio.rate() * 15 / 100));
         wave.stop();
-        QThread::msleep(250);
+        ASSERT_TRUE(played.reach(played.frames() + audio.rate() / 4));
     });
     ASSERT_GT(r.frames(), size_t(r.rate / 4));
     EXPECT_GT(r.peak(0, r.rate / 10), 5000);
@@ -117,7 +132,7 @@ TEST(AudioOutputTest, StoppedWaveFallsSilent) {
 }
 
 TEST(AudioOutputTest, AirSoundsThroughTheSequencerCommands) {
-    const Recording r = record([&](SdlAudio& audio) {
+    const Recording r = record([&](SdlAudio& audio, const Played& played) {
         SdlMidiSequencer sequencer(audio);
         MciSequencerCommands mci(sequencer);
         // What playMidi sends, with the file in a folder with a blank.
@@ -128,7 +143,7 @@ TEST(AudioOutputTest, AirSoundsThroughTheSequencerCommands) {
         ASSERT_EQ(mci.sendCommand("open \"" + copy + "\" type sequencer alias tmpMidiPlay"), 0u)
             << sequencer.error().toStdString();
         ASSERT_EQ(mci.sendCommand(QStringLiteral("play tmpMidiPlay")), 0u);
-        QThread::msleep(700);
+        ASSERT_TRUE(played.reach(audio.rate() * 7 / 10));
         EXPECT_EQ(mci.sendCommand(QStringLiteral("close tmpMidiPlay")), 0u);
     });
     EXPECT_GT(r.peak(), 2000);
@@ -136,7 +151,7 @@ TEST(AudioOutputTest, AirSoundsThroughTheSequencerCommands) {
 
 TEST(AudioOutputTest, SweepSoundsAsSquareWavesAtTheTimerFrequencies) {
     SoundFixture f;
-    const Recording r = record([&](SdlAudio& audio) {
+    const Recording r = record([&](SdlAudio& audio, const Played& played) {
         SquareWaveSpeaker square(audio);
         SpeakerPortModel model(square);
         SoundPlayer player(f.ctx, SoundDevices{f.wave, f.mci, model, QString()});
@@ -152,7 +167,7 @@ TEST(AudioOutputTest, SweepSoundsAsSquareWavesAtTheTimerFrequencies) {
         QDeadlineTimer deadline(3000);
         while (square.queuedMs() > 0 && !deadline.hasExpired())
             QThread::msleep(20);
-        QThread::msleep(100);
+        ASSERT_TRUE(played.reach(played.frames() + audio.rate() / 10));
     });
     size_t start = 0;
     while (start < r.frames() && r.samples[start * r.channels] == 0)
