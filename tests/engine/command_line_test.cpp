@@ -101,6 +101,7 @@ TEST(CommandLine, SubCommandArgumentsOfTheWrongShapeAreRefusedWithExitTwo) {
         {"add --in 5d", "add: the delay '5d' is not"},
         {"add --in -5m", "add: the delay '-5m' is not"},
         {"add --in 99999h", "add: the delay '99999h' is not"},
+        {"add --in 316224001s", "add: the delay '316224001s' is not"}, // ten years of 366 days and a second
         {"add --time 7", "add: the time '7' is not HH:MM:SS"},
         {"add --time 07:30:00:00", "add: the time '07:30:00:00' is not HH:MM:SS"},
         {"add --time 7:30pm", "add: the time '7:30pm' is not HH:MM:SS"},
