@@ -306,7 +306,9 @@ TEST(DesktopClock, ANativeWindowStandsOnTheDevicePixelAndDragsByThePointerItself
     QTest::qWait(10);
     ASSERT_EQ(rig.screen.windowMoves.size(), moves + 1);
     EXPECT_EQ(rig.screen.windowMoves.back(), QPoint(735, 300));
-    QTest::qWait(1000);
+    // A second after showing the window counts as framed; the timer that says so may fire a little late.
+    QTest::qWait(1100);
+    QCoreApplication::processEvents();
     rig.screen.windowAt = QPoint(501, 203);
     reportMove(&f);
     EXPECT_EQ(QPointF(f.leftTwips(), f.topTwips()), QPointF(5010, 2030));

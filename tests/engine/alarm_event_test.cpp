@@ -63,23 +63,19 @@ TEST(EventChecker, RowChecks) {
         checker.checkAlarmRow(t, flag);
         return flag != 0;
     };
-    EXPECT_TRUE(alarm("once 00:00:00"));
-    EXPECT_TRUE(alarm("repeat 23:59:59"));
-    EXPECT_FALSE(alarm(" 08:30:00"));
-    EXPECT_FALSE(alarm("once 24:00:00"));
-    EXPECT_FALSE(alarm("once 08:60:00"));
-    EXPECT_FALSE(alarm("twic 08:30:00"));
-    EXPECT_FALSE(alarm("once  8:30:00"));
+    for (const char* good : {"once 00:00:00", "repeat 23:59:59"})
+        EXPECT_TRUE(alarm(good)) << good;
+    for (const char* bad : {" 08:30:00", "once 24:00:00", "once 08:60:00", "twic 08:30:00", "once  8:30:00"})
+        EXPECT_FALSE(alarm(bad)) << bad;
     auto message = [&](const QString& t) {
         int16_t flag = 1;
         checker.checkMessageRow(t, flag);
         return flag != 0;
     };
-    EXPECT_TRUE(message("Dentist at 08:30:00"));
-    EXPECT_TRUE(message("a\r\nb at 23:00:00"));
-    EXPECT_FALSE(message(" at 08:30:00"));
-    EXPECT_FALSE(message("Dentist at 8:30:00x"));
-    EXPECT_FALSE(message("repeat 08:30:00"));
+    for (const char* good : {"Dentist at 08:30:00", "a\r\nb at 23:00:00"})
+        EXPECT_TRUE(message(good)) << good;
+    for (const char* bad : {" at 08:30:00", "Dentist at 8:30:00x", "repeat 08:30:00"})
+        EXPECT_FALSE(message(bad)) << bad;
 }
 
 TEST(EventChecker, ChimeMarks) {

@@ -1,59 +1,18 @@
 #include "engine/command_recurring.h"
-#include "engine/command_service.h"
-#include "fakes.h"
-#include "sound/routed_notices.h"
-
-#include <QJsonArray>
+#include "served_engine.h"
 
 #include <gtest/gtest.h>
 
-#include <ctime>
-
 namespace {
 
-struct LocalZone {
-    QByteArray old;
-    explicit LocalZone(const char* zone) : old(qgetenv("TZ")) {
-        qputenv("TZ", zone);
-        tzset();
-    }
-    ~LocalZone() {
-        if (old.isEmpty())
-            qunsetenv("TZ");
-        else
-            qputenv("TZ", old);
-        tzset();
-    }
-};
-
-// A profile of its own: its folder, its engine, the command service over it.
-struct Profile {
-    QTemporaryDir dir;
-    RecordingNotices windows;
-    RoutedNotices route{windows};
-    RecordingSound sound;
-    Context ctx;
-    WindowlessAlarmSet alarmSet{ctx};
-    explicit Profile(Clock& clock) : ctx(clock, route, sound) {
-        ctx.setStartValues(dir.path());
-        ctx.alarmSetUi = &alarmSet;
-    }
-    QJsonObject send(const command_protocol::Request& r) {
-        return command_protocol::fromLine(
-            command_service::serve(ctx, route, command_protocol::toLine(command_protocol::toJson(r))));
-    }
-    QJsonObject run(const QStringList& arguments) { return send(*command_protocol::parse(arguments).request); }
+// A profile of its own on a Wednesday morning: its folder, its engine, the command service over it.
+struct Profile : ServedEngine {
+    Profile() { clock.set(2026, 11, 25, 8, 0, 0); }
     QJsonObject import(const QByteArray& ics) {
         command_protocol::Request r;
         r.command = QStringLiteral("import");
         r.ics = QString::fromUtf8(ics);
-        return send(r);
-    }
-    QStringList listed() {
-        QStringList lines;
-        for (const QJsonValue& e : run({"list"}).value("events").toArray())
-            lines.append(command_protocol::eventLine(command_protocol::eventFromJson(e.toObject())));
-        return lines;
+        return serve(r);
     }
 };
 
@@ -117,7 +76,6 @@ const QByteArray kGoogle = "BEGIN:VCALENDAR\r\nPRODID:-//Google Inc//Google Cale
 
 TEST(CalendarImportTest, EachProgramsShapeArmsOrStoresItsAlarmsInLocalTime) {
     const LocalZone zone("Europe/Berlin");
-    FakeClock clock(QDateTime(QDate(2026, 11, 25), QTime(8, 0))); // a Wednesday
     struct Case {
         const char* program;
         QByteArray file;
@@ -131,36 +89,35 @@ TEST(CalendarImportTest, EachProgramsShapeArmsOrStoresItsAlarmsInLocalTime) {
         {"Google Calendar", kGoogle, {"2026/11/26 17:30:00 once Choir", "2026/11/27 09:00:00 once Pay rent"}, 1},
     };
     for (const Case& c : cases) {
-        Profile p(clock);
+        Profile p;
         const QJsonObject answer = p.import(c.file);
         ASSERT_TRUE(answer.value("ok").toBool()) << c.program << qPrintable(answer.value("error").toString());
         EXPECT_EQ(answer.value("skipped").toArray().size(), c.skipped) << c.program;
         EXPECT_EQ(p.listed(), c.listed) << c.program;
     }
     // The skipped occurrence of that series stays skipped.
-    Profile k(clock);
+    Profile k;
     k.import(kKdeAlarm);
-    clock.set(QDateTime(QDate(2026, 12, 5), QTime(8, 0)));
+    k.clock.set(2026, 12, 5, 8, 0, 0);
     EXPECT_EQ(k.listed(), QStringList{"2026/12/09 07:15:00 once (every mon,wed) Bins out"});
 }
 
 TEST(CalendarImportTest, ExportThenImportIntoAnEmptyProfileListsTheSame) {
-    FakeClock clock(QDateTime(QDate(2026, 11, 25), QTime(8, 0)));
-    Profile first(clock);
+    Profile first;
     ASSERT_TRUE(
-        first.run({"add", "--time", "07:30", "--every", "weekdays", "--plays", "thrice", "--message", "Up\nnow"})
+        first.send({"add", "--time", "07:30", "--every", "weekdays", "--plays", "thrice", "--message", "Up\nnow"})
             .value("ok")
             .toBool());
-    ASSERT_TRUE(first.run({"add", "--time", "18:00", "--message", "Today"}).value("ok").toBool());
+    ASSERT_TRUE(first.send({"add", "--time", "18:00", "--message", "Today"}).value("ok").toBool());
     ASSERT_TRUE(
-        first.run({"add", "--date", "2027/01/02", "--time", "06:00", "--plays", "repeat"}).value("ok").toBool());
-    const QJsonObject exported = first.run({"export"});
+        first.send({"add", "--date", "2027/01/02", "--time", "06:00", "--plays", "repeat"}).value("ok").toBool());
+    const QJsonObject exported = first.send("export");
     ASSERT_TRUE(exported.value("ok").toBool());
 
-    Profile second(clock);
+    Profile second;
     const QJsonObject imported = second.import(exported.value("ics").toString().toUtf8());
     ASSERT_TRUE(imported.value("ok").toBool()) << qPrintable(imported.value("error").toString());
     EXPECT_EQ(imported.value("imported").toInt(), 3);
-    EXPECT_EQ(second.run({"list", "--json"}).value("events"), first.run({"list", "--json"}).value("events"));
+    EXPECT_EQ(second.send("list --json").value("events"), first.send("list --json").value("events"));
     EXPECT_EQ(second.listed().size(), 3);
 }

@@ -1,39 +1,12 @@
-#include "engine/command_client.h"
 #include "engine/command_recurring.h"
-#include "engine/command_service.h"
-#include "fakes.h"
-#include "sound/routed_notices.h"
-
-#include <QJsonArray>
+#include "served_engine.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-struct CommandRecurringTest : ::testing::Test {
-    QTemporaryDir dir;
-    FakeClock clock;
-    RecordingNotices windows;
-    RoutedNotices route{windows};
-    RecordingSound sound;
-    Context ctx{clock, route, sound};
-    WindowlessAlarmSet alarmSet{ctx};
-
-    CommandRecurringTest() {
-        ctx.setStartValues(dir.path());
-        ctx.alarmSetUi = &alarmSet;
-        clock.set(2026, 11, 25, 8, 0, 0); // a Wednesday
-    }
-
-    QJsonObject send(const QStringList& arguments) {
-        const command_protocol::Parsed parsed = command_protocol::parse(arguments);
-        EXPECT_TRUE(parsed.request) << qPrintable(arguments.join(' ')) << ": " << qPrintable(parsed.refusal);
-        if (!parsed.request)
-            return {};
-        return command_protocol::fromLine(
-            command_service::serve(ctx, route, command_protocol::toLine(command_protocol::toJson(*parsed.request))));
-    }
-    QJsonArray listed() { return send({"list"}).value("events").toArray(); }
+struct CommandRecurringTest : ::testing::Test, ServedEngine {
+    CommandRecurringTest() { clock.set(2026, 11, 25, 8, 0, 0); } // a Wednesday
 };
 
 } // namespace
@@ -75,13 +48,13 @@ TEST_F(CommandRecurringTest, AddListAndRemove) {
     ASSERT_TRUE(send({"add", "--time", "09:00", "--message", "One-off"}).value("ok").toBool());
     ASSERT_TRUE(send({"add", "--date", "2026/11/30", "--time", "09:00", "--message", "Later"}).value("ok").toBool());
 
-    const QJsonArray events = listed();
-    ASSERT_EQ(events.size(), 3); // today's occurrence shows as its alarm, not a second time
-    EXPECT_EQ(events[0].toObject().value("every").toString(), "weekdays");
-    EXPECT_EQ(events[1].toObject().value("message").toString(), "One-off");
-    EXPECT_FALSE(events[1].toObject().contains("every"));
-    const QString laterId = events[2].toObject().value("id").toString();
-    EXPECT_EQ(listed()[2].toObject().value("id").toString(), laterId); // stable
+    const QJsonArray shown = events();
+    ASSERT_EQ(shown.size(), 3); // today's occurrence shows as its alarm, not a second time
+    EXPECT_EQ(shown[0].toObject().value("every").toString(), "weekdays");
+    EXPECT_EQ(shown[1].toObject().value("message").toString(), "One-off");
+    EXPECT_FALSE(shown[1].toObject().contains("every"));
+    const QString laterId = shown[2].toObject().value("id").toString();
+    EXPECT_EQ(events()[2].toObject().value("id").toString(), laterId); // stable
 
     // Three alarms at 09:00: a choice by time alone is refused with each named.
     ASSERT_TRUE(send({"add", "--time", "09:00", "--every", "day"}).value("ok").toBool());

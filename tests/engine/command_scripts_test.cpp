@@ -1,46 +1,22 @@
 #include "engine/alarm_tick.h"
-#include "engine/command_client.h"
 #include "engine/command_line.h"
-#include "engine/command_service.h"
-#include "fakes.h"
-#include "sound/routed_notices.h"
+#include "served_engine.h"
 
 #include <QFileInfo>
-#include <QJsonArray>
 
 #include <gtest/gtest.h>
 
 // What a script is told: every refusal with its reason and nothing stored, and a list it can trust.
 namespace {
 
-struct CommandScriptsTest : ::testing::Test {
-    QTemporaryDir dir;
-    FakeClock clock;
-    RecordingNotices windows;
-    RoutedNotices route{windows};
-    RecordingSound sound;
-    Context ctx{clock, route, sound};
-    WindowlessAlarmSet alarmSet{ctx};
+struct CommandScriptsTest : ::testing::Test, ServedEngine {
+    CommandScriptsTest() { clock.set(2002, 5, 1, 17, 59, 58); }
 
-    CommandScriptsTest() {
-        ctx.setStartValues(dir.path());
-        ctx.alarmSetUi = &alarmSet;
-        clock.set(2002, 5, 1, 17, 59, 58);
-    }
-
-    QJsonObject add(const QString& arguments, const QString& message = QString()) {
-        command_protocol::Request request = *command_protocol::parse(arguments.split(' ')).request;
-        request.message = message;
-        return command_protocol::fromLine(
-            command_service::serve(ctx, route, command_protocol::toLine(command_protocol::toJson(request))));
-    }
     // The listed events without their day and time: "plays message".
     QStringList listedPairs() {
-        const QJsonObject answer =
-            command_protocol::fromLine(command_service::serve(ctx, route, "{\"command\":\"list\"}\n"));
         QStringList pairs;
-        for (const QJsonValue& e : answer.value("events").toArray())
-            pairs.append(command_protocol::eventLine(command_protocol::eventFromJson(e.toObject())).section(' ', 2));
+        for (const QString& line : listed())
+            pairs.append(line.section(' ', 2));
         return pairs;
     }
     // Runs the tick up to the given time, and gives for each alarm that rang its play word and the message
@@ -81,7 +57,7 @@ TEST_F(CommandScriptsTest, RefusalsGiveTheirReasonAndStoreNothing) {
         {"add --time 19:00", QString(314, QChar(0xE9)) + QString(313, QChar('\n')), tooLong},
     };
     for (const auto& c : cases) {
-        const QJsonObject answer = add(c.arguments, c.message);
+        const QJsonObject answer = send(c.arguments, c.message);
         EXPECT_FALSE(answer.value("ok").toBool()) << c.arguments;
         EXPECT_EQ(answer.value("error").toString(), c.refusal) << c.arguments;
     }
@@ -89,7 +65,7 @@ TEST_F(CommandScriptsTest, RefusalsGiveTheirReasonAndStoreNothing) {
     EXPECT_TRUE(ctx.today.alarms.isEmpty());
     EXPECT_TRUE(ctx.eventList.rows.isEmpty());
     // Every character the code page holds counts one, as the file counts it.
-    EXPECT_TRUE(add("add --date 2002/05/02 --time 09:00", QString(626, QChar(0x20AC))).value("ok").toBool());
+    EXPECT_TRUE(send("add --date 2002/05/02 --time 09:00", QString(626, QChar(0x20AC))).value("ok").toBool());
     EXPECT_EQ(QFileInfo(ctx.folder + "future.dat").size(), 2 + 626 + 22 + 2);
 }
 
@@ -135,9 +111,9 @@ TEST(CommandProtocol, ListLinesEscapeEveryControlCharacter) {
 
 TEST_F(CommandScriptsTest, ListPairsMessagesWithTheAlarmsOfOneTimeAsTheyRing) {
     // The newest alarm of a second rings first and takes the oldest message of that second.
-    add("add --time 18:00 --plays twice", "first msg");
-    add("add --time 18:00 --plays repeat", "second msg");
-    add("add --time 18:00 --plays thrice");
+    send("add --time 18:00 --plays twice", "first msg");
+    send("add --time 18:00 --plays repeat", "second msg");
+    send("add --time 18:00 --plays thrice");
     const QStringList listed = listedPairs();
     EXPECT_EQ(listed, QStringList({"thrice first msg", "repeat second msg", "twice"}));
     EXPECT_EQ(ringUntil(18, 0, 1), listed);
@@ -145,7 +121,7 @@ TEST_F(CommandScriptsTest, ListPairsMessagesWithTheAlarmsOfOneTimeAsTheyRing) {
     // Without seconds an alarm takes the first message of its minute.
     ctx.options.noSecond = true;
     ctx.today.messages.addItem("half past at 18:05:30");
-    add("add --time 18:05 --plays twice", "own");
+    send("add --time 18:05 --plays twice", "own");
     const QStringList minute = listedPairs();
     EXPECT_EQ(minute, QStringList({"twice half past"}));
     EXPECT_EQ(ringUntil(18, 5, 1), minute);

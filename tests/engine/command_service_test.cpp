@@ -1,15 +1,11 @@
 #include "alarmset/add_entry.h"
 #include "alarmset/alarm_set_links.h"
 #include "engine/alarm_tick.h"
-#include "engine/command_client.h"
-#include "engine/command_service.h"
-#include "fakes.h"
 #include "platform/command_channel.h"
-#include "sound/routed_notices.h"
+#include "served_engine.h"
 
 #include <QEventLoop>
 #include <QFileInfo>
-#include <QJsonArray>
 #include <QThread>
 #include <QTimer>
 
@@ -17,42 +13,11 @@
 
 namespace {
 
-// The engine as the running program builds it: its notices routed, so that a command's warnings can be kept
-// from the windows.
-struct CommandServiceTest : ::testing::Test {
-    QTemporaryDir dir;
-    FakeClock clock;
-    RecordingNotices windows;
-    RoutedNotices route{windows};
-    RecordingSound sound;
-    Context ctx{clock, route, sound};
-    WindowlessAlarmSet alarmSet{ctx};
+struct CommandServiceTest : ::testing::Test, ServedEngine {
     command_service::WaitingAdds waiting{ctx};
 
-    CommandServiceTest() {
-        ctx.setStartValues(dir.path());
-        ctx.alarmSetUi = &alarmSet;
-        clock.set(2002, 5, 1, 8, 0, 0);
-    }
+    CommandServiceTest() { waitingAdds = &waiting; }
 
-    QJsonObject send(const QString& arguments) {
-        const auto request = command_protocol::parse(arguments.split(' ')).request;
-        EXPECT_TRUE(request) << qPrintable(arguments);
-        return command_protocol::fromLine(
-            command_service::serve(ctx, route, command_protocol::toLine(command_protocol::toJson(*request)), waiting));
-    }
-    QJsonObject add(const QString& arguments, const QString& message = QString()) {
-        command_protocol::Request request = *command_protocol::parse(arguments.split(' ')).request;
-        request.message = message;
-        return command_protocol::fromLine(
-            command_service::serve(ctx, route, command_protocol::toLine(command_protocol::toJson(request)), waiting));
-    }
-    QStringList listed() {
-        QStringList lines;
-        for (const QJsonValue& e : send("list").value("events").toArray())
-            lines.append(command_protocol::eventLine(command_protocol::eventFromJson(e.toObject())));
-        return lines;
-    }
     QByteArray schedule() const { return readBytes(ctx.folder + "future.dat"); }
 };
 
@@ -85,11 +50,11 @@ TEST_F(CommandServiceTest, RefusesWhatTheWindowRefusesWithItsWordsAndShowsNothin
         EXPECT_FALSE(answer.value("ok").toBool()) << c.arguments;
         EXPECT_EQ(answer.value("error").toString(), c.refusal) << c.arguments;
     }
-    EXPECT_EQ(add("add --time 09:00", QString(627, 'm')).value("error").toString(),
+    EXPECT_EQ(send("add --time 09:00", QString(627, 'm')).value("error").toString(),
               "Message longer than 626 characters");
     // A line break counts two, as in the message box.
-    EXPECT_FALSE(add("add --time 09:00", QString(625, 'm') + '\n').value("ok").toBool());
-    EXPECT_TRUE(add("add --time 09:00", QString(624, 'm') + '\n').value("ok").toBool());
+    EXPECT_FALSE(send("add --time 09:00", QString(625, 'm') + '\n').value("ok").toBool());
+    EXPECT_TRUE(send("add --time 09:00", QString(624, 'm') + '\n').value("ok").toBool());
 
     EXPECT_TRUE(windows.warnings.isEmpty());
     EXPECT_EQ(windows.beeps, 0);
@@ -132,7 +97,7 @@ TEST_F(CommandServiceTest, TwentyFourHourTimesBecomeTheWindowsEntryAndItsRules) 
 
 TEST_F(CommandServiceTest, TodaysEventIsArmedAndRingsWithItsMessage) {
     clock.set(2002, 5, 1, 21, 15, 30, 300);
-    const QJsonObject answer = add("add --in 2s --plays twice", "Tea \"now\"\nand cake");
+    const QJsonObject answer = send("add --in 2s --plays twice", "Tea \"now\"\nand cake");
     ASSERT_TRUE(answer.value("ok").toBool()) << answer.value("error").toString().toStdString();
     EXPECT_EQ(command_protocol::eventLine(command_protocol::eventFromJson(answer.value("event").toObject())),
               "2002/05/01 21:15:32 twice Tea 'now'\\nand cake");
@@ -163,7 +128,7 @@ TEST_F(CommandServiceTest, LeavesTheEventTheUserIsEnteringAlone) {
 
     ASSERT_TRUE(send("add --time 09:00 --plays twice").value("ok").toBool());
     ASSERT_TRUE(send("add --time 10:30").value("ok").toBool());
-    ASSERT_TRUE(add("add --date 2002/05/03 --time 07:00", "Dentist").value("ok").toBool());
+    ASSERT_TRUE(send("add --date 2002/05/03 --time 07:00", "Dentist").value("ok").toBool());
     ASSERT_TRUE(send("add --date 2002/05/02 --time 07:00 --plays repeat").value("ok").toBool());
 
     EXPECT_EQ(ctx.today.alarms.items(), QStringList({"twice 09:00:00", "once 10:00:00", "once 10:30:00"}));
@@ -188,9 +153,9 @@ TEST_F(CommandServiceTest, ListsTodaysArmedEventsThenLaterDaysInTimeOrder) {
     EXPECT_EQ(listed(), QStringList({"2002/05/01 12:30:00 twice Lunch", "2002/05/02 06:00:00 thrice Soon",
                                      "2002/06/01 06:00:00 repeat"}));
     // Two alarms of one time take their messages in the order they ring.
-    add("add --time 18:00", "first");
-    add("add --time 18:00", "second");
-    add("add --date 2002/05/02 --time 05:00", "back\\slash\r\nnext");
+    send("add --time 18:00", "first");
+    send("add --time 18:00", "second");
+    send("add --date 2002/05/02 --time 05:00", "back\\slash\r\nnext");
     EXPECT_EQ(listed(), QStringList({"2002/05/01 12:30:00 twice Lunch", "2002/05/01 18:00:00 once first",
                                      "2002/05/01 18:00:00 once second", "2002/05/02 05:00:00 once back\\\\slash\\nnext",
                                      "2002/05/02 06:00:00 thrice Soon", "2002/06/01 06:00:00 repeat"}));

@@ -18,14 +18,14 @@ struct ScheduleFile : ::testing::Test, EngineFixture {
 TEST_F(ScheduleFile, LoadShowsMarksAndArmsOnlyTodaysComingEvents) {
     writeFile("future.dat", quotedRecord("Dentist2002/05/01twic08:30:00") + quotedRecord("2002/05/01once08:00:00") +
                                 quotedRecord("2002/05/01thri08:00:01") + quotedRecord("old2001/12/31repe23:00:00") +
-                                quotedRecord("2002/06/01repe07:00:00"));
+                                quotedRecord("2002/06/01repe07:00:00") + quotedRecord("2002/05/01once07:59:59"));
     loadSchedule(ctx, "future.dat");
 
     // Sorted by date-time; passed ones marked x; the event at the present second keeps its mark.
     EXPECT_EQ(rows(),
-              QStringList({"      x    2001/12/31-23:00:00        old", "      -    2002/05/01-08:00:00        ",
-                           "      #    2002/05/01-08:00:01        ", "      =    2002/05/01-08:30:00        Dentist",
-                           "      ~    2002/06/01-07:00:00        "}));
+              QStringList({"      x    2001/12/31-23:00:00        old", "      x    2002/05/01-07:59:59        ",
+                           "      -    2002/05/01-08:00:00        ", "      #    2002/05/01-08:00:01        ",
+                           "      =    2002/05/01-08:30:00        Dentist", "      ~    2002/06/01-07:00:00        "}));
     // Only strictly later events of today are armed, the equal second is not.
     EXPECT_EQ(today(), QStringList({"thrice 08:00:01", "twice 08:30:00"}));
     EXPECT_EQ(ctx.today.messages.items(), QStringList({"Dentist at 08:30:00"}));

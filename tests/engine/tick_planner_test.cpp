@@ -20,11 +20,26 @@ struct PlanCase {
 };
 
 // The head of the queue taken, as after the tick that took it.
-void waiting(Context& ctx, const QString& next) {
+void waiting(Context& ctx, const QString& next, bool noSecond = false) {
     ctx.tick.on = ctx.tick.haveAlarms = true;
     ctx.tick.needNextAlarm = false;
     ctx.tick.nextAlarm = next;
     ctx.tick.nextPlayWord = "once";
+    ctx.options.noSecond = noSecond;
+}
+// Nothing queued: the tick on, with or without the Alarm Set window wanted.
+void tickOn(Context& ctx, bool windowWanted) {
+    ctx.tick.on = true;
+    ctx.tick.alarmSetWanted = windowWanted;
+    ctx.tick.needNextAlarm = false;
+}
+void headToTake(Context& ctx) {
+    waiting(ctx, "09:00:00");
+    ctx.tick.needNextAlarm = true;
+}
+void disabledWithAlarm(Context& ctx) {
+    waiting(ctx, "08:00:01");
+    ctx.tick.on = false;
 }
 
 void chime(Context& ctx, int interval, int mark) {
@@ -57,62 +72,17 @@ TEST(TickPlanner, SleepsUntilJustBeforeTheNextDutyAndPacesOntoItsSecond) {
         {"alarm in 0.5 s", QTime(8, 0, 1, 500), [](Context& c) { waiting(c, "08:00:02"); }, {}, true, 505, true},
         {"alarm this second", QTime(8, 0, 2, 805), [](Context& c) { waiting(c, "08:00:02"); }, {}, true, 800},
         {"alarm of 5 characters", QTime(8, 4, 50), [](Context& c) { waiting(c, "08:05"); }, {}, false, 8000},
-        {"no-second alarm",
-         QTime(8, 4, 50),
-         [](Context& c) {
-             waiting(c, "08:05:40");
-             c.options.noSecond = true;
-         },
-         {},
-         false,
-         8000},
-        {"no-second alarm's minute",
-         QTime(8, 5, 40),
-         [](Context& c) {
-             waiting(c, "08:05:10");
-             c.options.noSecond = true;
-         },
-         {},
-         true,
-         800},
-        {"slipped: reported at second 0",
-         QTime(8, 0, 10),
-         [](Context& c) { waiting(c, "07:58:00"); },
-         {},
-         false,
-         48000},
+        {"no-second alarm", QTime(8, 4, 50), [](Context& c) { waiting(c, "08:05:40", true); }, {}, false, 8000},
+        {"no-second alarm's minute", QTime(8, 5, 40), [](Context& c) { waiting(c, "08:05:10", true); }, {}, true, 800},
+        {"slipped, told at second 0", QTime(8, 0, 10), [](Context& c) { waiting(c, "07:58:00"); }, {}, false, 48000},
         {"missed its second", QTime(8, 0, 59, 500), [](Context& c) { waiting(c, "08:00:02"); }, {}, true, 505},
         {"23:59:59 held past midnight", QTime(0, 0, 30), [](Context& c) { waiting(c, "23:59:59"); }, reloaded(0), false,
          60000},
         {"clock set forward past it", QTime(8, 5), [](Context& c) { waiting(c, "08:00:10"); }, {}, false, 58000},
         {"clock set back an hour", QTime(7, 0, 5), [](Context& c) { waiting(c, "08:00:10"); }, {}, false, 60000},
-        {"new head to take",
-         QTime(8, 0),
-         [](Context& c) {
-             waiting(c, "09:00:00");
-             c.tick.needNextAlarm = true;
-         },
-         {},
-         true,
-         800},
-        {"queue empty: hide the window",
-         QTime(8, 0),
-         [](Context& c) {
-             c.tick.on = true;
-             c.tick.needNextAlarm = false;
-         },
-         {},
-         true,
-         800},
-        {"wanted window, nothing due",
-         QTime(8, 0),
-         [](Context& c) {
-             c.tick.on = c.tick.alarmSetWanted = true;
-             c.tick.needNextAlarm = false;
-         },
-         {},
-         false,
-         60000},
+        {"new head to take", QTime(8, 0), headToTake, {}, true, 800},
+        {"queue empty: hide the window", QTime(8, 0), [](Context& c) { tickOn(c, false); }, {}, true, 800},
+        {"wanted window, nothing due", QTime(8, 0), [](Context& c) { tickOn(c, true); }, {}, false, 60000},
         {"chime at :15", QTime(8, 14, 30), [](Context& c) { chime(c, 15, 15); }, {}, false, 28000},
         {"chime mark this minute", QTime(8, 15, 40), [](Context& c) { chime(c, 15, 15); }, {}, true, 800},
         {"hourly chime", QTime(8, 59, 50), [](Context& c) { chime(c, 60, 9); }, {}, false, 8000},
@@ -122,15 +92,7 @@ TEST(TickPlanner, SleepsUntilJustBeforeTheNextDutyAndPacesOntoItsSecond) {
         {"ringing wave watched", QTime(8, 0), nothing, {-1, false, false, true}, true, 800},
         {"Alarm Set shown", QTime(8, 0), nothing, {-1, true, false, false}, true, 800},
         {"just changed", QTime(8, 0), nothing, {-1, false, true, false}, true, 800},
-        {"disabled tick ignores alarms",
-         QTime(8, 0),
-         [](Context& c) {
-             waiting(c, "08:00:01");
-             c.tick.on = false;
-         },
-         {},
-         false,
-         60000},
+        {"disabled tick ignores alarms", QTime(8, 0), disabledWithAlarm, {}, false, 60000},
     };
     for (const PlanCase& c : cases) {
         EngineFixture f;

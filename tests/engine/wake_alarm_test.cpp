@@ -1,14 +1,9 @@
 #include "alarmset/day_list_delete.h"
 #include "engine/alarm_tick.h"
-#include "engine/command_client.h"
-#include "engine/command_service.h"
 #include "engine/wake_alarm.h"
-#include "fakes.h"
 #include "platform/wake_timer.h"
 #include "recurring/recurring_file.h"
-#include "sound/routed_notices.h"
-
-#include <QJsonArray>
+#include "served_engine.h"
 
 #include <gtest/gtest.h>
 
@@ -47,30 +42,12 @@ QDateTime at(int d, int h, int m, int s) {
     return QDateTime(QDate(2002, 5, d), QTime(h, m, s));
 }
 
-struct WakeAlarmTest : ::testing::Test {
-    QTemporaryDir dir;
-    FakeClock clock;
-    RecordingNotices windows;
-    RoutedNotices route{windows};
-    RecordingSound sound;
-    Context ctx{clock, route, sound};
-    WindowlessAlarmSet alarmSet{ctx};
+struct WakeAlarmTest : ::testing::Test, ServedEngine {
     FakeWakeTimer timer{clock};
     WakeAlarm wake{ctx, timer, 60000};
     AlarmTick tick{ctx};
 
-    WakeAlarmTest() {
-        ctx.setStartValues(dir.path());
-        ctx.alarmSetUi = &alarmSet;
-        ctx.wake = &wake;
-        clock.set(2002, 5, 1, 8, 0, 0);
-    }
-    QJsonObject serve(const QString& arguments) {
-        const auto request = command_protocol::parse(arguments.split(' ')).request;
-        EXPECT_TRUE(request) << qPrintable(arguments);
-        return command_protocol::fromLine(
-            command_service::serve(ctx, route, command_protocol::toLine(command_protocol::toJson(*request))));
-    }
+    WakeAlarmTest() { ctx.wake = &wake; }
     // The 800 ms tick until the clock reaches the moment, the timer going off on the way.
     void runUntil(const QDateTime& end) {
         while (clock.now() < end) {
@@ -81,7 +58,7 @@ struct WakeAlarmTest : ::testing::Test {
     }
     QStringList wakes() {
         QStringList states;
-        for (const QJsonValue& e : serve("list").value("events").toArray())
+        for (const QJsonValue& e : events())
             states.append(e.toObject().value("wake").toString());
         return states;
     }
@@ -124,10 +101,10 @@ TEST(WakePlanTest, AdvanceSetting) {
 TEST_F(WakeAlarmTest, FollowsTheNextAlarmThroughAddDeleteFireAndMidnight) {
     writeBytes(ctx.folder + "future.dat",
                quotedRecord("2002/05/01once09:00:00") + quotedRecord("Tomorrow2002/05/02once07:00:00"));
-    serve("list"); // the first touch arms today's
+    send("list"); // the first touch arms today's
     EXPECT_EQ(timer.goesOffAt, at(1, 8, 59, 0));
 
-    serve("add --time 08:30:00"); // an earlier one, at once
+    send("add --time 08:30:00"); // an earlier one, at once
     EXPECT_EQ(timer.goesOffAt, at(1, 8, 29, 0));
     EXPECT_EQ(wakes(), QStringList({"armed", "later", "later"}));
 
@@ -135,7 +112,7 @@ TEST_F(WakeAlarmTest, FollowsTheNextAlarmThroughAddDeleteFireAndMidnight) {
     tick.onTick();
     EXPECT_EQ(timer.goesOffAt, at(2, 6, 59, 0));
 
-    serve("add --time 08:00:10");
+    send("add --time 08:00:10");
     EXPECT_EQ(timer.goesOffAt, at(1, 8, 0, 5)); // less than the advance is left
     runUntil(at(1, 8, 0, 11));
     EXPECT_EQ(sound.played.size(), 1);
@@ -152,7 +129,7 @@ TEST_F(WakeAlarmTest, FollowsTheNextAlarmThroughAddDeleteFireAndMidnight) {
 
 TEST_F(WakeAlarmTest, ASuspendInTheLastMinuteStillEndsBeforeTheAlarm) {
     ctx.options.noSecond = true; // rings at the minute's start
-    serve("add --time 08:10:30");
+    send("add --time 08:10:30");
     EXPECT_EQ(timer.goesOffAt, at(1, 8, 9, 0));
     // Each jump is a suspend ended by the timer; the tick had no chance to run in between.
     for (const QDateTime& next : {at(1, 8, 9, 55), at(1, 8, 10, 0)}) {
@@ -169,8 +146,8 @@ TEST_F(WakeAlarmTest, ASuspendInTheLastMinuteStillEndsBeforeTheAlarm) {
 }
 
 TEST_F(WakeAlarmTest, DisabledOffOrUnavailableWakesNobodyAndSaysWhy) {
-    serve("add --time 09:00:00");
-    serve("add --date 2002/05/02 --time 09:00:00");
+    send("add --time 09:00:00");
+    send("add --date 2002/05/02 --time 09:00:00");
     wake.setDisabled(true);
     EXPECT_FALSE(timer.goesOffAt.isValid());
     EXPECT_EQ(wakes(), QStringList({"unavailable: alarms disabled", "unavailable: alarms disabled"}));
@@ -186,13 +163,13 @@ TEST_F(WakeAlarmTest, DisabledOffOrUnavailableWakesNobodyAndSaysWhy) {
     runUntil(at(1, 8, 2, 0));
     EXPECT_EQ(timer.arms, arms);
     EXPECT_EQ(wakes(), QStringList({"unavailable: no permission", "unavailable: no permission"}));
-    const QJsonObject list = serve("list");
+    const QJsonObject list = send("list");
     command_protocol::Request plain;
     plain.command = "list";
     EXPECT_TRUE(command_client::answerFor(plain, command_protocol::toLine(list))
                     .out.endsWith("\nWake-up: the computer will not wake from a suspend for the next alarm "
                                   "(no permission)\n"));
-    serve("add --time 08:30:00");
+    send("add --time 08:30:00");
     EXPECT_EQ(timer.arms, arms + 1);
 
     timer.reason.clear();
@@ -202,10 +179,10 @@ TEST_F(WakeAlarmTest, DisabledOffOrUnavailableWakesNobodyAndSaysWhy) {
 }
 
 TEST_F(WakeAlarmTest, PlainListEndsWithTheArmedWakeUp) {
-    serve("add --time 12:30:00");
+    send("add --time 12:30:00");
     command_protocol::Request plain;
     plain.command = "list";
-    EXPECT_EQ(command_client::answerFor(plain, command_protocol::toLine(serve("list"))).out,
+    EXPECT_EQ(command_client::answerFor(plain, command_protocol::toLine(send("list"))).out,
               "2002/05/01 12:30:00 once\n"
               "Wake-up: the computer wakes at 2002/05/01 12:29:00 for the alarm at 2002/05/01 12:30:00, also from "
               "a suspend\n");

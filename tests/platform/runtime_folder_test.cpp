@@ -93,11 +93,13 @@ TEST_F(RuntimeFolderTest, ARuntimeFolderOfAnotherUserIsPassedByAndTheProgramStar
 }
 
 TEST_F(RuntimeFolderTest, FoldersOpenToAllAreClosedWhenOursAndPassedByOtherwise) {
-    // Ours but made open to all, as an older build left it: closed to 0700 and used.
-    ASSERT_EQ(::mkdir(qPrintable(runtime + "/bellwick"), 0777), 0);
-    ASSERT_EQ(::chmod(qPrintable(runtime + "/bellwick"), 0777), 0);
-    EXPECT_EQ(chosen(), runtime + "/bellwick");
-    EXPECT_EQ(linkStat(runtime + "/bellwick").st_mode & 0777, 0700u);
+    // Ours but made open to all or to the group, as an older build left it: closed to 0700 and used.
+    ASSERT_EQ(::mkdir(qPrintable(runtime + "/bellwick"), 0700), 0);
+    for (const mode_t open : {0777, 0750}) {
+        ASSERT_EQ(::chmod(qPrintable(runtime + "/bellwick"), open), 0);
+        EXPECT_EQ(chosen(), runtime + "/bellwick");
+        EXPECT_EQ(linkStat(runtime + "/bellwick").st_mode & 0777, 0700u) << std::oct << open;
+    }
 
     // $XDG_RUNTIME_DIR open to all, as /tmp is: not used, whatever its bellwick folder looks like.
     ASSERT_EQ(::chmod(qPrintable(runtime), 01777), 0);

@@ -1,3 +1,4 @@
+#include "local_zone.h"
 #include "recurring/recurrence.h"
 #include "recurring/recurring_file.h"
 
@@ -6,25 +7,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <ctime>
 
 namespace {
-
-// The local zone of the process for one test: floating alarm times must keep their wall time across its turns.
-struct LocalZone {
-    QByteArray old;
-    explicit LocalZone(const char* zone) : old(qgetenv("TZ")) {
-        qputenv("TZ", zone);
-        tzset();
-    }
-    ~LocalZone() {
-        if (old.isEmpty())
-            qunsetenv("TZ");
-        else
-            qputenv("TZ", old);
-        tzset();
-    }
-};
 
 RecurringAlarm alarm(const QString& rule, const QDateTime& start, QList<QDateTime> skipped = {}) {
     RecurringAlarm a;

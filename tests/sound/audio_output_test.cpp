@@ -14,6 +14,7 @@
 #include <QtEndian>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <sys/stat.h>
@@ -48,22 +49,34 @@ struct Recording {
     size_t frames() const { return channels ? samples.size() / channels : 0; }
 };
 
-// The device being recorded, for waiting on what it has played.
-Recording* recording = nullptr;
-QString recordingFile;
-
-// Waits until the device has played this much more, up to 10 s: the disk driver writes at its own pace, which
-// a busy machine slows down.
-void playFor(int ms) {
-    const auto played = [] { return size_t(QFileInfo(recordingFile).size()) / 2 / recording->channels; };
-    const size_t until = played() + size_t(recording->rate) * ms / 1000;
-    QDeadlineTimer deadline(10000);
-    while (played() < until && !deadline.hasExpired())
-        QThread::msleep(5);
-}
+// What the device has written to its file so far. It writes by its own clock, which a loaded machine slows down,
+// so a test waits for frames, never for a time.
+struct Played {
+    QString file;
+    int channels = 2;
+    size_t frames() const { return size_t(QFileInfo(file).size()) / (2 * size_t(channels)); }
+    bool reach(size_t n) const {
+        QDeadlineTimer deadline(10000);
+        while (frames() < n && !deadline.hasExpired())
+            QThread::msleep(10);
+        return frames() >= n;
+    }
+    // Waits until a sample louder than the level is written: a synthesizer may take a while to start.
+    bool sounds(int level) const {
+        QDeadlineTimer deadline(10000);
+        do {
+            const QByteArray bytes = readBytes(file);
+            const auto* samples = reinterpret_cast<const int16_t*>(bytes.constData());
+            if (std::any_of(samples, samples + bytes.size() / 2, [&](int16_t v) { return std::abs(int(v)) > level; }))
+                return true;
+            QThread::msleep(20);
+        } while (!deadline.hasExpired());
+        return false;
+    }
+};
 
 // Opens an audio device on the disk driver, lets `play` sound on it, and returns what the device played.
-Recording record(const std::function<void(SdlAudio&)>& play) {
+Recording record(const std::function<void(SdlAudio&, const Played&)>& play) {
     QTemporaryDir dir;
     const QString file = dir.filePath(QStringLiteral("out.raw"));
     AudioDriver driver("disk", QFile::encodeName(file));
@@ -76,9 +89,7 @@ Recording record(const std::function<void(SdlAudio&)>& play) {
         }
         r.rate = audio.rate();
         r.channels = audio.channels();
-        recording = &r;
-        recordingFile = file;
-        play(audio);
+        play(audio, Played{file, r.channels});
     }
     const QByteArray bytes = readBytes(file);
     r.samples.resize(bytes.size() / 2);
@@ -110,10 +121,10 @@ void copyOurSounds(SoundFixture& f) {
 TEST(AudioOutputTest, OurWavesSound) {
     for (const char* name : {"ding.wav", "didi.snd"}) {
         SCOPED_TRACE(name);
-        const Recording r = record([&](SdlAudio& audio) {
+        const Recording r = record([&](SdlAudio& audio, const Played& played) {
             SdlWaveOutput wave(audio);
             ASSERT_TRUE(wave.play(kData + QLatin1Char('/') + QLatin1String(name), 1)) << wave.error().toStdString();
-            playFor(300);
+            ASSERT_TRUE(played.reach(audio.rate() * 3 / 10));
         });
         EXPECT_GT(r.frames(), size_t(r.rate / 5));
         EXPECT_GT(r.peak(), 5000);
@@ -121,12 +132,12 @@ TEST(AudioOutputTest, OurWavesSound) {
 }
 
 TEST(AudioOutputTest, StoppedWaveFallsSilent) {
-    const Recording r = record([&](SdlAudio& audio) {
+    const Recording r = record([&](SdlAudio& audio, const Played& played) {
         SdlWaveOutput wave(audio);
         ASSERT_TRUE(wave.play(kData + "/ding.wav", 0));
-        playFor(150);
+        ASSERT_TRUE(played.reach(audio.rate() * 15 / 100));
         wave.stop();
-        playFor(250);
+        ASSERT_TRUE(played.reach(played.frames() + audio.rate() / 4));
     });
     ASSERT_GT(r.frames(), size_t(r.rate / 4));
     EXPECT_GT(r.peak(0, r.rate / 10), 5000);
@@ -134,7 +145,7 @@ TEST(AudioOutputTest, StoppedWaveFallsSilent) {
 }
 
 TEST(AudioOutputTest, AirSoundsThroughTheSequencerCommands) {
-    const Recording r = record([&](SdlAudio& audio) {
+    const Recording r = record([&](SdlAudio& audio, const Played& played) {
         SdlMidiSequencer sequencer(audio);
         MciSequencerCommands mci(sequencer);
         // What playMidi sends, with the file in a folder with a blank.
@@ -145,7 +156,7 @@ TEST(AudioOutputTest, AirSoundsThroughTheSequencerCommands) {
         ASSERT_EQ(mci.sendCommand("open \"" + copy + "\" type sequencer alias tmpMidiPlay"), 0u)
             << sequencer.error().toStdString();
         ASSERT_EQ(mci.sendCommand(QStringLiteral("play tmpMidiPlay")), 0u);
-        playFor(700);
+        EXPECT_TRUE(played.sounds(2000));
         EXPECT_EQ(mci.sendCommand(QStringLiteral("close tmpMidiPlay")), 0u);
     });
     EXPECT_GT(r.peak(), 2000);
@@ -153,7 +164,7 @@ TEST(AudioOutputTest, AirSoundsThroughTheSequencerCommands) {
 
 TEST(AudioOutputTest, SweepSoundsAsSquareWavesAtTheTimerFrequencies) {
     SoundFixture f;
-    const Recording r = record([&](SdlAudio& audio) {
+    const Recording r = record([&](SdlAudio& audio, const Played& played) {
         SquareWaveSpeaker square(audio);
         SpeakerPortModel model(square);
         SoundPlayer player(f.ctx, SoundDevices{f.wave, f.mci, model, QString()});
@@ -169,7 +180,7 @@ TEST(AudioOutputTest, SweepSoundsAsSquareWavesAtTheTimerFrequencies) {
         QDeadlineTimer deadline(3000);
         while (square.queuedMs() > 0 && !deadline.hasExpired())
             QThread::msleep(20);
-        playFor(100);
+        ASSERT_TRUE(played.reach(played.frames() + audio.rate() / 10));
     });
     size_t start = 0;
     while (start < r.frames() && r.samples[start * r.channels] == 0)

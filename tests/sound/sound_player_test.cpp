@@ -247,6 +247,7 @@ TEST(MciCommandsTest, OpenPlayClose) {
     EXPECT_EQ(f.mci.sendCommand("open " + air + " type sequencer alias tmpMidiPlay"), 0u);
     EXPECT_EQ(f.mci.openAlias(), QStringLiteral("tmpMidiPlay"));
     EXPECT_EQ(f.mci.sendCommand(QStringLiteral("PLAY tmpmidiplay")), 0u);
+    EXPECT_EQ(f.mci.sendCommand(QStringLiteral("play tmpMidiPlay from 0")), MciSequencerCommands::kUnrecognizedKeyword);
     EXPECT_EQ(f.mci.sendCommand(QStringLiteral("close tmpMidiPlay")), 0u);
     EXPECT_EQ(f.sequencer.log, (QStringList{"open " + air, QStringLiteral("play"), QStringLiteral("close")}));
     EXPECT_TRUE(f.mci.openAlias().isEmpty());

@@ -111,6 +111,11 @@ TEST(SpeakerTest, SynthMakesSquareWavesOfTheQueuedTones) {
     std::vector<int16_t> high(8, 30000);
     loud.mixInto(high.data(), 8, 1);
     EXPECT_EQ(high[0], 32767);
+
+    // Filled to the frame, not one frame more.
+    ToneSynth full(1000, 1000);
+    EXPECT_TRUE(full.push(500, 1000));
+    EXPECT_FALSE(full.push(500, 1));
 }
 
 TEST(SpeakerTest, EvdevSpeakerWritesToneEventsAndEndsSilent) {
