@@ -38,9 +38,9 @@ struct Recording {
     std::vector<int16_t> samples; // interleaved
     int rate = 0;
     int channels = 0;
-    int peak(size_t fromFrame = 0, size_t toFrame = SIZE_MAX) const {
+    int peak(size_t fromFrame = 0) const {
         int p = 0;
-        for (size_t i = fromFrame * channels; i < std::min(samples.size(), toFrame * channels); ++i)
+        for (size_t i = fromFrame * channels; i < samples.size(); ++i)
             p = std::max(p, std::abs(int(samples[i])));
         return p;
     }
@@ -100,7 +100,7 @@ QByteArray le32(quint32 v) {
     return QByteArray(reinterpret_cast<const char*>(&v), 4);
 }
 
-// ding.wav sounds in StoppedWaveFallsSilent.
+// ding.wav is heard, and falls silent when stopped, in desktop_e2e.
 TEST(AudioOutputTest, OurChimeSounds) {
     const Recording r = record([&](SdlAudio& audio, const Played& played) {
         SdlWaveOutput wave(audio);
@@ -109,19 +109,6 @@ TEST(AudioOutputTest, OurChimeSounds) {
     });
     EXPECT_GT(r.frames(), size_t(r.rate / 5));
     EXPECT_GT(r.peak(), 5000);
-}
-
-TEST(AudioOutputTest, StoppedWaveFallsSilent) {
-    const Recording r = record([&](SdlAudio& audio, const Played& played) {
-        SdlWaveOutput wave(audio);
-        ASSERT_TRUE(wave.play(kData + "/ding.wav", 0));
-        ASSERT_TRUE(played.reach(audio.rate() * 15 / 100));
-        wave.stop();
-        ASSERT_TRUE(played.reach(played.frames() + audio.rate() / 4));
-    });
-    ASSERT_GT(r.frames(), size_t(r.rate / 4));
-    EXPECT_GT(r.peak(0, r.rate / 10), 5000);
-    EXPECT_EQ(r.peak(r.frames() - 1024), 0);
 }
 
 TEST(AudioOutputTest, AirSoundsThroughTheSequencerCommands) {
