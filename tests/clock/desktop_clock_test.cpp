@@ -206,11 +206,8 @@ TEST(DesktopClock, ReleaseAboveTheTopRollsUpAndAMoveOrTheTrayBringsItBack) {
         ASSERT_EQ(rig.screen.cursorMoves.size(), 1u);
         EXPECT_EQ(rig.screen.cursorMoves[0], QPoint(300, 2 + r.cursorStep)) << r.dpi;
 
-        if (r.dpi == 120) {
-            send(f.timeLabel, QEvent::MouseMove, Qt::NoButton, {20, 10});
-            EXPECT_EQ(f.topTwips(), 0);
-            EXPECT_FALSE(f.rolledUp());
-        } else if (r.dpi == 96) {
+        // The pointer on the strip brings it back in desktop_clock_<dpi>.
+        if (r.dpi == 96) {
             // The tray brings it back but leaves the flag, which the next move above the edge clears.
             f.showFromTray();
             EXPECT_TRUE(f.isVisible());
@@ -220,7 +217,7 @@ TEST(DesktopClock, ReleaseAboveTheTopRollsUpAndAMoveOrTheTrayBringsItBack) {
             send(f.timeLabel, QEvent::MouseMove, Qt::NoButton, {20, 10});
             EXPECT_EQ(f.topTwips(), 0);
             EXPECT_FALSE(f.rolledUp());
-        } else {
+        } else if (r.dpi == 144) {
             f.close(); // closed while rolled up: no place is stored
             processDeletes();
             EXPECT_EQ(rig.stored(5), -1);
