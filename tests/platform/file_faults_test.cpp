@@ -2,7 +2,6 @@
 #include "datafiles/data_file.h"
 #include "engine/schedule_file.h"
 #include "fakes.h"
-#include "platform/record_file.h"
 #include "settings/settings_file.h"
 #include "settings/settings_records.h"
 
@@ -73,14 +72,6 @@ TEST_F(FileFaults, SettingsAndDataFilesStayWhole) {
     EXPECT_EQ(folder(), QStringList({"my.dat", "tolm.ini"}));
     ASSERT_EQ(notices.warnings.size(), 1);
     EXPECT_TRUE(notices.warnings[0].startsWith("Error occurred when saving alarm events to disk, data may be lost, "));
-}
-
-TEST_F(FileFaults, AReplacedFileHoldsTheNewBytesAndNoTemporaryIsLeft) {
-    fill("air.mid", "old");
-    FileError error;
-    ASSERT_TRUE(record_file::replaceBytes(path("air.mid"), "new", error));
-    EXPECT_EQ(readFile("air.mid"), "new");
-    EXPECT_EQ(folder(), QStringList{"air.mid"});
 }
 
 // A named pipe or a folder under a file's name is refused at once, as a file that cannot be read.

@@ -51,37 +51,6 @@ struct FakeSequencer : MidiSequencer {
     void close() override { log.append(QStringLiteral("close")); }
 };
 
-// The ports as the program touches them, with a port B that remembers what was written.
-struct PortLog : SpeakerPorts {
-    struct Access {
-        char kind; // 'o' out, 'i' in, 'h' hold
-        int port;
-        int value;
-        bool operator==(const Access&) const = default;
-    };
-    std::vector<Access> accesses;
-    uint8_t portB = 0;
-    bool present = true;
-
-    void writePort(int16_t port, int16_t value) override {
-        accesses.push_back({'o', port, value});
-        if (port == 0x61)
-            portB = static_cast<uint8_t>(value);
-    }
-    int16_t readPort(int16_t port) override {
-        accesses.push_back({'i', port, port == 0x61 ? portB : 0});
-        return port == 0x61 ? portB : 0;
-    }
-    void hold(int ms) override { accesses.push_back({'h', 0, ms}); }
-    bool available() override { return present; }
-    int holds() const {
-        int n = 0;
-        for (const Access& a : accesses)
-            n += a.kind == 'h';
-        return n;
-    }
-};
-
 struct RecordedTone {
     double hz;
     int ms;
@@ -112,7 +81,8 @@ struct SoundFixture {
     LoggingNotices notices{log};
     FakeWaveOutput wave{log};
     FakeMci mci{log, dir.path() + QStringLiteral("/run/air.mid")};
-    PortLog ports;
+    RecordingSpeakerOutput speaker;
+    SpeakerPortModel ports{speaker};
     SoundPlayer player{ctx, SoundDevices{wave, mci, ports, dir.path() + QStringLiteral("/run/air.mid")}};
     Context ctx{clock, notices, player};
     WindowlessAlarmSet alarmSet{ctx};
@@ -126,8 +96,14 @@ struct SoundFixture {
             log.append(on ? QStringLiteral("timer on") : QStringLiteral("timer off"));
         };
     }
-    int sweeps() const { return ports.holds() / 30; }
+    size_t tones() const { return speaker.tones.size(); }
 };
+
+// The divisors of the sweep, 2000 Hz down to 550 Hz in steps of 50: 1193280 over f in single precision,
+// rounded half to even.
+inline const std::vector<int> kSweepDivisors = {597,  612,  628,  645,  663,  682,  702,  723,  746,  770,
+                                                796,  823,  852,  884,  918,  955,  994,  1038, 1085, 1136,
+                                                1193, 1256, 1326, 1404, 1492, 1591, 1705, 1836, 1989, 2170};
 
 // The frequency the rising edges of one channel make in frames [from, to), or 0 with fewer than two edges.
 inline double measuredFrequency(const std::vector<int16_t>& s, int channels, int rate, size_t from, size_t to) {
