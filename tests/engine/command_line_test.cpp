@@ -67,7 +67,6 @@ TEST(CommandLine, SubCommandsGoToTheRunningProgramWithTheirValuesAsGiven) {
         EXPECT_EQ(request->message, c.message) << c.line;
         EXPECT_EQ(request->json, c.json) << c.line;
     }
-    EXPECT_TRUE(command_line::helpText().contains("bellwick add --in DELAY"));
 }
 
 TEST(CommandLine, AnythingElseIsRefusedWithExitTwo) {

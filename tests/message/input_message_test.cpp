@@ -219,6 +219,10 @@ TEST_F(InputMessageWindowTest, TypingSavingAndTheTextSize) {
     form.openInputMessage("");
     EXPECT_EQ(form.input->font().family(), "Times New Roman");
     EXPECT_EQ(form.input->font().pointSizeF(), 7);
+    for (int i = 0; i < 11; ++i)
+        form.plusButton->click();
+    EXPECT_EQ(form.input->font().pointSizeF(), 17);
+    EXPECT_EQ(notices.beeps, 2);
 }
 
 TEST_F(InputMessageWindowTest, BrowsingOnTheWindowAndTheTitleBarCloseIsAbandon) {
