@@ -21,7 +21,7 @@ struct TrayIconTest : ::testing::Test, EngineFixture {
 
 } // namespace
 
-TEST_F(TrayIconTest, MenuCaptionsInOrderTheTickRunsEvery800msAndHelpWithoutItsFileWarns) {
+TEST_F(TrayIconTest, MenuCaptionsInOrderTheTickRunsAndHelpWithoutItsFileWarns) {
     QStringList captions;
     for (QAction* a : tray.menu()->actions())
         captions.append(a->isSeparator() ? "-" : a->text());
