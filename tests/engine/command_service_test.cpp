@@ -1,6 +1,7 @@
 #include "alarmset/add_entry.h"
 #include "alarmset/alarm_set_links.h"
 #include "engine/alarm_tick.h"
+#include "engine/command_line.h"
 #include "platform/command_channel.h"
 #include "served_engine.h"
 
@@ -19,47 +20,80 @@ struct CommandServiceTest : ::testing::Test, ServedEngine {
     CommandServiceTest() { waitingAdds = &waiting; }
 
     QByteArray schedule() const { return readBytes(ctx.folder + "future.dat"); }
+    // The listed events without their day and time: "plays message".
+    QStringList listedPairs() {
+        QStringList pairs;
+        for (const QString& line : listed())
+            pairs.append(line.section(' ', 2));
+        return pairs;
+    }
+    // Runs the tick up to the given time, and gives for each alarm that rang its play word and the message
+    // window it brought. Four ticks a second, so that every alarm of one second rings in it.
+    QStringList ringUntil(int h, int m, int s) {
+        AlarmTick tick(ctx);
+        QStringList rang;
+        const QDateTime end(clock.now().date(), QTime(h, m, s));
+        while (clock.now() < end) {
+            const qsizetype sounds = sound.played.size();
+            const qsizetype shown = windows.alarmWindows.size();
+            tick.onTick();
+            clock.advanceMs(250);
+            if (sound.played.size() == sounds)
+                continue;
+            const QString message = windows.alarmWindows.size() > shown ? windows.alarmWindows.last().chopped(12) : "";
+            rang.append((sound.played.last().section('|', 0, 0) + ' ' + message).trimmed());
+        }
+        return rang;
+    }
+};
+
+// What a script is told: a list it can trust.
+struct CommandScriptsTest : CommandServiceTest {
+    CommandScriptsTest() { clock.set(2002, 5, 1, 17, 59, 58); }
 };
 
 } // namespace
 
 TEST_F(CommandServiceTest, RefusesWhatTheWindowRefusesWithItsWordsAndShowsNothing) {
+    const QString tooLong = QStringLiteral("Message longer than 626 characters");
     const struct {
         const char* arguments;
-        const char* refusal;
+        QString message;
+        QString refusal; // empty: accepted, for contrast
     } cases[] = {
-        {"add --time 07:59:59", "Time was passed or next day"},
-        {"add --in 2h --plays twice", nullptr}, // accepted, for contrast
-        {"add --time 24:00:00", "Invalid input"},
-        {"add --time 99:00", "Invalid input"},
-        {"add --time 08:60:00", "Invalid input"},
-        {"add --time 08:00:60", "Invalid input"},
-        {"add --date 2002/02/30 --time 09:00", "Invalid input of date"},
-        {"add --date 2002/13/01 --time 09:00", "Invalid input of date"},
-        {"add --in 87840h", "Invalid input of date"}, // ten years on from 9999 has no four-digit year
+        {"add --time 07:59:59", "", "Time was passed or next day"},
+        {"add --in 2h --plays twice", "", ""},
+        {"add --time 24:00:00", "", "Invalid input"},
+        {"add --time 99:00", "", "Invalid input"},
+        {"add --time 08:60:00", "", "Invalid input"},
+        {"add --time 08:00:60", "", "Invalid input"},
+        {"add --date 2002/02/30 --time 09:00", "", "Invalid input of date"},
+        {"add --date 2002/13/01 --time 09:00", "", "Invalid input of date"},
+        {"add --in 87840h", "", "Invalid input of date"}, // ten years on from 9999 has no four-digit year
+        {"add --date 2002/04/30 --time 09:00", "", "Day was passed"},
+        {"add --date 2002/05/02 --time 09:00", QString::fromUtf8("emoji 😀 end"),
+         QString::fromUtf8("These characters cannot be stored: 😀")},
+        {"add --time 19:00", QString::fromUtf8("会议 \u0085"),
+         QString::fromUtf8("These characters cannot be stored: 会 议 U+0085")},
+        {"add --time 19:00", QString(627, QChar(0xE9)), tooLong},
+        {"add --time 09:00", QString(625, 'm') + '\n', tooLong}, // a line break counts two, as in the message box
+        {"add --time 09:00", QString(624, 'm') + '\n', ""},
     };
     for (const auto& c : cases) {
         if (QString(c.arguments) == "add --in 87840h")
             clock.set(9999, 1, 1, 8, 0, 0);
-        const QJsonObject answer = send(c.arguments);
+        const QJsonObject answer = send(c.arguments, c.message);
         clock.set(2002, 5, 1, 8, 0, 0);
-        if (!c.refusal) {
-            EXPECT_TRUE(answer.value("ok").toBool()) << c.arguments;
-            continue;
-        }
-        EXPECT_FALSE(answer.value("ok").toBool()) << c.arguments;
+        EXPECT_EQ(answer.value("ok").toBool(), c.refusal.isEmpty()) << c.arguments;
         EXPECT_EQ(answer.value("error").toString(), c.refusal) << c.arguments;
     }
-    EXPECT_EQ(send("add --time 09:00", QString(627, 'm')).value("error").toString(),
-              "Message longer than 626 characters");
-    // A line break counts two, as in the message box.
-    EXPECT_FALSE(send("add --time 09:00", QString(625, 'm') + '\n').value("ok").toBool());
-    EXPECT_TRUE(send("add --time 09:00", QString(624, 'm') + '\n').value("ok").toBool());
-
     EXPECT_TRUE(windows.warnings.isEmpty());
     EXPECT_EQ(windows.beeps, 0);
     EXPECT_EQ(ctx.today.alarms.items(), QStringList({"once 09:00:00", "twice 10:00:00"}));
     EXPECT_FALSE(QFileInfo::exists(ctx.folder + "future.dat"));
+    // Every character the code page holds counts one, as the file counts it.
+    EXPECT_TRUE(send("add --date 2002/05/02 --time 09:00", QString(626, QChar(0x20AC))).value("ok").toBool());
+    EXPECT_EQ(QFileInfo(ctx.folder + "future.dat").size(), 2 + 626 + 22 + 2);
 
     // The window's own Add still speaks through the windows.
     EntryControls controls;
@@ -68,23 +102,18 @@ TEST_F(CommandServiceTest, RefusesWhatTheWindowRefusesWithItsWordsAndShowsNothin
     EXPECT_EQ(windows.warnings, QStringList({"Invalid input"}));
 }
 
+// Through the window's twelve-hour entry and back.
 TEST_F(CommandServiceTest, TwentyFourHourTimesBecomeTheWindowsEntryAndItsRules) {
     clock.set(2002, 5, 1, 0, 0, 0);
-    const struct {
-        const char* time;
-        const char* hourBox;
-        const char* amPm;
-        const char* stored;
-    } cases[] = {
-        {"00:05:00", "12", "AM", "00:05:00"}, {"12:05:00", "12", "PM", "12:05:00"}, {"13:05:00", "1", "PM", "13:05:00"},
-        {"23:59:59", "11", "PM", "23:59:59"}, {"7:5:9", "7", "AM", "07:05:09"},     {"09:30", "09", "AM", "09:30:00"},
-    };
-    for (const auto& c : cases) {
-        const QJsonObject event = send(QStringLiteral("add --time ") + c.time).value("event").toObject();
-        EXPECT_EQ(event.value("time").toString(), c.stored) << c.time;
-        EXPECT_EQ(event.value("date").toString(), "2002/05/01") << c.time;
+    const std::pair<const char*, const char*> cases[] = {
+        {"00:05:00", "00:05:00"}, {"12:05:00", "12:05:00"}, {"13:05:00", "13:05:00"}, {"23:59:59", "23:59:59"},
+        {"7:5:9", "07:05:09"},    {"09:30", "09:30:00"},    {"11:05:00", "11:05:00"}};
+    for (const auto& [time, stored] : cases) {
+        const QJsonObject event = send(QStringLiteral("add --time ") + time).value("event").toObject();
+        EXPECT_EQ(event.value("time").toString(), stored) << time;
+        EXPECT_EQ(event.value("date").toString(), "2002/05/01") << time;
     }
-    EXPECT_EQ(ctx.today.alarms.count(), 6);
+    EXPECT_EQ(ctx.today.alarms.count(), 7);
 
     // No-second mode drops the seconds before the test, as the window does: the present second is still accepted.
     clock.set(2002, 5, 1, 9, 0, 0);
@@ -103,15 +132,7 @@ TEST_F(CommandServiceTest, TodaysEventIsArmedAndRingsWithItsMessage) {
               "2002/05/01 21:15:32 twice Tea 'now'\\nand cake");
     EXPECT_EQ(ctx.today.messages.items(), QStringList({"Tea 'now'\r\nand cake at 21:15:32"}));
 
-    AlarmTick tick(ctx);
-    const QDateTime end = clock.now().addSecs(4);
-    while (clock.now() < end) {
-        tick.onTick();
-        clock.advanceMs(800);
-    }
-    EXPECT_EQ(sound.played, QStringList({"twice|" + ctx.soundChoice.songPath}));
-    EXPECT_EQ(windows.alarmWindows.size(), 1);
-    EXPECT_TRUE(windows.alarmWindows.value(0).contains("Tea 'now'")) << windows.alarmWindows.value(0).toStdString();
+    EXPECT_EQ(ringUntil(21, 15, 34), QStringList{"twice Tea 'now'\r\nand cake"});
 }
 
 TEST_F(CommandServiceTest, LeavesTheEventTheUserIsEnteringAlone) {
@@ -152,12 +173,9 @@ TEST_F(CommandServiceTest, ListsTodaysArmedEventsThenLaterDaysInTimeOrder) {
     // Listing is a first touch: the schedule is read and today's coming events armed.
     EXPECT_EQ(listed(), QStringList({"2002/05/01 12:30:00 twice Lunch", "2002/05/02 06:00:00 thrice Soon",
                                      "2002/06/01 06:00:00 repeat"}));
-    // Two alarms of one time take their messages in the order they ring.
-    send("add --time 18:00", "first");
-    send("add --time 18:00", "second");
+    // Messages of one time are paired with their alarms in the scripts' test below.
     send("add --date 2002/05/02 --time 05:00", "back\\slash\r\nnext");
-    EXPECT_EQ(listed(), QStringList({"2002/05/01 12:30:00 twice Lunch", "2002/05/01 18:00:00 once first",
-                                     "2002/05/01 18:00:00 once second", "2002/05/02 05:00:00 once back\\\\slash\\nnext",
+    EXPECT_EQ(listed(), QStringList({"2002/05/01 12:30:00 twice Lunch", "2002/05/02 05:00:00 once back\\\\slash\\nnext",
                                      "2002/05/02 06:00:00 thrice Soon", "2002/06/01 06:00:00 repeat"}));
     EXPECT_TRUE(windows.warnings.isEmpty());
 }
@@ -222,4 +240,61 @@ TEST_F(CommandServiceTest, ChannelIsPrivateAndAnswersAtOnceWhileABoxStands) {
     EXPECT_EQ(refused.exitCode, 1);
     EXPECT_EQ(refused.err, "bellwick: one\nbellwick: two\n");
     EXPECT_FALSE(command_channel::exchange(run.path() + "/none.socket", addLine, 200, 200).connected);
+}
+
+TEST(CommandClient, MessagesOfAnyLengthAndArgumentsNotUtf8AreRefusedBeforeTheProgramIsAsked) {
+    command_protocol::Request request;
+    request.command = "add";
+    request.inSeconds = 60;
+    // The desktop command line run refuses 70000 characters; each of these counts one though it takes two in UTF-16.
+    request.message = QString::fromUtf8("😀").repeated(627);
+    const auto answer = command_client::refusedHere(request);
+    ASSERT_TRUE(answer);
+    EXPECT_EQ(answer->exitCode, 1);
+    EXPECT_EQ(answer->err, "bellwick: Message longer than 626 characters\n");
+    request.message = QString::fromUtf8("on 会");
+    EXPECT_EQ(command_client::refusedHere(request).value_or(command_line::Answer()).err,
+              QString::fromUtf8("bellwick: These characters cannot be stored: 会\n"));
+    request.message = QString(626, 'm');
+    EXPECT_FALSE(command_client::refusedHere(request));
+
+    const auto bad = command_line::notUtf8({"add", "--message", "caf\xe9", "x\xff"});
+    ASSERT_TRUE(bad);
+    EXPECT_EQ(bad->exitCode, 1);
+    EXPECT_EQ(bad->err, QString::fromUtf8("bellwick: argument 3 is not valid UTF-8: 'caf\uFFFD'\n"));
+    EXPECT_FALSE(command_line::notUtf8({"add", "--message", "café 😀"}));
+}
+
+TEST(CommandProtocol, ListLinesEscapeEveryControlCharacter) {
+    const struct {
+        QString message;
+        QString line;
+    } cases[] = {
+        {"a\\b\nc\rd", "a\\\\b\\nc\\rd"},
+        {"\x1b]0;owned\x07\x1b[2J", "\\u001b]0;owned\\u0007\\u001b[2J"},
+        {QString("t\tnul") + QChar(0) + "del\x7f", "t\\u0009nul\\u0000del\\u007f"},
+        {QString(QChar(0x85)) + QChar(0x9B) + QChar(0x9F), "\\u0085\\u009b\\u009f"},
+        {QString::fromUtf8("é € – \u00A0 😀"), QString::fromUtf8("é € – \u00A0 😀")}, // printable: as typed
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(command_protocol::eventLine({"2002/05/01", "18:00:00", "once", c.message}),
+                  "2002/05/01 18:00:00 once " + c.line);
+}
+
+TEST_F(CommandScriptsTest, ListPairsMessagesWithTheAlarmsOfOneTimeAsTheyRing) {
+    // The newest alarm of a second rings first and takes the oldest message of that second.
+    send("add --time 18:00 --plays twice", "first msg");
+    send("add --time 18:00 --plays repeat", "second msg");
+    send("add --time 18:00 --plays thrice");
+    const QStringList listed = listedPairs();
+    EXPECT_EQ(listed, QStringList({"thrice first msg", "repeat second msg", "twice"}));
+    EXPECT_EQ(ringUntil(18, 0, 1), listed);
+
+    // Without seconds an alarm takes the first message of its minute.
+    ctx.options.noSecond = true;
+    ctx.today.messages.addItem("half past at 18:05:30");
+    send("add --time 18:05 --plays twice", "own");
+    const QStringList minute = listedPairs();
+    EXPECT_EQ(minute, QStringList({"twice half past"}));
+    EXPECT_EQ(ringUntil(18, 5, 1), minute);
 }

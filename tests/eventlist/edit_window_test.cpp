@@ -69,9 +69,6 @@ TEST_F(EditWindowTest, PopupEditOpensTheRowAndCancelStoresThePlaceAndGivesTheLis
     EventPopup::popupAt(ctx, QPoint(10, 10), &eventList);
     EventPopup* popup = EventPopup::instance();
     ASSERT_NE(popup, nullptr);
-    EXPECT_EQ(popup->menu->title(), " MyMenu");
-    EXPECT_EQ(popup->editAction->text(), " Edit");
-    EXPECT_EQ(popup->deleteAction->text(), " Delete");
     popup->menu->hide();
     popup->editAction->trigger();
 
@@ -161,22 +158,6 @@ TEST_F(EventListViewTest, RightPressOpensThePopupOnlyWithACurrentRowAndMovesNoth
     EXPECT_EQ(ctx.eventList.currentRow(), 3);
     EXPECT_EQ(ctx.eventList.highlightedCount(), 2);
     EXPECT_FALSE(ctx.eventList.rows.isSelected(4));
-}
-
-TEST_F(EventListViewTest, MenuKeyAndShiftF10OpenThePopupOnTheCurrentRow) {
-    const auto key = [this](int k, Qt::KeyboardModifiers modifiers) {
-        QKeyEvent event(QEvent::KeyPress, k, modifiers);
-        QApplication::sendEvent(view->rows, &event);
-    };
-    key(Qt::Key_Menu, Qt::NoModifier);
-    EXPECT_TRUE(popups.isEmpty()); // no current row, no menu
-    press(Qt::LeftButton, 2);
-    key(Qt::Key_Menu, Qt::NoModifier);
-    key(Qt::Key_F10, Qt::ShiftModifier);
-    key(Qt::Key_F10, Qt::NoModifier);
-    const QPoint row2 =
-        view->rows->viewport()->mapToGlobal(view->rows->visualRect(ctx.eventList.rows.index(2)).center());
-    EXPECT_EQ(popups, QList<QPoint>({row2, row2}));
 }
 
 TEST_F(EventListViewTest, RowsAreOneLineOfArialWhateverTheWindowHandsDown) {

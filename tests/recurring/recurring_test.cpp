@@ -1,12 +1,15 @@
+#include "engine/alarm_tick.h"
+#include "engine/schedule_file.h"
+#include "eventlist/popup_actions.h"
+#include "fakes.h"
 #include "local_zone.h"
 #include "recurring/recurrence.h"
+#include "recurring/recurring_arming.h"
 #include "recurring/recurring_file.h"
+#include "recurring/recurring_rows.h"
 
 #include <QElapsedTimer>
-
 #include <gtest/gtest.h>
-
-#include <cstdlib>
 
 namespace {
 
@@ -19,9 +22,32 @@ RecurringAlarm alarm(const QString& rule, const QDateTime& start, QList<QDateTim
     return a;
 }
 
-QDateTime at(int y, int m, int d, int h = 7, int mi = 0) {
-    return QDateTime(QDate(y, m, d), QTime(h, mi));
+QDateTime at(int y, int m, int d, int h = 7, int mi = 0, int s = 0) {
+    return QDateTime(QDate(y, m, d), QTime(h, mi, s));
 }
+
+struct RecurringArmingTest : ::testing::Test, EngineFixture {
+    AlarmTick tick{ctx};
+    RecurringArmingTest() { clock.set(2026, 11, 25, 8, 0, 0); }
+
+    void store(const QString& rule, const QDateTime& start, const QString& message = QString(),
+               const QString& uid = QStringLiteral("u1")) {
+        QList<RecurringAlarm> alarms;
+        QString problem;
+        ASSERT_TRUE(recurring_file::load(path("recurring.ics"), alarms, problem));
+        alarms.append(alarm(rule, start));
+        alarms.last().uid = uid;
+        alarms.last().message = message;
+        alarms.last().plays = QStringLiteral("twice");
+        ASSERT_TRUE(recurring_file::save(path("recurring.ics"), alarms, problem));
+    }
+    void runUntil(const QDateTime& end) {
+        while (clock.now() < end) {
+            tick.onTick();
+            clock.advanceMs(800);
+        }
+    }
+};
 
 } // namespace
 
@@ -120,7 +146,8 @@ TEST(RecurringFileTest, RefusesWhatIsNoAlarmFileWithAReason) {
     }
 }
 
-TEST(RecurringFileTest, WhatIsWrittenReadsBackAndZonedTimesBecomeLocal) {
+// Starts in UTC and in zones with their VTIMEZONE are read as the calendar import test imports them.
+TEST(RecurringFileTest, WhatIsWrittenReadsBack) {
     const LocalZone zone("Europe/Berlin");
     RecurringAlarm a = alarm("FREQ=WEEKLY;UNTIL=20261231T235959;BYDAY=MO,FR", at(2026, 11, 2, 6, 45));
     a.skipped = {at(2026, 11, 6, 6, 45)};
@@ -138,13 +165,87 @@ TEST(RecurringFileTest, WhatIsWrittenReadsBackAndZonedTimesBecomeLocal) {
     EXPECT_EQ(recurrence::timesOn(back[0], QDate(2026, 11, 9)), QStringList{"06:45:00"});
     EXPECT_TRUE(recurrence::timesOn(back[0], QDate(2026, 11, 6)).isEmpty());
 
-    // Written by hand or by another program: a UTC start and a start in another zone.
-    const QByteArray zoned = "BEGIN:VCALENDAR\r\nVERSION:2.0\r\n"
-                             "BEGIN:VEVENT\r\nUID:z\r\nDTSTART:20260301T060000Z\r\nRRULE:FREQ=DAILY\r\nEND:VEVENT\r\n"
-                             "BEGIN:VEVENT\r\nUID:n\r\nDTSTART;TZID=America/New_York:20260301T090000\r\n"
-                             "RRULE:FREQ=DAILY\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n";
-    ASSERT_TRUE(recurring_file::parse(zoned, back, problem)) << qPrintable(problem);
-    ASSERT_EQ(back.size(), 2);
-    EXPECT_EQ(back[0].start, at(2026, 3, 1, 7, 0));
-    EXPECT_EQ(back[1].start, at(2026, 3, 1, 15, 0));
+    // A zone named without its VTIMEZONE, as written by hand.
+    ASSERT_TRUE(recurring_file::parse("BEGIN:VCALENDAR\r\nVERSION:2.0\r\nBEGIN:VEVENT\r\nUID:n\r\n"
+                                      "DTSTART;TZID=America/New_York:20260301T090000\r\nRRULE:FREQ=DAILY\r\n"
+                                      "END:VEVENT\r\nEND:VCALENDAR\r\n",
+                                      back, problem));
+    EXPECT_EQ(back.value(0).start, at(2026, 3, 1, 15, 0));
+}
+
+TEST_F(RecurringArmingTest, TodaysOccurrenceRingsOnceAndARestartDoesNotArmItAgain) {
+    store("FREQ=DAILY", at(2026, 11, 1, 8, 0, 5), "Stretch");
+    ctx.touchAlarmSet();
+    ctx.touchAlarmSet();
+    loadSchedule(ctx, "future.dat"); // a second reading of the same day arms nothing twice
+    ASSERT_EQ(ctx.today.alarms.items(), QStringList{"twice 08:00:05"});
+    EXPECT_EQ(ctx.today.messages.items(), QStringList{"Stretch at 08:00:05"});
+
+    runUntil(at(2026, 11, 25, 8, 0, 7));
+    EXPECT_EQ(sound.played.size(), 1);
+    EXPECT_EQ(notices.alarmWindows, QStringList{"Stretch at 08:00:05"});
+    EXPECT_EQ(readFile("recurring.state"), QByteArray("u1 2026/11/25 08:00:05\n"));
+
+    // Started again with the clock put back: what rang today stays rung.
+    Context again{clock, notices, sound};
+    again.setStartValues(dir.path());
+    clock.set(2026, 11, 25, 8, 0, 0);
+    recurring_arming::armToday(again);
+    EXPECT_TRUE(again.today.alarms.isEmpty());
+}
+
+TEST_F(RecurringArmingTest, TheMidnightReloadArmsTheNewDaysOccurrences) {
+    store("FREQ=WEEKLY;BYDAY=TH", at(2026, 11, 5, 0, 0, 30), "Thursday");
+    store("FREQ=DAILY", at(2026, 11, 1, 0, 0, 0), "", "midnight");
+    ctx.touchAlarmSet();
+    EXPECT_TRUE(ctx.today.alarms.isEmpty()); // Wednesday: not its day
+    clock.set(2026, 11, 25, 23, 59, 58);
+    runUntil(at(2026, 11, 26, 0, 0, 2));
+    // An occurrence at the second of the reload is not armed, as a schedule line of that second is not.
+    EXPECT_EQ(ctx.today.alarms.items(), QStringList{"twice 00:00:30"});
+    runUntil(at(2026, 11, 26, 0, 0, 32));
+    EXPECT_EQ(notices.alarmWindows, QStringList{"Thursday at 00:00:30"});
+}
+
+TEST_F(RecurringArmingTest, ABrokenFileIsReportedOnceAndArmsNothing) {
+    writeFile("recurring.ics", "BEGIN:VCALENDAR\r\nBEGIN:VEVENT\r\nUID:x\r\nDTSTART:20261101T090000\r\n"
+                               "RRULE:FREQ=SECONDLY\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n");
+    ctx.touchAlarmSet();
+    recurring_arming::armToday(ctx);
+    ASSERT_EQ(notices.errorLists.size(), 1u);
+    EXPECT_TRUE(notices.errorLists[0]->lines.join(' ').contains("within the hour"));
+    EXPECT_TRUE(ctx.today.alarms.isEmpty());
+}
+
+TEST_F(RecurringArmingTest, NextOccurrenceOfAnyRecurringAlarm) {
+    store("FREQ=WEEKLY;BYDAY=MO", at(2026, 11, 2, 7, 0), "", "monday");
+    store("FREQ=MONTHLY", at(2026, 10, 27, 6, 0), "", "monthly");
+    EXPECT_EQ(recurring_arming::nextOccurrenceAfter(ctx, at(2026, 11, 25, 8, 0)), at(2026, 11, 27, 6, 0));
+    EXPECT_EQ(recurring_arming::nextOccurrenceAfter(ctx, at(2026, 11, 27, 6, 0)), at(2026, 11, 30, 7, 0));
+}
+
+TEST_F(RecurringArmingTest, TheEventListShowsOccurrencesWithoutWritingThemAndItsDeleteSkipsADayOrEndsTheSeries) {
+    store("FREQ=DAILY", at(2026, 11, 1, 9, 0), "Pills");
+    writeFile("future.dat", quotedRecord("Dentist2026/11/27once10:00:00"));
+    ctx.touchAlarmSet();
+    const QStringList& rows = ctx.eventList.rows.items();
+    ASSERT_EQ(rows.size(), 1 + recurring_rows::kShownPerAlarm);
+    EXPECT_EQ(rows[0], "     *=    2026/11/25-09:00:00        Pills");   // twice, and recurring
+    EXPECT_EQ(rows[3], "      -    2026/11/27-10:00:00        Dentist"); // after 09:00 of the same day
+
+    // The schedule's own row deleted: the file keeps no occurrence.
+    ctx.eventList.rows.selectOnly(3);
+    deleteFromPopup(ctx);
+    EXPECT_TRUE(readFile("future.dat").isEmpty());
+
+    ctx.eventList.rows.selectOnly(0);
+    deleteRecurringRows(ctx, highlightedRecurringRows(ctx), false);
+    EXPECT_TRUE(ctx.today.alarms.isEmpty()); // today's occurrence is skipped
+    EXPECT_TRUE(readFile("recurring.ics").contains("EXDATE:20261125T090000"));
+    EXPECT_EQ(ctx.eventList.rows.items().first().mid(11, 19), "2026/11/26-09:00:00");
+
+    ctx.eventList.rows.selectOnly(0);
+    deleteRecurringRows(ctx, highlightedRecurringRows(ctx), true);
+    EXPECT_TRUE(ctx.eventList.rows.isEmpty());
+    EXPECT_FALSE(readFile("recurring.ics").contains("BEGIN:VEVENT"));
 }
