@@ -212,4 +212,33 @@ TEST(AudioOutputTest, AWaveCutShortCannotPlayAndOneClaimingTooMuchPlaysWhatIsThe
     wave.stop();
 }
 
+// A sink that fails on its first write, the way a sound server gone away does. The run named
+// audio_device_lost_at_open has the mixer report its open late, so the device has failed before it is looked for.
+TEST(AudioOutputTest, ALostDeviceIsOpenedAnewForTheNextSound) {
+    QTemporaryDir dir;
+    const QString file = dir.filePath(QStringLiteral("out.raw"));
+    AudioDriver driver("disk", "/dev/full");
+    {
+        SdlAudio audio;
+        SdlWaveOutput wave(audio);
+        ASSERT_TRUE(wave.play(kData + "/ding.wav", 0)) << wave.error().toStdString();
+        QDeadlineTimer deadline(10000);
+        while (!audio.lost() && !deadline.hasExpired())
+            QThread::msleep(20);
+        ASSERT_TRUE(audio.lost());
+        EXPECT_TRUE(wave.fellSilent());
+
+        qputenv("SDL_DISKAUDIOFILE", QFile::encodeName(file));
+        ASSERT_TRUE(wave.play(kData + "/ding.wav", 1)) << wave.error().toStdString();
+        QThread::msleep(200);
+        EXPECT_FALSE(audio.lost());
+        EXPECT_FALSE(wave.fellSilent());
+    }
+    const QByteArray bytes = readBytes(file);
+    int peak = 0;
+    for (qsizetype i = 0; i + 1 < bytes.size(); i += 2)
+        peak = std::max(peak, std::abs(int(qint16(quint8(bytes[i]) | (quint8(bytes[i + 1]) << 8)))));
+    EXPECT_GT(peak, 5000);
+}
+
 } // namespace

@@ -41,7 +41,9 @@ void SdlAudio::close() {
 }
 
 bool SdlAudio::lost() const {
-    return m_open && m_device != 0 && SDL_GetAudioDeviceStatus(m_device) == SDL_AUDIO_STOPPED;
+    // No device found playing after the open: it failed before it was looked for (its first write, on a loaded
+    // machine), and is as lost as one that fails later.
+    return m_open && (m_device == 0 || SDL_GetAudioDeviceStatus(m_device) == SDL_AUDIO_STOPPED);
 }
 
 bool SdlAudio::open() {
