@@ -9,7 +9,7 @@ for p in clang libclang-rt-14-dev; do
     dpkg -s "$p" >/dev/null 2>&1 || { sudo=""; [ "$(id -u)" -ne 0 ] && sudo="sudo"; $sudo apt-get install -y -qq "$p"; }
 done
 CC=clang CXX=clang++ cmake -S . -B build-asan -DCMAKE_BUILD_TYPE=RelWithDebInfo -DBELLWICK_TESTS=ON \
-    -DBELLWICK_SANITIZE=ON -DBELLWICK_FUZZ=ON
+    -DBELLWICK_SANITIZE=ON -DBELLWICK_FUZZ=ON -DCMAKE_UNITY_BUILD=ON
 cmake --build build-asan -j"$(nproc)"
 
 export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1

@@ -3,7 +3,8 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install-deps.sh
-cmake -S . -B build-test -DCMAKE_BUILD_TYPE=Release -DBELLWICK_TESTS=ON
+# One translation unit for each few sources: a fresh build takes less than half the time.
+cmake -S . -B build-test -DCMAKE_BUILD_TYPE=Release -DBELLWICK_TESTS=ON -DCMAKE_UNITY_BUILD=ON
 cmake --build build-test -j"$(nproc)"
 cd build-test
 QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j"$(nproc)"

@@ -14,21 +14,21 @@
 using window_twips::place;
 
 namespace {
-QPointer<OverwriteQuestion>& current() {
+QPointer<OverwriteQuestion>& openQuestion() {
     static QPointer<OverwriteQuestion> form;
     return form;
 }
 } // namespace
 
 OverwriteQuestion* OverwriteQuestion::instance() {
-    return current();
+    return openQuestion();
 }
 
 OverwriteQuestion* OverwriteQuestion::askOverwrite(Context& ctx, const QString& origin, const QString& fileName) {
-    OverwriteQuestion* form = current();
+    OverwriteQuestion* form = openQuestion();
     if (!form) {
         form = new OverwriteQuestion(ctx);
-        current() = form;
+        openQuestion() = form;
     }
     form->m_front.open(ctx.front.claimant);
     window_twips::makeTopmost(form);
@@ -75,6 +75,6 @@ void OverwriteQuestion::onCancelClicked() {
 }
 
 void OverwriteQuestion::unloading() {
-    if (current() == this)
-        current() = nullptr;
+    if (openQuestion() == this)
+        openQuestion() = nullptr;
 }

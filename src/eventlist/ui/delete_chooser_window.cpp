@@ -15,7 +15,7 @@ using window_twips::place;
 
 namespace {
 
-QPointer<DeleteChooserWindow>& current() {
+QPointer<DeleteChooserWindow>& openChooser() {
     static QPointer<DeleteChooserWindow> form;
     return form;
 }
@@ -28,14 +28,14 @@ void unshadeTodayList(Context& ctx) {
 } // namespace
 
 DeleteChooserWindow* DeleteChooserWindow::instance() {
-    return current();
+    return openChooser();
 }
 
 void DeleteChooserWindow::chooseMessageToDelete(Context& ctx, int messageTotal, const QList<int>& doomedRows) {
-    DeleteChooserWindow* form = current();
+    DeleteChooserWindow* form = openChooser();
     if (!form) {
         form = new DeleteChooserWindow(ctx);
-        current() = form;
+        openChooser() = form;
     }
     if (!form->m_chooser.chooseMessageToDelete(ctx, messageTotal, doomedRows, form->m_message)) {
         form->close();
@@ -105,8 +105,8 @@ void DeleteChooserWindow::onCancelClicked() {
 
 void DeleteChooserWindow::closeEvent(QCloseEvent* event) {
     // Unloaded from here on: the next opening builds the window anew.
-    if (current() == this)
-        current() = nullptr;
+    if (openChooser() == this)
+        openChooser() = nullptr;
     unshadeTodayList(m_ctx);
     QWidget::closeEvent(event);
 }

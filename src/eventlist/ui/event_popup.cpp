@@ -10,20 +10,20 @@
 #include <QWidget>
 
 namespace {
-QPointer<EventPopup>& current() {
+QPointer<EventPopup>& openPopup() {
     static QPointer<EventPopup> form;
     return form;
 }
 } // namespace
 
 EventPopup* EventPopup::instance() {
-    return current();
+    return openPopup();
 }
 
 void EventPopup::popupAt(Context& ctx, QPoint globalPos, QWidget* eventList) {
-    if (!current())
-        current() = new EventPopup(ctx, eventList);
-    current()->menu->popup(globalPos);
+    if (!openPopup())
+        openPopup() = new EventPopup(ctx, eventList);
+    openPopup()->menu->popup(globalPos);
 }
 
 EventPopup::EventPopup(Context& ctx, QWidget* eventList) : QObject(eventList), m_ctx(ctx), m_eventList(eventList) {
