@@ -145,9 +145,7 @@ TEST_F(AddEntryTest, TodayRefusesAPassedTimeButAcceptsThePresentSecond) {
 
     enter("08", "30", "15", "PM");
     EXPECT_EQ(add(), "once 20:30:15");
-    EXPECT_TRUE(ctx.tick.haveAlarms);
-    EXPECT_TRUE(ctx.tick.on);
-    EXPECT_TRUE(ctx.tick.needNextAlarm);
+    EXPECT_EQ(std::tuple(ctx.tick.haveAlarms, ctx.tick.on, ctx.tick.needNextAlarm), std::tuple(true, true, true));
     EXPECT_EQ(notices.warnings.size(), 1);
 }
 
@@ -247,13 +245,11 @@ TEST_F(TimeInputTest, AnotherDaySwapsTheDateColoursAndTodayRestoresThem) {
     pickDate(ctx, QDate(2002, 4, 3), fore, back, label);
     EXPECT_EQ(ctx.entry.date, "2002/04/03");
     EXPECT_EQ(label.caption, "2002/04/03");
-    EXPECT_EQ(label.fore, back);
-    EXPECT_EQ(label.back, fore);
+    EXPECT_EQ(std::pair(label.fore, label.back), std::pair(back, fore));
 
     pickDate(ctx, QDate(2002, 5, 1), fore, back, label);
     EXPECT_EQ(label.caption, "2002/05/01");
-    EXPECT_EQ(label.fore, fore);
-    EXPECT_EQ(label.back, back);
+    EXPECT_EQ(std::pair(label.fore, label.back), std::pair(fore, back));
 
     // Past midnight the chosen day is no longer today.
     clock.set(2002, 5, 2, 0, 0, 1);
@@ -282,18 +278,14 @@ TEST_F(AlarmSetSettingsTest, LoadTakesPlaceSongAndSoundBoxesFromTheirRecords) {
                               settingBytes("[AllFont]", 0, 0, "TimesNewRoman"));
     AlarmSetLoadResult loaded;
     loadAlarmSetSettings(ctx, loaded);
-    EXPECT_TRUE(loaded.havePosition);
-    EXPECT_EQ(loaded.top, 1200);
-    EXPECT_EQ(loaded.left, 3000);
+    EXPECT_EQ(std::tuple(loaded.havePosition, loaded.top, loaded.left), std::tuple(true, 1200, 3000));
     EXPECT_EQ(ctx.soundChoice.songPath, path("rooster.wav"));
-    EXPECT_TRUE(ctx.settings.loaded);
-    EXPECT_FALSE(ctx.settings.boxes.soundOnBox);
-    EXPECT_FALSE(ctx.options.soundOn);
-    EXPECT_TRUE(ctx.options.errorPopups);
+    EXPECT_EQ(
+        std::tuple(ctx.settings.loaded, ctx.settings.boxes.soundOnBox, ctx.options.soundOn, ctx.options.errorPopups),
+        std::tuple(true, false, false, true));
 
     const ControlFont font = alarmSetControlFont(ctx);
-    EXPECT_EQ(font.family, "Times New Roman");
-    EXPECT_EQ(font.pointSize, 10);
+    EXPECT_EQ(std::pair(font.family, font.pointSize), std::pair(QStringLiteral("Times New Roman"), 10));
 }
 
 TEST_F(AlarmSetSettingsTest, UnwrittenPositionRecordClearsTheBufferNumbers) {
@@ -305,9 +297,8 @@ TEST_F(AlarmSetSettingsTest, UnwrittenPositionRecordClearsTheBufferNumbers) {
     EXPECT_FALSE(loaded.havePosition);
     EXPECT_EQ(ctx.recordBuffer.value1, 0);
     EXPECT_EQ(ctx.soundChoice.songPath, path("x.wav"));
-    const ControlFont font = alarmSetControlFont(ctx);
-    EXPECT_EQ(font.family, "Arial");
-    EXPECT_EQ(font.pointSize, 0); // Arial keeps the laid-out sizes
+    const ControlFont font = alarmSetControlFont(ctx); // Arial keeps the laid-out sizes
+    EXPECT_EQ(std::pair(font.family, font.pointSize), std::pair(QStringLiteral("Arial"), 0));
 }
 
 TEST_F(AlarmSetSettingsTest, ExitStoresThePlaceAndWantsTheWindowOnlyWithRowsLeft) {
@@ -394,9 +385,7 @@ TEST_F(DayListTest, DeleteTakesTheRowWithItsOnlyMessage) {
     deleteSelectedRow(ctx, links);
     EXPECT_EQ(ctx.today.alarms.items(), QStringList({"once 08:30:00", "once 09:00:00"}));
     EXPECT_EQ(ctx.today.messages.items(), QStringList({"Other at 09:00:00"}));
-    EXPECT_TRUE(ctx.tick.needNextAlarm);
-    EXPECT_TRUE(ctx.tick.haveAlarms);
-    EXPECT_EQ(ctx.tick.nextAlarm, "");
+    EXPECT_EQ(std::tuple(ctx.tick.needNextAlarm, ctx.tick.haveAlarms, ctx.tick.nextAlarm), std::tuple(true, true, ""));
     EXPECT_TRUE(calls.isEmpty());
 
     // No message of its time: only the row goes.
@@ -422,11 +411,9 @@ TEST_F(DayListTest, DeleteWithoutSelectionRemovesNothingButRetakesTheHead) {
     ctx.tick.nextPlayWord = "once";
     ctx.tick.needNextAlarm = false;
     deleteSelectedRow(ctx, links);
-    EXPECT_EQ(ctx.today.alarms.count(), 1);
-    EXPECT_EQ(ctx.today.messages.count(), 1);
-    EXPECT_TRUE(ctx.tick.needNextAlarm);
-    EXPECT_TRUE(ctx.tick.haveAlarms);
-    EXPECT_EQ(ctx.tick.nextPlayWord, "");
+    EXPECT_EQ(std::pair(ctx.today.alarms.count(), ctx.today.messages.count()), std::pair(1, 1));
+    EXPECT_EQ(std::tuple(ctx.tick.needNextAlarm, ctx.tick.haveAlarms, ctx.tick.nextPlayWord),
+              std::tuple(true, true, ""));
 }
 
 TEST_F(DayListTest, DoubleClickOpensTheMessagesOnlyWhenNothingIsInFront) {
@@ -453,9 +440,8 @@ TEST_F(DeleteChooserTest, BrowsingGoesRoundAndDeleteTakesTheMessageOnDisplay) {
     chooser.remove(ctx);
     EXPECT_EQ(ctx.today.messages.items(), QStringList({"Coffee at 10:00:00", "Other at 09:00:00"}));
     EXPECT_EQ(ctx.today.alarms.items(), QStringList({"once 09:00:00"}));
-    EXPECT_TRUE(ctx.tick.needNextAlarm);
-    EXPECT_TRUE(ctx.tick.haveAlarms);
-    EXPECT_TRUE(ctx.tick.nextAlarm.isEmpty() && ctx.tick.nextPlayWord.isEmpty());
+    EXPECT_EQ(std::tuple(ctx.tick.needNextAlarm, ctx.tick.haveAlarms, ctx.tick.nextAlarm, ctx.tick.nextPlayWord),
+              std::tuple(true, true, "", ""));
     EXPECT_EQ(notices.beeps, 0);
 }
 

@@ -10,7 +10,6 @@
 #include <QCalendarWidget>
 #include <QCheckBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QListView>
 #include <QMenu>
 #include <QMenuBar>
@@ -214,7 +213,7 @@ TEST_F(AlarmSetWindowTest, CtrlClickOnThePickedRowKeepsItPicked) {
     QTest::mouseClick(f->todayList->viewport(), Qt::LeftButton, Qt::NoModifier, second.center());
     ASSERT_EQ(ctx.today.alarms.currentIndex(), 1);
     QTest::mouseClick(f->todayList->viewport(), Qt::LeftButton, Qt::ControlModifier, second.center());
-    EXPECT_EQ(ctx.today.alarms.currentIndex(), 1);
-    EXPECT_TRUE(ctx.today.alarms.isSelected(1));
-    EXPECT_EQ(ctx.today.alarms.selectedCount(), 1);
+    EXPECT_EQ(
+        std::tuple(ctx.today.alarms.currentIndex(), ctx.today.alarms.isSelected(1), ctx.today.alarms.selectedCount()),
+        std::tuple(1, true, 1));
 }

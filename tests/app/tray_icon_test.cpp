@@ -120,12 +120,9 @@ TEST_F(StartupTest, FirstRunKeepsTheDefaultsAndLoadsNoWindow) {
     ctx.options.soundOn = false;
     bool clockShown = false;
     startUp(ctx, {[&] { clockShown = true; }});
-    EXPECT_TRUE(ctx.options.soundOn);
-    EXPECT_TRUE(ctx.options.errorPopups);
-    EXPECT_EQ(ctx.options.fontChoice, 0);
-    EXPECT_FALSE(ctx.alarmSetLoaded());
-    EXPECT_FALSE(ctx.settings.loaded);
-    EXPECT_FALSE(clockShown);
+    EXPECT_EQ(std::tuple(ctx.options.soundOn, ctx.options.errorPopups, ctx.options.fontChoice),
+              std::tuple(true, true, 0));
+    EXPECT_EQ(std::tuple(ctx.alarmSetLoaded(), ctx.settings.loaded, clockShown), std::tuple(false, false, false));
 }
 
 TEST_F(StartupTest, SavedSettingsLoadTheDayFileTheOptionsAndTheClock) {
@@ -135,12 +132,10 @@ TEST_F(StartupTest, SavedSettingsLoadTheDayFileTheOptionsAndTheClock) {
     settings_records::writeShowSmallClock(ctx.folder, true);
     bool clockShown = false;
     startUp(ctx, {[&] { clockShown = true; }});
-    EXPECT_TRUE(ctx.alarmSetLoaded());
     EXPECT_EQ(ctx.today.alarms.items(), QStringList({"once 09:00:00"}));
-    EXPECT_TRUE(ctx.settings.loaded);
-    EXPECT_FALSE(ctx.options.soundOn);
-    EXPECT_TRUE(ctx.options.noSecond);
-    EXPECT_TRUE(clockShown);
+    EXPECT_EQ(
+        std::tuple(ctx.alarmSetLoaded(), ctx.settings.loaded, ctx.options.soundOn, ctx.options.noSecond, clockShown),
+        std::tuple(true, true, false, true, true));
 }
 
 TEST_F(StartupTest, SettingsWithoutAFontRecordChooseTheThirdFont) {

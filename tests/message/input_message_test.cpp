@@ -6,8 +6,6 @@
 #include "message/ui/message_text_box.h"
 
 #include <QInputMethodEvent>
-#include <QLabel>
-#include <QMouseEvent>
 #include <QPushButton>
 #include <gtest/gtest.h>
 
@@ -179,11 +177,9 @@ TEST_F(InputMessageTest, FrontPlaceAndTextSizeThroughTheSettingsFile) {
     c.input = "x";
     form.save(c, 10.5);
     form.closing(true, 4740.4, 4944.6);
-    MessagePlacement placement = form.load();
-    EXPECT_TRUE(placement.hasLocation && placement.hasFontSize);
-    EXPECT_EQ(placement.top, 4740);
-    EXPECT_EQ(placement.left, 4945);
-    EXPECT_EQ(placement.fontSize, 10); // rounded half to even
+    const MessagePlacement p = form.load(); // the size rounded half to even
+    EXPECT_EQ(std::tuple(p.hasLocation, p.top, p.left, p.hasFontSize, p.fontSize),
+              std::tuple(true, 4740, 4945, true, 10));
 
     // A minimised window keeps no place.
     form.closing(false, 0, 0);

@@ -88,11 +88,9 @@ TEST_F(SettingsWindowTest, ClosingWritesRecordsFourAndEight) {
     EXPECT_TRUE(form.isNull());
     EXPECT_FALSE(ctx.settings.loaded);
 
-    const QByteArray file = readFile("tolm.ini");
-    ASSERT_EQ(file.size(), 8 * 55);
-    EXPECT_EQ(file.mid(3 * 55, 55), settingBytes("[Setting]", 1, 0, "ALAEOfDCWSOnUISPOfISOMOf"));
-    EXPECT_EQ(file.mid(7 * 55, 55), settingBytes("[AllFont]", 1, 0, "Arial"));
-    EXPECT_EQ(file.left(3 * 55), QByteArray(3 * 55, '\0'));
+    const QByteArray empty(3 * 55, '\0');
+    EXPECT_EQ(readFile("tolm.ini"), empty + settingBytes("[Setting]", 1, 0, "ALAEOfDCWSOnUISPOfISOMOf") + empty +
+                                        settingBytes("[AllFont]", 1, 0, "Arial"));
 }
 
 TEST_F(SettingsWindowTest, AWindowOpenedAgainKeepsShowingChanges) {
