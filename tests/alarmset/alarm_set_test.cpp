@@ -113,9 +113,7 @@ TEST_F(AddEntryTest, RefusesEmptyAndOutOfRangeFields) {
         add();
     }
     EXPECT_EQ(notices.warnings, QStringList(std::size(refused), "Invalid input"));
-    EXPECT_EQ(notices.beeps, 0);
-    EXPECT_TRUE(ctx.today.alarms.isEmpty());
-    EXPECT_FALSE(ctx.tick.on);
+    EXPECT_EQ(std::tuple(notices.beeps, ctx.today.alarms.isEmpty(), ctx.tick.on), std::tuple(0, true, false));
 
     enter("08", "59", "59", "PM");
     EXPECT_EQ(add(), "once 20:59:59");
@@ -127,9 +125,7 @@ TEST_F(AddEntryTest, NoSecondModeOverwritesTheSecondsBeforeAnyTest) {
     EXPECT_EQ(add(), "once 09:30:00");
     enter("09", "31", "77", "AM");
     EXPECT_EQ(add(), "once 09:31:00");
-    EXPECT_EQ(entry.secondBox, "00");
-    EXPECT_EQ(entry.secondIndex, 0);
-    EXPECT_TRUE(notices.warnings.isEmpty());
+    EXPECT_EQ(std::tuple(entry.secondBox, entry.secondIndex, notices.warnings), std::tuple("00", 0, QStringList()));
 }
 
 TEST_F(AddEntryTest, TodayRefusesAPassedTimeButAcceptsThePresentSecond) {
@@ -137,9 +133,7 @@ TEST_F(AddEntryTest, TodayRefusesAPassedTimeButAcceptsThePresentSecond) {
     enter("8", "30", "14", "PM");
     add();
     EXPECT_EQ(notices.warnings, QStringList({"Time was passed or next day"}));
-    EXPECT_EQ(notices.beeps, 1);
-    EXPECT_TRUE(ctx.today.alarms.isEmpty());
-    EXPECT_FALSE(ctx.tick.haveAlarms);
+    EXPECT_EQ(std::tuple(notices.beeps, ctx.today.alarms.isEmpty(), ctx.tick.haveAlarms), std::tuple(1, true, false));
     EXPECT_EQ(entry.hourBox, "08"); // padded texts stay
     EXPECT_EQ(ctx.newEvent.time, "20:30:14");
 
@@ -156,9 +150,8 @@ TEST_F(AddEntryTest, AnotherDayGoesToTheScheduleWhateverTheTime) {
         enter("01", "00", "00", "AM");
         add();
     }
-    EXPECT_TRUE(notices.warnings.isEmpty());
-    EXPECT_TRUE(ctx.today.alarms.isEmpty());
-    EXPECT_FALSE(ctx.tick.haveAlarms);
+    EXPECT_EQ(std::tuple(notices.warnings, ctx.today.alarms.isEmpty(), ctx.tick.haveAlarms),
+              std::tuple(QStringList(), true, false));
     EXPECT_EQ(readFile("future.dat"), "\"2002/04/30once01:00:00\"\r\n\"2002/05/02once01:00:00\"\r\n");
     EXPECT_EQ(ctx.eventList.rows.count(), 2);
     EXPECT_EQ(calls, QStringList({"eventlist", "eventlist"}));
@@ -341,8 +334,7 @@ TEST_F(DayListTest, ViewShowsMarksTwelveHourTimesAndUsesEachMessageOnce) {
     rows({"once 00:05:00", "twice 08:30:00", "thrice 08:30:00", "repeat 13:05:00", "often 14:00:00"},
          {"Tea\r\nand cake at 08:30:00", "Call Bob at 13:05:00", "Stand up at 08:30:00"});
     toggleMessageView(ctx, view);
-    EXPECT_TRUE(view.visible);
-    EXPECT_EQ(view.caption, "Hide Messages");
+    EXPECT_EQ(std::tuple(view.visible, view.caption), std::tuple(true, "Hide Messages"));
     EXPECT_EQ(view.text, "\r\n_12:05:00 AM"
                          "\r\n=08:30:00 AM  /  Tea\r\nand cake"
                          "\r\n#08:30:00 AM  /  Stand up"
@@ -353,15 +345,13 @@ TEST_F(DayListTest, ViewShowsMarksTwelveHourTimesAndUsesEachMessageOnce) {
     EXPECT_EQ(ctx.today.messages.count(), 3);
 
     toggleMessageView(ctx, view);
-    EXPECT_EQ(view.text, "");
-    EXPECT_EQ(view.caption, "View Messages");
+    EXPECT_EQ(std::tuple(view.text, view.caption), std::tuple("", "View Messages"));
 }
 
 TEST_F(DayListTest, ViewStaysHiddenWithoutTodayRowsAndTwoRowsShareOneMessage) {
     rows({}, {"Tea at 08:30:00"});
     toggleMessageView(ctx, view);
-    EXPECT_FALSE(view.visible);
-    EXPECT_EQ(view.caption, "View Messages");
+    EXPECT_EQ(std::tuple(view.visible, view.caption), std::tuple(false, "View Messages"));
     EXPECT_TRUE(ctx.today.shadowMessages.isEmpty());
 
     rows({"once 08:30:00", "once 08:30:00"}, {});

@@ -79,15 +79,12 @@ TEST_F(TrayIconTest, WhileAnErrorBoxIsUpLeftClickAndMenuEntriesTriggeredFromOuts
     actions.at(7)->trigger(); // Stop
     actions.at(9)->trigger(); // Disable
     actions.at(6)->trigger(); // Help, whose file is missing
-    EXPECT_EQ(stops, 0);
-    EXPECT_TRUE(ctx.soundChoice.repeatSweep);
-    EXPECT_FALSE(tray.disabled());
-    EXPECT_TRUE(tray.timer().isActive());
-    EXPECT_TRUE(notices.warnings.isEmpty());
+    EXPECT_EQ(
+        std::tuple(stops, ctx.soundChoice.repeatSweep, tray.disabled(), tray.timer().isActive(), notices.warnings),
+        std::tuple(0, true, false, true, QStringList()));
     ctx.front.trayEnabled = true;
     tray.trayMessage(514);
-    EXPECT_EQ(stops, 1);
-    EXPECT_FALSE(ctx.soundChoice.repeatSweep);
+    EXPECT_EQ(std::pair(stops, ctx.soundChoice.repeatSweep), std::pair(1, false));
     actions.at(7)->trigger();
     EXPECT_EQ(stops, 2);
 }
@@ -96,9 +93,8 @@ TEST_F(TrayIconTest, DisableStopsTheTickAndKeepsTheRepeatFlag) {
     ctx.soundChoice.repeatSweep = true;
     QAction* disable = tray.menu()->actions().at(9);
     disable->trigger();
-    EXPECT_TRUE(tray.disabled());
-    EXPECT_FALSE(tray.timer().isActive());
-    EXPECT_TRUE(ctx.soundChoice.repeatSweep);
+    EXPECT_EQ(std::tuple(tray.disabled(), tray.timer().isActive(), ctx.soundChoice.repeatSweep),
+              std::tuple(true, false, true));
     // An error box closing while disabled leaves the tick stopped.
     ctx.setTickTimerEnabled(false);
     ctx.setTickTimerEnabled(true);

@@ -206,13 +206,10 @@ TEST(DesktopClock, ReleaseAboveTheTopRollsUpAndAMoveOrTheTrayBringsItBack) {
         if (r.dpi == 96) {
             // The tray brings it back but leaves the flag, which the next move above the edge clears.
             f.showFromTray();
-            EXPECT_TRUE(f.isVisible());
-            EXPECT_EQ(f.topTwips(), 0);
-            EXPECT_TRUE(f.rolledUp());
+            EXPECT_EQ(std::tuple(f.isVisible(), f.topTwips(), f.rolledUp()), std::tuple(true, 0.0f, true));
             f.move(f.pos().x(), -2);
             send(f.timeLabel, QEvent::MouseMove, Qt::NoButton, {20, 10});
-            EXPECT_EQ(f.topTwips(), 0);
-            EXPECT_FALSE(f.rolledUp());
+            EXPECT_EQ(std::pair(f.topTwips(), f.rolledUp()), std::pair(0.0f, false));
         } else if (r.dpi == 144) {
             f.close(); // closed while rolled up: no place is stored
             processDeletes();

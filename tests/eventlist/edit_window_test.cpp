@@ -73,9 +73,8 @@ TEST_F(EditWindowTest, PopupEditOpensTheRowAndCancelStoresThePlaceAndGivesTheLis
 
     EditEventWindow* form = EditEventWindow::instance();
     ASSERT_NE(form, nullptr);
-    EXPECT_EQ(form->dateEdit->text(), "2002/05/03");
-    EXPECT_EQ(form->playCountBox->currentText(), "twice");
-    EXPECT_EQ(form->input->toPlainText(), "Two\nlines");
+    EXPECT_EQ(QStringList({form->dateEdit->text(), form->playCountBox->currentText(), form->input->toPlainText()}),
+              QStringList({"2002/05/03", "twice", "Two\nlines"}));
     EXPECT_LT(eventList.height(), 114);
 
     // The calendar widens the window and a second press on the label narrows it again.
