@@ -75,7 +75,6 @@ struct FileSizeLimit {
     }
 };
 
-// Types each character as a key press and release carrying that text.
 inline void typeText(QWidget* target, const QString& text) {
     for (const QChar c : text) {
         QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, QString(c));
@@ -92,7 +91,6 @@ struct RecordedErrorList : ErrorList {
     void showList() override { shown = true; }
 };
 
-// Keeps what the engine said to the user, for the test to look at.
 struct RecordingNotices : Notices {
     QStringList warnings;
     QStringList alarmWindows;
@@ -113,11 +111,9 @@ struct RecordingNotices : Notices {
     }
     ErrorList& sharedErrorList() override { return shared; }
     void beep() override { ++beeps; }
-    QStringList modalBoxes;
-    void systemModalBox(const QString& text) override { modalBoxes.append(text); }
+    void systemModalBox(const QString&) override {}
 };
 
-// Keeps what was asked to sound.
 struct RecordingSound : AlarmSound {
     QStringList played; // "word|file"
     QStringList waves;  // playWaveFile names

@@ -48,7 +48,6 @@ struct ServedEngine {
         return send(words.split(' '), message);
     }
     QJsonArray events() { return send(QStringList{"list"}).value("events").toArray(); }
-    // The listed events as the command line prints them.
     QStringList listed() {
         QStringList lines;
         for (const QJsonValue& e : events())

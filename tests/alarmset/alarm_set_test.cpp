@@ -113,9 +113,7 @@ TEST_F(AddEntryTest, RefusesEmptyAndOutOfRangeFields) {
         add();
     }
     EXPECT_EQ(notices.warnings, QStringList(std::size(refused), "Invalid input"));
-    EXPECT_EQ(notices.beeps, 0);
-    EXPECT_TRUE(ctx.today.alarms.isEmpty());
-    EXPECT_FALSE(ctx.tick.on);
+    EXPECT_EQ(std::tuple(notices.beeps, ctx.today.alarms.isEmpty(), ctx.tick.on), std::tuple(0, true, false));
 
     enter("08", "59", "59", "PM");
     EXPECT_EQ(add(), "once 20:59:59");
@@ -127,9 +125,7 @@ TEST_F(AddEntryTest, NoSecondModeOverwritesTheSecondsBeforeAnyTest) {
     EXPECT_EQ(add(), "once 09:30:00");
     enter("09", "31", "77", "AM");
     EXPECT_EQ(add(), "once 09:31:00");
-    EXPECT_EQ(entry.secondBox, "00");
-    EXPECT_EQ(entry.secondIndex, 0);
-    EXPECT_TRUE(notices.warnings.isEmpty());
+    EXPECT_EQ(std::tuple(entry.secondBox, entry.secondIndex, notices.warnings), std::tuple("00", 0, QStringList()));
 }
 
 TEST_F(AddEntryTest, TodayRefusesAPassedTimeButAcceptsThePresentSecond) {
@@ -137,17 +133,13 @@ TEST_F(AddEntryTest, TodayRefusesAPassedTimeButAcceptsThePresentSecond) {
     enter("8", "30", "14", "PM");
     add();
     EXPECT_EQ(notices.warnings, QStringList({"Time was passed or next day"}));
-    EXPECT_EQ(notices.beeps, 1);
-    EXPECT_TRUE(ctx.today.alarms.isEmpty());
-    EXPECT_FALSE(ctx.tick.haveAlarms);
+    EXPECT_EQ(std::tuple(notices.beeps, ctx.today.alarms.isEmpty(), ctx.tick.haveAlarms), std::tuple(1, true, false));
     EXPECT_EQ(entry.hourBox, "08"); // padded texts stay
     EXPECT_EQ(ctx.newEvent.time, "20:30:14");
 
     enter("08", "30", "15", "PM");
     EXPECT_EQ(add(), "once 20:30:15");
-    EXPECT_TRUE(ctx.tick.haveAlarms);
-    EXPECT_TRUE(ctx.tick.on);
-    EXPECT_TRUE(ctx.tick.needNextAlarm);
+    EXPECT_EQ(std::tuple(ctx.tick.haveAlarms, ctx.tick.on, ctx.tick.needNextAlarm), std::tuple(true, true, true));
     EXPECT_EQ(notices.warnings.size(), 1);
 }
 
@@ -158,9 +150,8 @@ TEST_F(AddEntryTest, AnotherDayGoesToTheScheduleWhateverTheTime) {
         enter("01", "00", "00", "AM");
         add();
     }
-    EXPECT_TRUE(notices.warnings.isEmpty());
-    EXPECT_TRUE(ctx.today.alarms.isEmpty());
-    EXPECT_FALSE(ctx.tick.haveAlarms);
+    EXPECT_EQ(std::tuple(notices.warnings, ctx.today.alarms.isEmpty(), ctx.tick.haveAlarms),
+              std::tuple(QStringList(), true, false));
     EXPECT_EQ(readFile("future.dat"), "\"2002/04/30once01:00:00\"\r\n\"2002/05/02once01:00:00\"\r\n");
     EXPECT_EQ(ctx.eventList.rows.count(), 2);
     EXPECT_EQ(calls, QStringList({"eventlist", "eventlist"}));
@@ -247,13 +238,11 @@ TEST_F(TimeInputTest, AnotherDaySwapsTheDateColoursAndTodayRestoresThem) {
     pickDate(ctx, QDate(2002, 4, 3), fore, back, label);
     EXPECT_EQ(ctx.entry.date, "2002/04/03");
     EXPECT_EQ(label.caption, "2002/04/03");
-    EXPECT_EQ(label.fore, back);
-    EXPECT_EQ(label.back, fore);
+    EXPECT_EQ(std::pair(label.fore, label.back), std::pair(back, fore));
 
     pickDate(ctx, QDate(2002, 5, 1), fore, back, label);
     EXPECT_EQ(label.caption, "2002/05/01");
-    EXPECT_EQ(label.fore, fore);
-    EXPECT_EQ(label.back, back);
+    EXPECT_EQ(std::pair(label.fore, label.back), std::pair(fore, back));
 
     // Past midnight the chosen day is no longer today.
     clock.set(2002, 5, 2, 0, 0, 1);
@@ -282,18 +271,14 @@ TEST_F(AlarmSetSettingsTest, LoadTakesPlaceSongAndSoundBoxesFromTheirRecords) {
                               settingBytes("[AllFont]", 0, 0, "TimesNewRoman"));
     AlarmSetLoadResult loaded;
     loadAlarmSetSettings(ctx, loaded);
-    EXPECT_TRUE(loaded.havePosition);
-    EXPECT_EQ(loaded.top, 1200);
-    EXPECT_EQ(loaded.left, 3000);
+    EXPECT_EQ(std::tuple(loaded.havePosition, loaded.top, loaded.left), std::tuple(true, 1200, 3000));
     EXPECT_EQ(ctx.soundChoice.songPath, path("rooster.wav"));
-    EXPECT_TRUE(ctx.settings.loaded);
-    EXPECT_FALSE(ctx.settings.boxes.soundOnBox);
-    EXPECT_FALSE(ctx.options.soundOn);
-    EXPECT_TRUE(ctx.options.errorPopups);
+    EXPECT_EQ(
+        std::tuple(ctx.settings.loaded, ctx.settings.boxes.soundOnBox, ctx.options.soundOn, ctx.options.errorPopups),
+        std::tuple(true, false, false, true));
 
     const ControlFont font = alarmSetControlFont(ctx);
-    EXPECT_EQ(font.family, "Times New Roman");
-    EXPECT_EQ(font.pointSize, 10);
+    EXPECT_EQ(std::pair(font.family, font.pointSize), std::pair(QStringLiteral("Times New Roman"), 10));
 }
 
 TEST_F(AlarmSetSettingsTest, UnwrittenPositionRecordClearsTheBufferNumbers) {
@@ -305,9 +290,8 @@ TEST_F(AlarmSetSettingsTest, UnwrittenPositionRecordClearsTheBufferNumbers) {
     EXPECT_FALSE(loaded.havePosition);
     EXPECT_EQ(ctx.recordBuffer.value1, 0);
     EXPECT_EQ(ctx.soundChoice.songPath, path("x.wav"));
-    const ControlFont font = alarmSetControlFont(ctx);
-    EXPECT_EQ(font.family, "Arial");
-    EXPECT_EQ(font.pointSize, 0); // Arial keeps the laid-out sizes
+    const ControlFont font = alarmSetControlFont(ctx); // Arial keeps the laid-out sizes
+    EXPECT_EQ(std::pair(font.family, font.pointSize), std::pair(QStringLiteral("Arial"), 0));
 }
 
 TEST_F(AlarmSetSettingsTest, ExitStoresThePlaceAndWantsTheWindowOnlyWithRowsLeft) {
@@ -350,8 +334,7 @@ TEST_F(DayListTest, ViewShowsMarksTwelveHourTimesAndUsesEachMessageOnce) {
     rows({"once 00:05:00", "twice 08:30:00", "thrice 08:30:00", "repeat 13:05:00", "often 14:00:00"},
          {"Tea\r\nand cake at 08:30:00", "Call Bob at 13:05:00", "Stand up at 08:30:00"});
     toggleMessageView(ctx, view);
-    EXPECT_TRUE(view.visible);
-    EXPECT_EQ(view.caption, "Hide Messages");
+    EXPECT_EQ(std::tuple(view.visible, view.caption), std::tuple(true, "Hide Messages"));
     EXPECT_EQ(view.text, "\r\n_12:05:00 AM"
                          "\r\n=08:30:00 AM  /  Tea\r\nand cake"
                          "\r\n#08:30:00 AM  /  Stand up"
@@ -362,15 +345,13 @@ TEST_F(DayListTest, ViewShowsMarksTwelveHourTimesAndUsesEachMessageOnce) {
     EXPECT_EQ(ctx.today.messages.count(), 3);
 
     toggleMessageView(ctx, view);
-    EXPECT_EQ(view.text, "");
-    EXPECT_EQ(view.caption, "View Messages");
+    EXPECT_EQ(std::tuple(view.text, view.caption), std::tuple("", "View Messages"));
 }
 
 TEST_F(DayListTest, ViewStaysHiddenWithoutTodayRowsAndTwoRowsShareOneMessage) {
     rows({}, {"Tea at 08:30:00"});
     toggleMessageView(ctx, view);
-    EXPECT_FALSE(view.visible);
-    EXPECT_EQ(view.caption, "View Messages");
+    EXPECT_EQ(std::tuple(view.visible, view.caption), std::tuple(false, "View Messages"));
     EXPECT_TRUE(ctx.today.shadowMessages.isEmpty());
 
     rows({"once 08:30:00", "once 08:30:00"}, {});
@@ -394,9 +375,7 @@ TEST_F(DayListTest, DeleteTakesTheRowWithItsOnlyMessage) {
     deleteSelectedRow(ctx, links);
     EXPECT_EQ(ctx.today.alarms.items(), QStringList({"once 08:30:00", "once 09:00:00"}));
     EXPECT_EQ(ctx.today.messages.items(), QStringList({"Other at 09:00:00"}));
-    EXPECT_TRUE(ctx.tick.needNextAlarm);
-    EXPECT_TRUE(ctx.tick.haveAlarms);
-    EXPECT_EQ(ctx.tick.nextAlarm, "");
+    EXPECT_EQ(std::tuple(ctx.tick.needNextAlarm, ctx.tick.haveAlarms, ctx.tick.nextAlarm), std::tuple(true, true, ""));
     EXPECT_TRUE(calls.isEmpty());
 
     // No message of its time: only the row goes.
@@ -422,11 +401,9 @@ TEST_F(DayListTest, DeleteWithoutSelectionRemovesNothingButRetakesTheHead) {
     ctx.tick.nextPlayWord = "once";
     ctx.tick.needNextAlarm = false;
     deleteSelectedRow(ctx, links);
-    EXPECT_EQ(ctx.today.alarms.count(), 1);
-    EXPECT_EQ(ctx.today.messages.count(), 1);
-    EXPECT_TRUE(ctx.tick.needNextAlarm);
-    EXPECT_TRUE(ctx.tick.haveAlarms);
-    EXPECT_EQ(ctx.tick.nextPlayWord, "");
+    EXPECT_EQ(std::pair(ctx.today.alarms.count(), ctx.today.messages.count()), std::pair(1, 1));
+    EXPECT_EQ(std::tuple(ctx.tick.needNextAlarm, ctx.tick.haveAlarms, ctx.tick.nextPlayWord),
+              std::tuple(true, true, ""));
 }
 
 TEST_F(DayListTest, DoubleClickOpensTheMessagesOnlyWhenNothingIsInFront) {
@@ -453,9 +430,8 @@ TEST_F(DeleteChooserTest, BrowsingGoesRoundAndDeleteTakesTheMessageOnDisplay) {
     chooser.remove(ctx);
     EXPECT_EQ(ctx.today.messages.items(), QStringList({"Coffee at 10:00:00", "Other at 09:00:00"}));
     EXPECT_EQ(ctx.today.alarms.items(), QStringList({"once 09:00:00"}));
-    EXPECT_TRUE(ctx.tick.needNextAlarm);
-    EXPECT_TRUE(ctx.tick.haveAlarms);
-    EXPECT_TRUE(ctx.tick.nextAlarm.isEmpty() && ctx.tick.nextPlayWord.isEmpty());
+    EXPECT_EQ(std::tuple(ctx.tick.needNextAlarm, ctx.tick.haveAlarms, ctx.tick.nextAlarm, ctx.tick.nextPlayWord),
+              std::tuple(true, true, "", ""));
     EXPECT_EQ(notices.beeps, 0);
 }
 

@@ -10,7 +10,6 @@
 #include <QCalendarWidget>
 #include <QCheckBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QListView>
 #include <QMenu>
 #include <QMenuBar>
@@ -44,8 +43,7 @@ TEST_F(AlarmSetWindowTest, TypedEntryAndTheAddButtonPutTheRowInTheList) {
     EXPECT_EQ(notices.beeps, 1); // the letter
     f->addButton->click();
     EXPECT_EQ(ctx.today.alarms.items(), QStringList({"once 20:30:05"}));
-    EXPECT_EQ(f->hourBox->currentText(), "08");
-    EXPECT_EQ(f->secondBox->currentText(), "05");
+    EXPECT_EQ(QStringList({f->hourBox->currentText(), f->secondBox->currentText()}), QStringList({"08", "05"}));
     EXPECT_EQ(f->todayList->model()->rowCount(), 1);
     EXPECT_TRUE(f->todayList->selectionModel()->isRowSelected(0, QModelIndex()));
 
@@ -65,16 +63,13 @@ TEST_F(AlarmSetWindowTest, CloseBoxHidesAndExitStoresThePlace) {
     ctx.tick.alarmSetWanted = true;
     ctx.newEvent.time = "20:30:00";
     f->close();
-    EXPECT_FALSE(f->isVisible());
-    EXPECT_TRUE(ctx.tick.alarmSetWanted);
-    EXPECT_EQ(ctx.newEvent.time, "");
+    EXPECT_EQ(std::tuple(f->isVisible(), ctx.tick.alarmSetWanted, ctx.newEvent.time), std::tuple(false, true, ""));
     EXPECT_FALSE(QFile::exists(path("tolm.ini")));
 
     host.showAlarmSet();
     EXPECT_TRUE(f->isVisible());
     f->exitButton->click();
-    EXPECT_FALSE(f->isVisible());
-    EXPECT_FALSE(ctx.tick.alarmSetWanted);
+    EXPECT_EQ(std::pair(f->isVisible(), ctx.tick.alarmSetWanted), std::pair(false, false));
     EXPECT_EQ(readFile("tolm.ini").left(14), "[TimeInputLoc]");
 }
 
@@ -87,8 +82,7 @@ TEST_F(AlarmSetWindowTest, WithoutATrayTheWindowOpensCarriesTheTrayMenuAndOnlyMi
     for (auto close : {+[](AlarmSetWindow* w) { w->close(); }, +[](AlarmSetWindow* w) { w->exitButton->click(); }}) {
         f->showNormal();
         close(f);
-        EXPECT_TRUE(f->isVisible());
-        EXPECT_TRUE(f->isMinimized());
+        EXPECT_EQ(std::pair(f->isVisible(), f->isMinimized()), std::pair(true, true));
     }
 
     // A tray that comes back takes the menu home, and closing hides again.
@@ -114,9 +108,8 @@ TEST_F(AlarmSetWindowTest, MessageViewAndComingListToggle) {
     ctx.today.alarms.addItem("once 21:00:00");
     ctx.today.messages.addItem("Call home at 21:00:00");
     f->viewMessagesButton->click();
-    EXPECT_TRUE(f->messageView->isVisible());
-    EXPECT_EQ(f->messageView->toPlainText(), "\n_09:00:00 PM  /  Call home");
-    EXPECT_EQ(f->viewMessagesButton->text(), "Hide Messages");
+    EXPECT_EQ(std::tuple(f->messageView->isVisible(), f->messageView->toPlainText(), f->viewMessagesButton->text()),
+              std::tuple(true, "\n_09:00:00 PM  /  Call home", "Hide Messages"));
     f->viewMessagesButton->click();
     EXPECT_FALSE(f->messageView->isVisible());
     // A long message wraps inside the view rather than running off its right edge.
@@ -197,13 +190,11 @@ TEST_F(AlarmSetWindowTest, ChoosingAnIntervalEnablesEveryAndTickingItLocksTheInt
     emit f->chimeIntervalBox->activated(6);
     EXPECT_TRUE(f->chimeBox->isEnabled());
     f->chimeBox->click();
-    EXPECT_TRUE(ctx.chime.on);
-    EXPECT_EQ(ctx.chime.interval, 15);
-    EXPECT_FALSE(f->chimeIntervalBox->isEnabled());
+    EXPECT_EQ(std::tuple(ctx.chime.on, ctx.chime.interval, f->chimeIntervalBox->isEnabled()),
+              std::tuple(true, 15, false));
     f->chimeBox->click();
-    EXPECT_FALSE(ctx.chime.on);
-    EXPECT_TRUE(ctx.tick.on); // unchecking leaves the tick as it was
-    EXPECT_TRUE(f->chimeIntervalBox->isEnabled());
+    // Unchecking leaves the tick as it was.
+    EXPECT_EQ(std::tuple(ctx.chime.on, ctx.tick.on, f->chimeIntervalBox->isEnabled()), std::tuple(false, true, true));
 }
 
 TEST_F(AlarmSetWindowTest, CtrlClickOnThePickedRowKeepsItPicked) {
@@ -214,7 +205,7 @@ TEST_F(AlarmSetWindowTest, CtrlClickOnThePickedRowKeepsItPicked) {
     QTest::mouseClick(f->todayList->viewport(), Qt::LeftButton, Qt::NoModifier, second.center());
     ASSERT_EQ(ctx.today.alarms.currentIndex(), 1);
     QTest::mouseClick(f->todayList->viewport(), Qt::LeftButton, Qt::ControlModifier, second.center());
-    EXPECT_EQ(ctx.today.alarms.currentIndex(), 1);
-    EXPECT_TRUE(ctx.today.alarms.isSelected(1));
-    EXPECT_EQ(ctx.today.alarms.selectedCount(), 1);
+    EXPECT_EQ(
+        std::tuple(ctx.today.alarms.currentIndex(), ctx.today.alarms.isSelected(1), ctx.today.alarms.selectedCount()),
+        std::tuple(1, true, 1));
 }

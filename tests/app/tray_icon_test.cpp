@@ -79,15 +79,12 @@ TEST_F(TrayIconTest, WhileAnErrorBoxIsUpLeftClickAndMenuEntriesTriggeredFromOuts
     actions.at(7)->trigger(); // Stop
     actions.at(9)->trigger(); // Disable
     actions.at(6)->trigger(); // Help, whose file is missing
-    EXPECT_EQ(stops, 0);
-    EXPECT_TRUE(ctx.soundChoice.repeatSweep);
-    EXPECT_FALSE(tray.disabled());
-    EXPECT_TRUE(tray.timer().isActive());
-    EXPECT_TRUE(notices.warnings.isEmpty());
+    EXPECT_EQ(
+        std::tuple(stops, ctx.soundChoice.repeatSweep, tray.disabled(), tray.timer().isActive(), notices.warnings),
+        std::tuple(0, true, false, true, QStringList()));
     ctx.front.trayEnabled = true;
     tray.trayMessage(514);
-    EXPECT_EQ(stops, 1);
-    EXPECT_FALSE(ctx.soundChoice.repeatSweep);
+    EXPECT_EQ(std::pair(stops, ctx.soundChoice.repeatSweep), std::pair(1, false));
     actions.at(7)->trigger();
     EXPECT_EQ(stops, 2);
 }
@@ -96,9 +93,8 @@ TEST_F(TrayIconTest, DisableStopsTheTickAndKeepsTheRepeatFlag) {
     ctx.soundChoice.repeatSweep = true;
     QAction* disable = tray.menu()->actions().at(9);
     disable->trigger();
-    EXPECT_TRUE(tray.disabled());
-    EXPECT_FALSE(tray.timer().isActive());
-    EXPECT_TRUE(ctx.soundChoice.repeatSweep);
+    EXPECT_EQ(std::tuple(tray.disabled(), tray.timer().isActive(), ctx.soundChoice.repeatSweep),
+              std::tuple(true, false, true));
     // An error box closing while disabled leaves the tick stopped.
     ctx.setTickTimerEnabled(false);
     ctx.setTickTimerEnabled(true);
@@ -120,12 +116,9 @@ TEST_F(StartupTest, FirstRunKeepsTheDefaultsAndLoadsNoWindow) {
     ctx.options.soundOn = false;
     bool clockShown = false;
     startUp(ctx, {[&] { clockShown = true; }});
-    EXPECT_TRUE(ctx.options.soundOn);
-    EXPECT_TRUE(ctx.options.errorPopups);
-    EXPECT_EQ(ctx.options.fontChoice, 0);
-    EXPECT_FALSE(ctx.alarmSetLoaded());
-    EXPECT_FALSE(ctx.settings.loaded);
-    EXPECT_FALSE(clockShown);
+    EXPECT_EQ(std::tuple(ctx.options.soundOn, ctx.options.errorPopups, ctx.options.fontChoice),
+              std::tuple(true, true, 0));
+    EXPECT_EQ(std::tuple(ctx.alarmSetLoaded(), ctx.settings.loaded, clockShown), std::tuple(false, false, false));
 }
 
 TEST_F(StartupTest, SavedSettingsLoadTheDayFileTheOptionsAndTheClock) {
@@ -135,12 +128,10 @@ TEST_F(StartupTest, SavedSettingsLoadTheDayFileTheOptionsAndTheClock) {
     settings_records::writeShowSmallClock(ctx.folder, true);
     bool clockShown = false;
     startUp(ctx, {[&] { clockShown = true; }});
-    EXPECT_TRUE(ctx.alarmSetLoaded());
     EXPECT_EQ(ctx.today.alarms.items(), QStringList({"once 09:00:00"}));
-    EXPECT_TRUE(ctx.settings.loaded);
-    EXPECT_FALSE(ctx.options.soundOn);
-    EXPECT_TRUE(ctx.options.noSecond);
-    EXPECT_TRUE(clockShown);
+    EXPECT_EQ(
+        std::tuple(ctx.alarmSetLoaded(), ctx.settings.loaded, ctx.options.soundOn, ctx.options.noSecond, clockShown),
+        std::tuple(true, true, false, true, true));
 }
 
 TEST_F(StartupTest, SettingsWithoutAFontRecordChooseTheThirdFont) {

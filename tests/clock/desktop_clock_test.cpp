@@ -91,8 +91,7 @@ TEST(DesktopClock, LoadStartsAtTheTopWithDefaultsOrTakesItsRecords) {
     rig.writeRecord(10, QStringLiteral("[EnabledSecond]"), 0);
     rig.writeRecord(11, QStringLiteral("[FontSizeOfClock]"), 10);
     DesktopClock& g = rig.load();
-    EXPECT_EQ(g.topTwips(), 600);
-    EXPECT_EQ(g.leftTwips(), 1200);
+    EXPECT_EQ(QPointF(g.leftTwips(), g.topTwips()), QPointF(1200, 600));
     EXPECT_FALSE(g.hour24());
     EXPECT_EQ(g.timeLabel->y(), 3); // 12 twips, and two pixels down at 96
     EXPECT_EQ(rig.textAtSevenPastThree(), QStringLiteral("03 : 07  PM"));
@@ -112,9 +111,8 @@ TEST(DesktopClock, TheFaceKeepsItsPixelsAtEveryDensity) {
     for (const auto [dpi, labelX] : {std::pair{96, 10}, std::pair{120, 10}, std::pair{144, 12}}) {
         ClockRig rig(dpi);
         DesktopClock& f = rig.load();
-        EXPECT_EQ(f.timeLabel->x(), labelX) << dpi;
-        EXPECT_EQ(f.timeLabel->width(), 131) << dpi;
-        EXPECT_EQ(f.closeEnd->x(), 140) << dpi;
+        EXPECT_EQ(std::tuple(f.timeLabel->x(), f.timeLabel->width(), f.closeEnd->x()), std::tuple(labelX, 131, 140))
+            << dpi;
     }
 }
 
@@ -125,9 +123,7 @@ TEST(DesktopClock, MenuTogglesAndSizesAreStoredAtOnce) {
     f.secondsAction->trigger();
     f.showAtStartAction->trigger();
     EXPECT_TRUE(f.hour24());
-    EXPECT_EQ(rig.stored(9), 1);
-    EXPECT_EQ(rig.stored(10), 0);
-    EXPECT_EQ(rig.stored(13), 1);
+    EXPECT_EQ(std::tuple(rig.stored(9), rig.stored(10), rig.stored(13)), std::tuple(1, 0, 1));
     EXPECT_EQ(rig.textAtSevenPastThree(), QStringLiteral("15 : 07"));
     f.hour24Action->trigger();
     EXPECT_EQ(rig.stored(9), 0);
@@ -210,13 +206,10 @@ TEST(DesktopClock, ReleaseAboveTheTopRollsUpAndAMoveOrTheTrayBringsItBack) {
         if (r.dpi == 96) {
             // The tray brings it back but leaves the flag, which the next move above the edge clears.
             f.showFromTray();
-            EXPECT_TRUE(f.isVisible());
-            EXPECT_EQ(f.topTwips(), 0);
-            EXPECT_TRUE(f.rolledUp());
+            EXPECT_EQ(std::tuple(f.isVisible(), f.topTwips(), f.rolledUp()), std::tuple(true, 0.0f, true));
             f.move(f.pos().x(), -2);
             send(f.timeLabel, QEvent::MouseMove, Qt::NoButton, {20, 10});
-            EXPECT_EQ(f.topTwips(), 0);
-            EXPECT_FALSE(f.rolledUp());
+            EXPECT_EQ(std::pair(f.topTwips(), f.rolledUp()), std::pair(0.0f, false));
         } else if (r.dpi == 144) {
             f.close(); // closed while rolled up: no place is stored
             processDeletes();

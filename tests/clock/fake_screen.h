@@ -47,6 +47,7 @@ struct FakeScreen : ScreenServices {
 struct FakeDockWindow : DockWindow {
     struct Call {
         int32_t insertAfter, x, y, cx, cy;
+        bool operator==(const Call&) const = default;
     };
     const ScreenServices& screen;
     float left = 0, top = 0, width = 3000, height = 1020;

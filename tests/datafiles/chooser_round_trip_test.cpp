@@ -67,9 +67,8 @@ TEST_F(ChooserRoundTripTest, SavedDayLoadsBackOnAnotherDayAndOverwriteTakesTheLi
     ASSERT_TRUE(confirmChoice(ctx, ChooserMode::Load, box, fileList, actions));
     // Loaded twice, typed and chosen; the row already gone by on this day stays out.
     EXPECT_EQ(ctx.today.alarms.items(), QStringList({"twice 22:00:00", "twice 22:00:00"}));
-    EXPECT_TRUE(ctx.today.messages.isEmpty());
-    EXPECT_TRUE(ctx.tick.haveAlarms);
-    EXPECT_TRUE(notices.warnings.isEmpty());
+    EXPECT_EQ(std::tuple(ctx.today.messages.isEmpty(), ctx.tick.haveAlarms, notices.warnings),
+              std::tuple(true, true, QStringList()));
 
     // A typed name gets no extension on loading.
     box = "routine";

@@ -30,9 +30,7 @@ TEST_F(DataFileTest, LoadMergesComingRowsAndDropsPassedOnesSilently) {
 }
 
 TEST_F(DataFileTest, BadRecordsAreNumberedByPositionInEachFileAndTheEighthStops) {
-    QByteArray seven;
-    for (int i = 0; i < 7; ++i)
-        seven += quotedRecord("nonsense");
+    const QByteArray seven = quotedRecord("nonsense").repeated(7);
     writeFile("seven.dat", seven + quotedRecord("once 13:00:00"));
     writeFile("one.dat", quotedRecord("nonsense") + quotedRecord("twice 14:00:00"));
     writeFile("bad.dat", quotedRecord("once 15:00:00") + quotedRecord("twice 15:01:00") +

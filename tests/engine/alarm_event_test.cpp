@@ -52,15 +52,10 @@ TEST(EventChecker, RowChecks) {
 
 TEST(EventChecker, ChimeMarks) {
     EventChecker checker;
-    int16_t next = 45;
-    checker.nextChimeMark(15, next);
-    EXPECT_EQ(next, 0);
-    next = 23;
-    checker.nextChimeMark(60, next);
-    EXPECT_EQ(next, 0);
-    next = 58;
-    checker.nextChimeMark(1, next);
-    EXPECT_EQ(next, 59);
+    for (auto [interval, next, after] : {std::tuple<int16_t, int16_t, int16_t>{15, 45, 0}, {60, 23, 0}, {1, 58, 59}}) {
+        checker.nextChimeMark(interval, next);
+        EXPECT_EQ(next, after) << interval;
+    }
 
     EventChecker::ChimeControls controls{true, "15", true};
     int16_t minutes = 0, flag = 0, mark = -1;

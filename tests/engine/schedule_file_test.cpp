@@ -29,8 +29,7 @@ TEST_F(ScheduleFile, LoadShowsMarksAndArmsOnlyTodaysComingEvents) {
     // Only strictly later events of today are armed, the equal second is not.
     EXPECT_EQ(today(), QStringList({"thrice 08:00:01", "twice 08:30:00"}));
     EXPECT_EQ(ctx.today.messages.items(), QStringList({"Dentist at 08:30:00"}));
-    EXPECT_TRUE(ctx.tick.on);
-    EXPECT_TRUE(ctx.tick.haveAlarms);
+    EXPECT_EQ(std::pair(ctx.tick.on, ctx.tick.haveAlarms), std::pair(true, true));
     EXPECT_TRUE(notices.errorLists.empty());
 }
 
@@ -50,19 +49,14 @@ TEST_F(ScheduleFile, MessagesKeepLineBreaksCommasAndShortLinesBorrowTheMessageBe
 }
 
 TEST_F(ScheduleFile, EightBadRecordsStopTheLoadButSevenDoNot) {
-    QByteArray seven, eight;
-    for (int i = 0; i < 7; ++i)
-        seven += quotedRecord("garbage");
-    eight = seven + quotedRecord("garbage");
-    const QByteArray good = quotedRecord("2002/05/03once09:00:00");
-
+    const QByteArray seven = quotedRecord("garbage").repeated(7), good = quotedRecord("2002/05/03once09:00:00");
     writeFile("future.dat", seven + good);
     loadSchedule(ctx, "future.dat");
     EXPECT_EQ(rows().size(), 1);
     EXPECT_EQ(notices.errorLists.back()->lines.size(), 8);
     EXPECT_EQ(notices.errorLists.back()->lines.last(), "Invalid data in file, Data  7");
 
-    writeFile("future.dat", eight + good);
+    writeFile("future.dat", seven + quotedRecord("garbage") + good);
     loadSchedule(ctx, "future.dat");
     EXPECT_EQ(rows().size(), 0);
     EXPECT_EQ(notices.errorLists.size(), 2u);
@@ -104,8 +98,7 @@ TEST_F(ScheduleFile, MissingOrUnreadableFileChangesNothing) {
     // A schedule that cannot be read (here a folder) leaves the list as it was too.
     ASSERT_TRUE(QDir(ctx.folder).mkdir("future.dat"));
     loadSchedule(ctx, "future.dat");
-    EXPECT_EQ(rows().size(), 1);
-    EXPECT_FALSE(ctx.tick.on);
+    EXPECT_EQ(std::tuple(rows().size(), ctx.tick.on), std::tuple(1, false));
 }
 
 TEST_F(ScheduleFile, UnknownPlayWordOfTheFirstRecordLeavesAnEmptyWord) {
@@ -119,12 +112,9 @@ TEST_F(ScheduleFile, UnknownPlayWordOfTheFirstRecordLeavesAnEmptyWord) {
 
 TEST_F(ScheduleFile, SaveAppendsByteExactRecordsAndShowsTheRowHighlighted) {
     ctx.entry.date = "2002/05/01";
-    ctx.newEvent.playWord = "twic";
-    ctx.newEvent.time = "08:30:00";
-    ctx.newEvent.mark = "=";
+    ctx.newEvent = {"08:30:00", "twic", "=", false, false};
     appendToSchedule(ctx, "Dentist");
-    ctx.newEvent.playWord = "once";
-    ctx.newEvent.mark = "-";
+    ctx.newEvent = {"08:30:00", "once", "-", false, false};
     appendToSchedule(ctx, QString::fromUtf8("Café, noon"));
     EXPECT_EQ(readFile("future.dat"), QByteArray("\"Dentist2002/05/01twic08:30:00\"\r\n"
                                                  "\"Caf\xe9, noon2002/05/01once08:30:00\"\r\n"));
@@ -165,8 +155,7 @@ TEST_F(ScheduleFile, SortingPutsNewRowsAheadOfEqualTimesAndSelectsThem) {
     EXPECT_EQ(today(), QStringList({"twice 08:00:00", "thrice 09:00:00", "once 09:00:00", "repeat 10:00:00"}));
     EXPECT_EQ(ctx.today.alarms.currentIndex(), 3);
     // A batch gives the same order as one-by-one inserts, and selects the last row given.
-    Context& c = ctx;
-    insertTodayRows(c, {"once 09:00:00", "twice 07:00:00", "thrice 09:00:00"});
+    insertTodayRows(ctx, {"once 09:00:00", "twice 07:00:00", "thrice 09:00:00"});
     EXPECT_EQ(today(), QStringList({"twice 07:00:00", "twice 08:00:00", "thrice 09:00:00", "once 09:00:00",
                                     "thrice 09:00:00", "once 09:00:00", "repeat 10:00:00"}));
     EXPECT_EQ(ctx.today.alarms.currentIndex(), 2);

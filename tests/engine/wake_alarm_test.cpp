@@ -56,7 +56,6 @@ struct WakeAlarmTest : ::testing::Test, ServedEngine {
             clock.advanceMs(800);
         }
     }
-    // The list as the command line prints it.
     QString printedList() {
         command_protocol::Request plain;
         plain.command = "list";

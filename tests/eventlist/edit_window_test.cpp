@@ -16,7 +16,6 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
-#include <QPushButton>
 #include <QWidget>
 #include <gtest/gtest.h>
 
@@ -74,9 +73,8 @@ TEST_F(EditWindowTest, PopupEditOpensTheRowAndCancelStoresThePlaceAndGivesTheLis
 
     EditEventWindow* form = EditEventWindow::instance();
     ASSERT_NE(form, nullptr);
-    EXPECT_EQ(form->dateEdit->text(), "2002/05/03");
-    EXPECT_EQ(form->playCountBox->currentText(), "twice");
-    EXPECT_EQ(form->input->toPlainText(), "Two\nlines");
+    EXPECT_EQ(QStringList({form->dateEdit->text(), form->playCountBox->currentText(), form->input->toPlainText()}),
+              QStringList({"2002/05/03", "twice", "Two\nlines"}));
     EXPECT_LT(eventList.height(), 114);
 
     // The calendar widens the window and a second press on the label narrows it again.
@@ -143,20 +141,17 @@ TEST_F(EditWindowTest, KeysAndOkWorkOnTheControlsAsTyped) {
 TEST_F(EventListViewTest, RightPressOpensThePopupOnlyWithACurrentRowAndMovesNothing) {
     press(Qt::RightButton, 1);
     EXPECT_TRUE(popups.isEmpty());
-    EXPECT_EQ(ctx.eventList.currentRow(), -1);
-    EXPECT_EQ(ctx.eventList.highlightedCount(), 0);
+    EXPECT_EQ(std::pair(ctx.eventList.currentRow(), ctx.eventList.highlightedCount()), std::pair(-1, 0));
 
     press(Qt::LeftButton, 1);
     press(Qt::LeftButton, 3, Qt::ControlModifier);
-    EXPECT_EQ(ctx.eventList.currentRow(), 3);
-    EXPECT_EQ(ctx.eventList.highlightedCount(), 2);
+    EXPECT_EQ(std::pair(ctx.eventList.currentRow(), ctx.eventList.highlightedCount()), std::pair(3, 2));
 
     press(Qt::RightButton, 4);
     ASSERT_EQ(popups.size(), 1);
     EXPECT_EQ(popups[0],
               view->rows->viewport()->mapToGlobal(view->rows->visualRect(ctx.eventList.rows.index(4)).center()));
-    EXPECT_EQ(ctx.eventList.currentRow(), 3);
-    EXPECT_EQ(ctx.eventList.highlightedCount(), 2);
+    EXPECT_EQ(std::pair(ctx.eventList.currentRow(), ctx.eventList.highlightedCount()), std::pair(3, 2));
     EXPECT_FALSE(ctx.eventList.rows.isSelected(4));
 }
 

@@ -5,7 +5,6 @@
 #include "platform/clock.h"
 #include "sound/null_services.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QTemporaryDir>
 

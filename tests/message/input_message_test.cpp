@@ -6,8 +6,6 @@
 #include "message/ui/message_text_box.h"
 
 #include <QInputMethodEvent>
-#include <QLabel>
-#include <QMouseEvent>
 #include <QPushButton>
 #include <gtest/gtest.h>
 
@@ -68,8 +66,7 @@ TEST_F(InputMessageTest, NewTextForTodayOrForARowWithoutMessage) {
     addMessage("Other", "09:00:00");
     open("");
     save("");
-    EXPECT_EQ(notices.warnings, nothingSaved);
-    EXPECT_EQ(notices.beeps, 1);
+    EXPECT_EQ(std::tuple(notices.warnings, notices.beeps), std::tuple(nothingSaved, 1));
     open("");
     save("Dentist");
     open("DoubleClick"); // finds "Dentist", so that one leaves the list while the window is open
@@ -95,8 +92,7 @@ TEST_F(InputMessageTest, AnotherDayGoesToTheScheduleOnSaveAndTheDateCountsAtSave
     ctx.entry.date = "2002/05/09"; // the user picked another day meanwhile
     save("Call Bob\r\nat home");
     EXPECT_EQ(readFile("future.dat"), QByteArray("\"Call Bob\r\nat home2002/05/09thri07:15:00\"\r\n"));
-    EXPECT_EQ(ctx.eventList.highlightedCount(), 1);
-    EXPECT_TRUE(messages().isEmpty());
+    EXPECT_EQ(std::tuple(ctx.eventList.highlightedCount(), messages()), std::tuple(1, QStringList()));
 }
 
 TEST_F(InputMessageTest, TextTheFilesCannotHoldStaysInTheBoxWithAWarning) {
@@ -161,8 +157,7 @@ TEST_F(InputMessageTest, AnAlarmThatTookTheRowLeavesNothingToSave) {
     open("DoubleClick");
     ctx.today.alarms.removeItem(0); // the alarm rang
     form.nextMessage(c);
-    EXPECT_EQ(c.messageNumberLabel, "alarm events were executed, close me!");
-    EXPECT_EQ(notices.beeps, 1);
+    EXPECT_EQ(std::tuple(c.messageNumberLabel, notices.beeps), std::tuple("alarm events were executed, close me!", 1));
     save("Typed");
     EXPECT_EQ(notices.warnings, nothingSaved);
     EXPECT_EQ(messages(), (QStringList{"First at 08:30:00", "Second at 08:30:00"}));
@@ -179,11 +174,9 @@ TEST_F(InputMessageTest, FrontPlaceAndTextSizeThroughTheSettingsFile) {
     c.input = "x";
     form.save(c, 10.5);
     form.closing(true, 4740.4, 4944.6);
-    MessagePlacement placement = form.load();
-    EXPECT_TRUE(placement.hasLocation && placement.hasFontSize);
-    EXPECT_EQ(placement.top, 4740);
-    EXPECT_EQ(placement.left, 4945);
-    EXPECT_EQ(placement.fontSize, 10); // rounded half to even
+    const MessagePlacement p = form.load(); // the size rounded half to even
+    EXPECT_EQ(std::tuple(p.hasLocation, p.top, p.left, p.hasFontSize, p.fontSize),
+              std::tuple(true, 4740, 4945, true, 10));
 
     // A minimised window keeps no place.
     form.closing(false, 0, 0);
@@ -213,8 +206,7 @@ TEST_F(InputMessageWindowTest, TypingSavingAndTheTextSize) {
     form.okButton->click();
     EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(ctx.today.messages.items(), QStringList{QString(624, 'a') + "'b at 08:30:00"});
-    EXPECT_EQ(ctx.front.claimant, 0);
-    EXPECT_EQ(restored, 1);
+    EXPECT_EQ(std::pair(ctx.front.claimant, restored), std::pair(0, 1));
 
     form.openInputMessage("");
     EXPECT_EQ(form.input->font().family(), "Times New Roman");
@@ -229,21 +221,18 @@ TEST_F(InputMessageWindowTest, BrowsingOnTheWindowAndTheTitleBarCloseIsAbandon) 
     ctx.today.messages.addItem("One\r\ntwo at 08:30:00");
     ctx.today.messages.addItem("Three at 08:30:00");
     form.openInputMessage("DoubleClick");
-    EXPECT_EQ(form.input->toPlainText(), "One\ntwo");
-    EXPECT_EQ(form.cancelButton->text(), "Close");
-    EXPECT_TRUE(form.nextMessageButton->isVisible());
+    EXPECT_EQ(std::tuple(form.input->toPlainText(), form.cancelButton->text(), form.nextMessageButton->isVisible()),
+              std::tuple("One\ntwo", "Close", true));
     form.nextMessageButton->click();
     EXPECT_EQ(form.input->message(), "Three");
     form.close();
-    EXPECT_EQ(ctx.today.messages.count(), 2);
-    EXPECT_EQ(restored, 1);
+    EXPECT_EQ(std::pair(ctx.today.messages.count(), restored), std::pair(2, 1));
 
     // The next opening starts from a fresh window.
     ctx.today.messages.clear();
     form.openInputMessage("DoubleClick");
-    EXPECT_EQ(form.input->message(), "");
-    EXPECT_EQ(form.cancelButton->text(), "Abandon");
-    EXPECT_FALSE(form.nextMessageButton->isVisible());
+    EXPECT_EQ(std::tuple(form.input->message(), form.cancelButton->text(), form.nextMessageButton->isVisible()),
+              std::tuple("", "Abandon", false));
 }
 
 TEST_F(InputMessageWindowTest, EveryOpeningPutsTheFocusInTheMessageBox) {

@@ -1,9 +1,8 @@
+#include "local_zone.h"
 #include "platform/clock.h"
 
 #include <QElapsedTimer>
 #include <gtest/gtest.h>
-
-#include <ctime>
 
 namespace {
 
@@ -22,17 +21,11 @@ void waitForNextSecond() {
         ;
 }
 
-void setZone(const QByteArray& tz) {
-    qputenv("TZ", tz);
-    tzset();
-}
-
 } // namespace
 
 // A schedule load asks for the time for every record and the idle program several times a second: the zone must
 // not be looked up each time, yet a change of zone counts from the next period on.
 TEST(SystemClockTest, TheZoneIsLookedUpOncePerPeriodAndAChangeCountsFromTheNext) {
-    const QByteArray savedZone = qgetenv("TZ");
     {
         CountingClock byMinute;
         QElapsedTimer elapsed;
@@ -44,17 +37,12 @@ TEST(SystemClockTest, TheZoneIsLookedUpOncePerPeriodAndAChangeCountsFromTheNext)
     }
     CountingClock clock(1);
 
-    setZone("UTC0");
+    const LocalZone utc("UTC0");
     waitForNextSecond();
     EXPECT_EQ(clock.now().offsetFromUtc(), 0);
-    setZone("JST-9");
+    const LocalZone japan("JST-9");
     waitForNextSecond();
     const QDateTime tokyo = clock.now();
     EXPECT_EQ(tokyo.offsetFromUtc(), 9 * 3600);
     EXPECT_LE(std::abs(tokyo.time().secsTo(QDateTime::currentDateTime().time())), 1);
-    if (savedZone.isNull())
-        qunsetenv("TZ");
-    else
-        qputenv("TZ", savedZone);
-    tzset();
 }

@@ -11,21 +11,15 @@
 #include <QPushButton>
 #include <gtest/gtest.h>
 
-namespace {
-
-struct Case {
-    const char* what;
-    int focus; // 0 the text box, 1 the other button, 2 the check box, 3 the cancel button
-    int key;
-    Qt::KeyboardModifiers modifiers;
-    int cancelClicks;
-    int otherClicks;
-};
-
-} // namespace
-
 TEST(DialogKeys, EscapeCancelsAndReturnPressesTheFocusedButtonOnly) {
-    const Case cases[] = {
+    const struct {
+        const char* what;
+        int focus; // 0 the text box, 1 the other button, 2 the check box, 3 the cancel button
+        int key;
+        Qt::KeyboardModifiers modifiers;
+        int cancelClicks;
+        int otherClicks;
+    } cases[] = {
         {"Escape in the text box", 0, Qt::Key_Escape, Qt::NoModifier, 1, 0},
         {"Escape on the other button", 1, Qt::Key_Escape, Qt::NoModifier, 1, 0},
         {"Return on the other button", 1, Qt::Key_Return, Qt::NoModifier, 0, 1},
@@ -34,7 +28,7 @@ TEST(DialogKeys, EscapeCancelsAndReturnPressesTheFocusedButtonOnly) {
         {"Return in the text box", 0, Qt::Key_Return, Qt::NoModifier, 0, 0},
         {"Shift+Escape", 1, Qt::Key_Escape, Qt::ShiftModifier, 0, 0},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         QWidget window(nullptr, Qt::Dialog);
         auto* text = new QLineEdit(&window);
         auto* other = new QPushButton(QStringLiteral("Other"), &window);
@@ -51,8 +45,7 @@ TEST(DialogKeys, EscapeCancelsAndReturnPressesTheFocusedButtonOnly) {
         focus[c.focus]->setFocus();
         QKeyEvent key(QEvent::KeyPress, c.key, c.modifiers);
         QApplication::sendEvent(focus[c.focus], &key);
-        EXPECT_EQ(cancelClicks, c.cancelClicks) << c.what;
-        EXPECT_EQ(otherClicks, c.otherClicks) << c.what;
+        EXPECT_EQ(std::pair(cancelClicks, otherClicks), std::pair(c.cancelClicks, c.otherClicks)) << c.what;
         EXPECT_FALSE(box->isChecked()) << c.what;
     }
 }

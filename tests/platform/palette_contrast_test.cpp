@@ -69,7 +69,6 @@ double pictureContrast(const QImage& drawn, const QImage& bare, const QRect& are
     return ratios[ratios.size() * 3 / 4];
 }
 
-// A picture button against the same button without its picture.
 double buttonContrast(PictureButton* button, QRect area = {}) {
     PictureButton bare([](QPainter&, const QRectF&) {}, QString(), button->parentWidget());
     bare.setGeometry(button->geometry());

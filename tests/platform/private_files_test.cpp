@@ -65,8 +65,7 @@ TEST(PrivateFilesTest, ANewFileIsTheUsersAloneAndOneThatStandsKeepsItsMode) {
     ASSERT_TRUE(record_file::rewriteBytes(standing, "", error));
     ASSERT_EQ(::chmod(qPrintable(standing), 0640), 0);
     ASSERT_TRUE(record_file::rewriteBytes(standing, "\"b\"\r\n", error));
-    EXPECT_EQ(modeOf(fresh), 0600);
-    EXPECT_EQ(modeOf(standing), 0640);
+    EXPECT_EQ(std::pair(modeOf(fresh), modeOf(standing)), std::pair(0600, 0640));
 }
 
 TEST(PrivateFilesTest, ABusIsThereOnlyWhenNamedOrItsSocketStands) {

@@ -220,15 +220,6 @@ struct TextFitTest : ::testing::Test, EngineFixture {
     }
 };
 
-// A fresh program folder whose settings file chooses the font: 1 Arial, 2 Times New Roman at 10 points,
-// 3 as laid out. The choice takes effect at a window's load.
-struct FontChoiceRun : EngineFixture {
-    explicit FontChoiceRun(int choice) {
-        ctx.options.fontChoice = static_cast<int16_t>(choice);
-        settings_records::writeSettingAndFont(ctx, 1, 1, {});
-    }
-};
-
 } // namespace
 
 TEST_F(TextFitTest, RunsAtTheDensityItWasGiven) {
@@ -268,7 +259,10 @@ TEST_F(TextFitTest, EachKindOfControlIsMeasured) {
 
 TEST_F(TextFitTest, SettingsAndAlarmSetWindowsInEachFontChoice) {
     for (int choice : {3, 1, 2}) {
-        FontChoiceRun run(choice);
+        // The settings file chooses 1 Arial, 2 Times New Roman at 10 points, 3 as laid out, from a window's load.
+        EngineFixture run;
+        run.ctx.options.fontChoice = static_cast<int16_t>(choice);
+        settings_records::writeSettingAndFont(run.ctx, 1, 1, {});
         // Hidden controls are measured too: the settings' second page, the speaker test.
         measureOnce(new SettingsWindow(run.ctx), QStringLiteral("Settings(font %1)").arg(choice));
         AlarmSetHost host(run.ctx);

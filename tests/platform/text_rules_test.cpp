@@ -64,15 +64,11 @@ TEST(Cp1252, FitNamesEachCharacterTheCodePageCannotHoldAndCountsCharacters) {
 
 // Numbers in messages are seen in the messages themselves ("Error #  75", "Data  1").
 TEST(Numeric, LeadingDigitsAndRounding) {
-    EXPECT_EQ(leadingDigitsValue(QStringLiteral("07")), 7);
-    EXPECT_EQ(leadingDigitsValue(QStringLiteral("12ab")), 12);
-    EXPECT_EQ(leadingDigitsValue(QStringLiteral("x12")), 0);
-    EXPECT_EQ(leadingDigitsValue(QStringLiteral("12:30")), 12); // the digit after 9 is no digit
-    EXPECT_EQ(leadingDigitsValue(QString()), 0);
-    EXPECT_EQ(roundHalfEven(2.5), 2);
-    EXPECT_EQ(roundHalfEven(3.5), 4);
-    EXPECT_EQ(roundHalfEven(-2.5), -2);
-    EXPECT_EQ(roundHalfEven(596.64), 597);
+    // "12:30": the character after 9 is no digit.
+    for (auto [text, value] : {std::pair{"07", 7}, {"12ab", 12}, {"x12", 0}, {"12:30", 12}, {"", 0}})
+        EXPECT_EQ(leadingDigitsValue(QString::fromLatin1(text)), value) << text;
+    for (auto [x, rounded] : {std::pair{2.5, 2}, {3.5, 4}, {-2.5, -2}, {596.64, 597}})
+        EXPECT_EQ(roundHalfEven(x), rounded) << x;
 }
 
 TEST(Twips, DensitiesAndConversions) {

@@ -157,10 +157,8 @@ TEST(RecurringFileTest, WhatIsWrittenReadsBack) {
     QString problem;
     ASSERT_TRUE(recurring_file::parse(recurring_file::serialize({a}), back, problem)) << qPrintable(problem);
     ASSERT_EQ(back.size(), 1);
-    EXPECT_EQ(back[0].uid, a.uid);
-    EXPECT_EQ(back[0].start, a.start);
-    EXPECT_EQ(back[0].skipped, a.skipped);
-    EXPECT_EQ(back[0].plays, a.plays);
+    EXPECT_EQ(std::tuple(back[0].uid, back[0].start, back[0].skipped, back[0].plays),
+              std::tuple(a.uid, a.start, a.skipped, a.plays));
     EXPECT_EQ(back[0].message, QStringLiteral("Bins out\r\nand 'recycling'"));
     EXPECT_EQ(recurrence::timesOn(back[0], QDate(2026, 11, 9)), QStringList{"06:45:00"});
     EXPECT_TRUE(recurrence::timesOn(back[0], QDate(2026, 11, 6)).isEmpty());

@@ -31,26 +31,19 @@ TEST_F(SettingsFileTest, OwnRecordWritersFillEverythingFresh) {
     dirtyBuffer();
     // The first writer may be any of them; writing record 13 first leaves twelve zero records before it.
     ASSERT_TRUE(writeShowSmallClock(ctx.folder, true));
-    QByteArray file = ini();
-    ASSERT_EQ(file.size(), 715);
-    EXPECT_EQ(file.left(660), zeros(660));
-    EXPECT_EQ(recordAt(file, 13), settingBytes("[ShowSmallClock]", 1, 0, "", 0));
+    const QByteArray smallClock = settingBytes("[ShowSmallClock]", 1, 0, "", 0);
+    EXPECT_EQ(ini(), zeros(12 * 55) + smallClock);
 
     EXPECT_TRUE(writeClockLocation(ctx.folder, -120, 9000));
     EXPECT_TRUE(write24Hour(ctx.folder, false));
     EXPECT_TRUE(writeEnabledSecond(ctx.folder, true));
     EXPECT_TRUE(writeFontSizeOfClock(ctx.folder, 11));
     EXPECT_TRUE(writeEditWindowLoc(ctx.folder, 2400, 65536));
-    file = ini();
-    ASSERT_EQ(file.size(), 715);
-    EXPECT_EQ(recordAt(file, 5), settingBytes("[Form2Location]", -120, 9000, "", 0));
-    EXPECT_EQ(recordAt(file, 5).mid(17, 4), QByteArray("\x88\xFF\xFF\xFF", 4));
-    EXPECT_EQ(recordAt(file, 6), zeros(55));
-    EXPECT_EQ(recordAt(file, 9), settingBytes("[24Hour]", 0, 0, "", 0));
-    EXPECT_EQ(recordAt(file, 10), settingBytes("[EnabledSecond]", 1, 0, "", 0));
-    EXPECT_EQ(recordAt(file, 11), settingBytes("[FontSizeOfClock]", 11, 0, "", 0));
-    EXPECT_EQ(recordAt(file, 12), settingBytes("[LocationForm16]", 2400, 65536, "", 0));
-    EXPECT_EQ(recordAt(file, 13), settingBytes("[ShowSmallClock]", 1, 0, "", 0));
+    EXPECT_EQ(ini(), zeros(4 * 55) + settingBytes("[Form2Location]", -120, 9000, "", 0) + zeros(3 * 55) +
+                         settingBytes("[24Hour]", 0, 0, "", 0) + settingBytes("[EnabledSecond]", 1, 0, "", 0) +
+                         settingBytes("[FontSizeOfClock]", 11, 0, "", 0) +
+                         settingBytes("[LocationForm16]", 2400, 65536, "", 0) + smallClock);
+    EXPECT_EQ(recordAt(ini(), 5).mid(17, 4), QByteArray("\x88\xFF\xFF\xFF", 4));
     // Own writers leave the shared buffer alone.
     EXPECT_EQ(ctx.recordBuffer.value1, 77);
 }
@@ -59,18 +52,14 @@ TEST_F(SettingsFileTest, SharedBufferWritersKeepWhatTheyDoNotSet) {
     dirtyBuffer();
     ASSERT_TRUE(writeTimeInputLoc(ctx, 1500, -30));
     EXPECT_EQ(ini(), settingBytes("[TimeInputLoc]", 1500, -30, "leftover"));
-
     ASSERT_TRUE(writeFontSize(ctx, 14));
-    EXPECT_EQ(recordAt(ini(), 7), settingBytes("[FontSize]", 14, -30, "leftover"));
-
     ASSERT_TRUE(writeMessageInputLoc(ctx, 600, 700));
-    EXPECT_EQ(recordAt(ini(), 2), settingBytes("[MessageInputLoc]", 600, 700, "leftover"));
-
     ASSERT_TRUE(writeSongName(ctx, "wake up"));
-    EXPECT_EQ(recordAt(ini(), 3), settingBytes("[SongName]", 0, 0, "wake up"));
-    // Records written earlier stay as they were.
-    EXPECT_EQ(recordAt(ini(), 1), settingBytes("[TimeInputLoc]", 1500, -30, "leftover"));
-    EXPECT_EQ(ini().size(), 7 * 55);
+    // Each keeps of the buffer what it does not set; records written earlier stay.
+    EXPECT_EQ(ini(), settingBytes("[TimeInputLoc]", 1500, -30, "leftover") +
+                         settingBytes("[MessageInputLoc]", 600, 700, "leftover") +
+                         settingBytes("[SongName]", 0, 0, "wake up") + zeros(3 * 55) +
+                         settingBytes("[FontSize]", 14, -30, "leftover"));
 
     // A 31-character name is cut to 30, and the next start reads the cut name.
     ASSERT_TRUE(writeSongName(ctx, "abcdefghijklmnopqrstuvwxyz01234"));
@@ -120,8 +109,7 @@ TEST_F(SettingsFileTest, ReadsCheckTheTrimmedKey) {
                               settingBytes(" [Form2Location] ", 10, 20, "", 0) + zeros(55) +
                               settingBytes("[FontSize]", 12, 0, "", 0).left(19));
     EXPECT_TRUE(readRecord(ctx.folder, kClockLocation, rec)); // blanks on both sides trim away
-    EXPECT_EQ(rec.value1, 10);
-    EXPECT_EQ(rec.value2, 20);
+    EXPECT_EQ(std::pair(rec.value1, rec.value2), std::pair(10, 20));
     EXPECT_FALSE(readRecord(ctx.folder, kSetting, rec)); // zero bytes after a key do not trim
     EXPECT_EQ(rec.value1, 1);
     EXPECT_FALSE(readRecord(ctx.folder, kTimeInputLoc, rec)); // a gap

@@ -50,12 +50,9 @@ TEST_F(SettingsOptionsTest, LoadTurnsTheFileIntoVariables) {
     // Record 8 and the font are seen on the window in SettingsWindowTest.
     writeFile("tolm.ini", iniWith(1, 0, "ALAEOnDCWSOnUISPOnISOMOf"));
     settings.load();
-    EXPECT_FALSE(ctx.options.errorPopups);
-    EXPECT_TRUE(s.autoLoadBox);
-    EXPECT_TRUE(ctx.options.noSecond);
-    EXPECT_TRUE(ctx.options.internalSpeaker);
-    EXPECT_FALSE(ctx.options.speakerInsteadOfMidi);
-    EXPECT_TRUE(s.testVisible);
+    EXPECT_EQ(std::tuple(ctx.options.errorPopups, s.autoLoadBox, ctx.options.noSecond, ctx.options.internalSpeaker,
+                         ctx.options.speakerInsteadOfMidi, s.testVisible),
+              std::tuple(false, true, true, true, false, true));
     // The seconds box lives on the Alarm Set window: no-second mode loads it.
     EXPECT_EQ(window.loads, 1);
     EXPECT_EQ(window.noSecondModes, QList<bool>{true});
@@ -71,12 +68,10 @@ TEST_F(SettingsOptionsTest, ClickLogicRunsOnlyWhenAValueChanges) {
     writeFile("tolm.ini", iniWith(0, 1, "ALAEOfDCWSOfUISPOnISOMOn"));
     // A box touched from elsewhere loads the window first.
     settings.setErrorPopups(false);
-    EXPECT_TRUE(ctx.settings.loaded);
-    EXPECT_TRUE(ctx.options.speakerInsteadOfMidi);
-    EXPECT_FALSE(ctx.alarmSetLoaded());
+    EXPECT_EQ(std::tuple(ctx.settings.loaded, ctx.options.speakerInsteadOfMidi, ctx.alarmSetLoaded()),
+              std::tuple(true, true, false));
     // Sound stayed off throughout, so its click never ran and the box keeps its design visibility.
-    EXPECT_TRUE(s.errorPopupsBoxVisible);
-    EXPECT_FALSE(s.testVisible);
+    EXPECT_EQ(std::pair(s.errorPopupsBoxVisible, s.testVisible), std::pair(true, false));
 
     settings.setSoundOn(true);
     EXPECT_TRUE(s.testVisible);

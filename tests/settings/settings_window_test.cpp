@@ -30,28 +30,25 @@ struct SettingsWindowTest : ::testing::Test, EngineFixture {
 TEST_F(SettingsWindowTest, VisibilityFollowsSoundAndSpeaker) {
     open();
     EXPECT_TRUE(child<QCheckBox>("soundOnBox")->isChecked());
-    EXPECT_TRUE(shown("errorPopupsBox"));
-    EXPECT_FALSE(shown("testSpeakerButton"));
-    EXPECT_FALSE(shown("testLabel"));
+    EXPECT_EQ(std::tuple(shown("errorPopupsBox"), shown("testSpeakerButton"), shown("testLabel")),
+              std::tuple(true, false, false));
 
     click("soundOnBox");
-    EXPECT_FALSE(ctx.options.soundOn);
-    EXPECT_FALSE(shown("errorPopupsBox"));
-    EXPECT_TRUE(shown("errorPopupsLabel"));
+    EXPECT_EQ(std::tuple(ctx.options.soundOn, shown("errorPopupsBox"), shown("errorPopupsLabel")),
+              std::tuple(false, false, true));
     click("internalSpeakerBox");
     EXPECT_FALSE(shown("testSpeakerButton"));
     click("soundOnBox");
-    EXPECT_TRUE(shown("errorPopupsBox"));
-    EXPECT_TRUE(shown("testSpeakerButton"));
-    EXPECT_TRUE(shown("testLabel"));
+    EXPECT_EQ(std::tuple(shown("errorPopupsBox"), shown("testSpeakerButton"), shown("testLabel")),
+              std::tuple(true, true, true));
 
     click("testSpeakerButton");
     EXPECT_EQ(sound.played, QStringList{"once|" + ctx.soundChoice.songPath});
 
     // A change made elsewhere, as the Alarm Set window's load does, shows at once.
     SettingsOptions(ctx).setSoundOn(false);
-    EXPECT_FALSE(child<QCheckBox>("soundOnBox")->isChecked());
-    EXPECT_FALSE(shown("testSpeakerButton"));
+    EXPECT_EQ(std::pair(child<QCheckBox>("soundOnBox")->isChecked(), shown("testSpeakerButton")),
+              std::pair(false, false));
 }
 
 TEST_F(SettingsWindowTest, NextFlipsThePages) {
@@ -85,14 +82,11 @@ TEST_F(SettingsWindowTest, ClosingWritesRecordsFourAndEight) {
     EXPECT_EQ(ctx.options.fontChoice, 1);
     form->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_TRUE(form.isNull());
-    EXPECT_FALSE(ctx.settings.loaded);
+    EXPECT_EQ(std::pair(form.isNull(), ctx.settings.loaded), std::pair(true, false));
 
-    const QByteArray file = readFile("tolm.ini");
-    ASSERT_EQ(file.size(), 8 * 55);
-    EXPECT_EQ(file.mid(3 * 55, 55), settingBytes("[Setting]", 1, 0, "ALAEOfDCWSOnUISPOfISOMOf"));
-    EXPECT_EQ(file.mid(7 * 55, 55), settingBytes("[AllFont]", 1, 0, "Arial"));
-    EXPECT_EQ(file.left(3 * 55), QByteArray(3 * 55, '\0'));
+    const QByteArray empty(3 * 55, '\0');
+    EXPECT_EQ(readFile("tolm.ini"), empty + settingBytes("[Setting]", 1, 0, "ALAEOfDCWSOnUISPOfISOMOf") + empty +
+                                        settingBytes("[AllFont]", 1, 0, "Arial"));
 }
 
 TEST_F(SettingsWindowTest, AWindowOpenedAgainKeepsShowingChanges) {

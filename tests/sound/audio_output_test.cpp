@@ -21,7 +21,6 @@ namespace {
 
 const QString kData = QStringLiteral(BELLWICK_DATA_DIR);
 
-// Chooses SDL's audio driver for one test and puts the old choice back after it.
 struct AudioDriver {
     const QByteArray savedDriver = qgetenv("SDL_AUDIODRIVER"), savedFile = qgetenv("SDL_DISKAUDIOFILE");
     explicit AudioDriver(const QByteArray& driver, const QByteArray& file = QByteArray()) {

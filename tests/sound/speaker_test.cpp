@@ -42,8 +42,7 @@ TEST(SpeakerTest, SynthMakesSquareWavesOfTheQueuedTones) {
     std::vector<int16_t> s(2 * rate / 10, 100); // 100 ms of stereo, not silent: the synth adds to it
     synth.mixInto(s.data(), rate / 10, 2);
     EXPECT_TRUE(synth.idle());
-    EXPECT_EQ(s[0], 6100);
-    EXPECT_EQ(s[1], 6100);
+    EXPECT_EQ(std::pair(s[0], s[1]), (std::pair<int16_t, int16_t>(6100, 6100)));
     EXPECT_NEAR(measuredFrequency(s, 2, rate, 0, 882), 1998.6, 5);
     EXPECT_EQ(s[2 * (882 + 200)], 100) << "the rest";
     EXPECT_NEAR(measuredFrequency(s, 2, rate, 1323, 3087), 549.9, 3);
@@ -82,15 +81,12 @@ TEST(SpeakerTest, EvdevSpeakerWritesToneEventsAndEndsSilent) {
             speaker.queueTone(440, kMaxQueuedToneMs / 4);
         EXPECT_EQ(speaker.queuedMs(), kMaxQueuedToneMs);
     }
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray bytes = file.readAll();
+    const QByteArray bytes = readBytes(path);
     std::vector<int> values;
     for (qsizetype at = 0; at + qsizetype(sizeof(input_event)) <= bytes.size(); at += sizeof(input_event)) {
         input_event e;
         memcpy(&e, bytes.constData() + at, sizeof(e));
-        EXPECT_EQ(e.type, EV_SND);
-        EXPECT_EQ(e.code, SND_TONE);
+        EXPECT_EQ(std::pair(int(e.type), int(e.code)), std::pair(EV_SND, SND_TONE));
         values.push_back(e.value);
     }
     // The tones and the silence after them; a speaker let go in the middle of a tone falls silent.
