@@ -10,6 +10,7 @@
 #include "fakes.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QPushButton>
 #include <QStyle>
 #include <QStyleFactory>
@@ -20,7 +21,8 @@
 #include <memory>
 
 // The hand-drawn pictures and the clock's text, measured on the pixels they paint: every pixel a picture changes
-// is compared with the pixel the same control shows without it.
+// is compared with the pixel the same control shows without it. BELLWICK_SHOT_DIR=<folder> also saves the
+// windows as drawn in each palette, to be looked at.
 
 namespace {
 
@@ -87,6 +89,11 @@ struct Palettes : ::testing::TestWithParam<bool> {
         for (QWidget* child : w->findChildren<QWidget*>())
             child->setStyle(fusion.get());
     }
+    void shoot(QWidget* w, const QString& name) const {
+        const QString folder = qEnvironmentVariable("BELLWICK_SHOT_DIR");
+        if (!folder.isEmpty() && QDir().mkpath(folder))
+            w->grab().save(folder + QLatin1Char('/') + name + (dark() ? "-dark.png" : "-light.png"));
+    }
 };
 
 } // namespace
@@ -98,6 +105,7 @@ TEST_P(Palettes, AlarmSetPicturesStandOutFromTheirButtons) {
     engine.ctx.touchAlarmSet();
     AlarmSetWindow* f = host.form();
     styled(f);
+    shoot(f, QStringLiteral("alarm-set"));
     const struct {
         PictureButton* button;
         const char* name;
@@ -117,6 +125,7 @@ TEST_P(Palettes, SettingsPlaySignStandsOutFromItsButton) {
     EngineFixture engine;
     SettingsWindow form(engine.ctx);
     styled(&form);
+    shoot(&form, QStringLiteral("settings"));
     auto* play = form.findChild<QPushButton*>(QStringLiteral("testSpeakerButton"));
     ASSERT_NE(play, nullptr);
     const QImage drawn = image(play);
@@ -133,6 +142,7 @@ TEST_P(Palettes, ClockTimeIsReadableOnItsPill) {
     styled(&clock);
     clock.onTick();
     ASSERT_FALSE(clock.timeLabel->text().isEmpty());
+    shoot(&clock, QStringLiteral("clock"));
     const QImage drawn = image(&clock);
     clock.timeLabel->setText(QString());
     EXPECT_GE(pictureContrast(drawn, image(&clock), drawn.rect()), contrast::kText);
