@@ -64,9 +64,8 @@ std::optional<NextAlarm> nextUnloaded(const Context& ctx, const QDateTime& now) 
     const QDateTime tomorrow(now.date().addDays(1), QTime(0, 0));
     if (const auto at = recurring_arming::nextOccurrenceAfter(ctx, tomorrow.addMSecs(-1));
         at && (!next || *at < next->ringsAt)) {
-        const QDateTime rings =
-            ctx.options.noSecond ? QDateTime(at->date(), QTime(at->time().hour(), at->time().minute())) : *at;
-        next = NextAlarm{dateText(*at), at->time().toString(QStringLiteral("hh:mm:ss")), rings};
+        const QString date = dateText(*at), time = timeText(*at);
+        next = NextAlarm{date, time, moment(date, time, ctx.options.noSecond)};
     }
     return next;
 }

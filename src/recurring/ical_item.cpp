@@ -20,7 +20,7 @@ void readPlaysAndMessage(icalcomponent* item, RecurringAlarm& alarm) {
     QString own;
     for (icalproperty* p = icalcomponent_get_first_property(item, ICAL_X_PROPERTY); p;
          p = icalcomponent_get_next_property(item, ICAL_X_PROPERTY)) {
-        if (qstricmp(icalproperty_get_x_name(p), "X-BELLWICK-PLAYS") == 0) {
+        if (qstricmp(icalproperty_get_x_name(p), kPlaysProperty) == 0) {
             own = QString::fromUtf8(icalproperty_get_x(p)).trimmed().toLower();
             break;
         }

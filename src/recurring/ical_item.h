@@ -7,6 +7,9 @@
 // What an event or a to-do of any calendar program says of an alarm.
 namespace ical_item {
 
+// Our own property for an alarm's play count, read and written under this one name.
+inline constexpr const char* kPlaysProperty = "X-BELLWICK-PLAYS";
+
 // The zone of a time property's TZID, from the file's VTIMEZONEs or libical's own; null when it has none.
 icaltimezone* zoneOf(icalcomponent* calendar, icalproperty* p);
 

@@ -11,8 +11,6 @@ namespace recurring_file {
 
 namespace {
 
-const char* const kPlaysProperty = "X-BELLWICK-PLAYS";
-
 // Owns a component libical gave us.
 struct Owned {
     icalcomponent* c;
@@ -114,7 +112,7 @@ QByteArray serialize(const QList<RecurringAlarm>& alarms) {
         icalcomponent_add_property(event, icalproperty_new_summary(summary.toUtf8().constData()));
         if (!message.isEmpty())
             icalcomponent_add_property(event, icalproperty_new_description(message.toUtf8().constData()));
-        icalcomponent_add_property(event, namedX(kPlaysProperty, alarm.plays));
+        icalcomponent_add_property(event, namedX(ical_item::kPlaysProperty, alarm.plays));
         icalcomponent* valarm = icalcomponent_new(ICAL_VALARM_COMPONENT);
         icalcomponent_add_property(valarm, icalproperty_new_action(ICAL_ACTION_DISPLAY));
         icalcomponent_add_property(valarm, icalproperty_new_description(summary.toUtf8().constData()));

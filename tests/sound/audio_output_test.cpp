@@ -229,15 +229,10 @@ TEST(AudioOutputTest, ALostDeviceIsOpenedAnewForTheNextSound) {
 
         qputenv("SDL_DISKAUDIOFILE", QFile::encodeName(file));
         ASSERT_TRUE(wave.play(kData + "/ding.wav", 1)) << wave.error().toStdString();
-        QThread::msleep(200);
+        EXPECT_TRUE(Played{file}.sounds(5000)) << "the device opened anew plays the wave";
         EXPECT_FALSE(audio.lost());
         EXPECT_FALSE(wave.fellSilent());
     }
-    const QByteArray bytes = readBytes(file);
-    int peak = 0;
-    for (qsizetype i = 0; i + 1 < bytes.size(); i += 2)
-        peak = std::max(peak, std::abs(int(qint16(quint8(bytes[i]) | (quint8(bytes[i + 1]) << 8)))));
-    EXPECT_GT(peak, 5000);
 }
 
 } // namespace
