@@ -14,8 +14,7 @@ unset DBUS_SESSION_BUS_ADDRESS
 start_sound_server
 start_desktop
 folder="$XDG_DATA_HOME/bellwick"
-# The events of step 1 and 2 must be today's.
-while [ "$(date +%H%M%S)" -gt 235930 ]; do sleep 5; done
+not_near_midnight 235930 # the events of step 1 and 2 are today's
 
 # 1. No copy runs: the command starts one, hands the alarm over and prints it. It runs as a cron job guarded by
 # flock would, with one more pipe open: the program it starts keeps neither the lock nor the pipe.
@@ -25,10 +24,8 @@ started=$(date +%s%N)
         cat >"$work/add.out"
     echo "${PIPESTATUS[0]}" >"$work/add.status"
 ) &
-adder=$!
-pids+=($adder)
-for _ in $(seq 150); do [ -s "$work/add.status" ] && break; sleep 0.1; done
-[ -s "$work/add.status" ] || fail "add did not return: the program it started holds the pipe of its caller"
+pids+=($!)
+eventually 15 [ -s "$work/add.status" ] || fail "add did not return: the program it started holds the pipe of its caller"
 flock -n "$work/job.lock" true || fail "the program started by add holds its caller's lock"
 line=$(cat "$work/add.out")
 status=$(cat "$work/add.status")
@@ -36,12 +33,10 @@ took=$((($(date +%s%N) - started) / 1000000))
 [ "$status" -eq 0 ] || fail "add exited $status: $(cat "$work/add.err")"
 echo "set in ${took} ms, with the program started: $line"
 echo "$line" | grep -qE "^$(date +%Y/%m/%d) [0-9]{2}:[0-9]{2}:[0-9]{2} repeat From a 'script'$" || fail "add printed '$line'"
-main_pid=$(head -1 "$XDG_RUNTIME_DIR/bellwick/bellwick.lock" 2>/dev/null)
-[ -n "$main_pid" ] && kill -0 "$main_pid" 2>/dev/null || fail "no running program after add"
-pids+=("$main_pid")
-[ "$(readlink "/proc/$main_pid/cwd")" = / ] || fail "the program started by add works in $(readlink "/proc/$main_pid/cwd")"
-[ "$(ps -o sid= -p "$main_pid" | tr -d ' ')" != "$(ps -o sid= -p $$ | tr -d ' ')" ] || fail "the program started by add is in its caller's session"
-[ "$(ps -o tty= -p "$main_pid" | tr -d ' ')" = "?" ] || fail "the program started by add has a terminal"
+adopt_program
+[ "$(readlink "/proc/$pid/cwd")" = / ] || fail "the program started by add works in $(readlink "/proc/$pid/cwd")"
+[ "$(ps -o sid= -p "$pid" | tr -d ' ')" != "$(ps -o sid= -p $$ | tr -d ' ')" ] || fail "the program started by add is in its caller's session"
+[ "$(ps -o tty= -p "$pid" | tr -d ' ')" = "?" ] || fail "the program started by add has a terminal"
 [ "$(stat -c %a "$XDG_RUNTIME_DIR/bellwick")" = 700 ] || fail "the runtime folder is open to others"
 [ -S "$XDG_RUNTIME_DIR/bellwick/bellwick.socket" ] || fail "no socket beside the lock"
 [ "$(stat -c %a "$XDG_RUNTIME_DIR/bellwick/bellwick.socket")" = 700 ] || fail "the socket is open to others"
@@ -60,15 +55,12 @@ xdotool search --onlyvisible --name '^Warning Message$' >/dev/null 2>&1 && fail 
 
 # 3. The alarm rings at its second with its message window, and sounds.
 due=$(echo "$line" | cut -d' ' -f2)
-message_window=$(wait_for_window '^Message  ' 30) || fail "no message window for $due"
-echo "message window at $(date +%T) for $due"
-rms=$(record_rms 2)
-echo "sound while ringing: RMS $rms"
-awk -v r="$rms" 'BEGIN { exit !(r > 0.01) }' || fail "no sound was recorded"
+wait_for_window '^Message  ' 30 >/dev/null || fail "no message window for $due"
+expect_sound "ringing for $due"
 [ -z "$("$program" list)" ] || fail "the rung alarm is still listed"
 
 # 4. A plain second start is refused as before.
-second_start_refused "$program"
+second_start_refused
 
 # 5. Two scripts add 50 events each at once, for tomorrow: the schedule holds all 100, each whole.
 tomorrow=$(date -d tomorrow +%Y/%m/%d)
@@ -99,27 +91,25 @@ done
 [ "$(grep -c '^[0-9]' "$work/list.txt")" -eq 100 ] || fail "list does not give the 100 events"
 sort -c -s -k1,2 "$work/list.txt" || fail "list is not in time order"
 [ "$("$program" list --json | grep -c '"date": ')" -eq 100 ] || fail "list --json does not give the 100 events"
-kill -0 "$main_pid" 2>/dev/null || fail "the program ended"
+alive "under the adds"
 
 # 6. What the program keeps is the user's alone: the data folder that stood open is closed, a new file is private.
 [ "$(stat -c %a "$folder")" = 700 ] || fail "the data folder is $(stat -c %a "$folder")"
 [ "$(stat -c %a "$folder/future.dat")" = 600 ] || fail "future.dat is $(stat -c %a "$folder/future.dat")"
 # 7. Without a session bus it started none, and none outlives it.
-kill "$main_pid"
-for _ in $(seq 50); do kill -0 "$main_pid" 2>/dev/null || break; sleep 0.1; done
+kill "$pid"
+eventually 5 ended "$pid" || fail "the program did not end on TERM"
 for daemon in $(pgrep -x dbus-daemon); do
     tr '\0' '\n' <"/proc/$daemon/environ" 2>/dev/null | grep -qxF "XDG_RUNTIME_DIR=$XDG_RUNTIME_DIR" &&
         fail "the program started a session bus (dbus-daemon $daemon) that outlives it"
 done
 [ -e "$HOME/.dbus" ] && fail "the program wrote $HOME/.dbus"
 # 8. '--show WINDOW' starts the program when none runs and opens that window; a name it has not is refused.
-kill -0 "$main_pid" 2>/dev/null && fail "the program did not end on TERM"
 "$program" --show alarm-set >"$work/show.out" 2>&1 || fail "--show alarm-set exited $?: $(cat "$work/show.out")"
 [ -s "$work/show.out" ] && fail "--show printed '$(cat "$work/show.out")'"
 wait_for_window '^Bellwick Alarm Clock( sp)?\.\.\.' 5 >/dev/null || fail "--show alarm-set opened no Alarm Set window"
-main_pid=$(head -1 "$XDG_RUNTIME_DIR/bellwick/bellwick.lock" 2>/dev/null)
-pids+=("$main_pid")
-xdotool search --onlyvisible --name '^Settings$' >/dev/null 2>&1 && fail "Settings was open before --show settings"
+adopt_program
+window_gone '^Settings$' || fail "Settings was open before --show settings"
 "$program" --show settings || fail "--show settings exited $?"
 wait_for_window '^Settings$' 5 >/dev/null || fail "--show settings opened no Settings window"
 window_of_width 200 1 >/dev/null && fail "the clock was up before --show clock"

@@ -9,13 +9,11 @@ set -uo pipefail
 program="$1"
 dpi="$2"
 . "$(dirname "$0")/desktop_env.sh"
-need_tools xwininfo
 start_desktop "$dpi"
 export SDL_AUDIODRIVER=dummy
 write_settings ALAEOfDCWSOfUISPOfISOMOf clock
 
-"$program" >"$work/bellwick.log" 2>&1 &
-pids+=($!)
+start_program
 
 # The window is 3000 x 1020 twips; its device pixels follow the density, as does the snap distance of 10 pixels.
 # It starts centred: (1024 x twips per pixel - 3000) / 2 twips. The bottom edge holds it short of flush
@@ -28,7 +26,7 @@ case "$dpi" in
 *) fail "no figures for $dpi dots per inch" ;;
 esac
 
-clock=$(window_of_width "${size%x*}" 10) || { cat "$work/bellwick.log"; fail "no desktop clock of $size pixels"; }
+clock=$(window_of_width "${size%x*}" 10) || fail "no desktop clock of $size pixels"
 place() { xdotool getwindowgeometry "$clock" | awk '/Position/ {split($2, p, ","); print p[1], p[2]}'; }
 drag() { # grip x y inside the window, to screen x y [, last step], in steps as a hand would: 20 pixels, and the
     # given step (3 unless told) over the last 30 pixels of each axis
@@ -50,11 +48,10 @@ step_to() { # variable to last-step: moves the variable one step towards to
     [ "${d#-}" -gt 30 ] && s=20
     if [ "$d" -gt 0 ]; then printf -v "$1" %d $((${!1} + (d < s ? d : s))); else printf -v "$1" %d $((${!1} - (-d < s ? -d : s))); fi
 }
+at_place() { stands=$(place) && [ "$stands" = "$1 $2" ]; } # left top; sets stands
 expect_place() { # left top, what: where the clock stands once the program has caught up, within 3 s
-    local left top
-    for _ in $(seq 30); do read -r left top < <(place) && [ "$left $top" = "$1 $2" ] && break; sleep 0.1; done
-    [ "$left $top" = "$1 $2" ] || fail "$3: the clock stands at $left,$top, not $1,$2"
-    echo "$3: $left,$top"
+    eventually 3 at_place "$1" "$2" || fail "$3: the clock stands at $stands, not $1 $2"
+    echo "$3: $stands"
 }
 
 # 1. It starts centred at the top; its outline is the pill, pixel for pixel, at every density.
@@ -114,6 +111,6 @@ expect_place "$left" 0 "back under the pointer"
 
 # 7. A left press on the right end closes it.
 xdotool mousemove $((left + 146)) 10 click 1
-for _ in $(seq 30); do xdotool search --onlyvisible --class bellwick 2>/dev/null | grep -qx "$clock" || break; sleep 0.1; done
-xdotool search --onlyvisible --class bellwick 2>/dev/null | grep -qx "$clock" && fail "the clock did not close"
+closed() { ! xdotool search --onlyvisible --class bellwick 2>/dev/null | grep -qx "$clock"; }
+eventually 3 closed || fail "the clock did not close"
 echo "1 passed, 0 failed"

@@ -1,8 +1,9 @@
 # Sourced by the desktop runs: a fresh per-user folder and a real X display with a window manager and a tray.
-# Gives: $work, pids, fail, start_desktop [dots per inch] [notray], start_tray, write_settings <record 4 value>
-# [clock at start], start_sound_server, stop_sound_server, record_rms <seconds>, wait_for_window <name pattern>
-# <seconds>, tray_icon, wait_for_icon <seconds>, window_of_width <pixels> <seconds>, focus_window <id>,
-# second_start_refused <program>.
+# Gives $work, pids, fail, eventually, not_near_midnight; the desktop (start_desktop, start_tray,
+# start_session_bus); the settings file (write_settings); sound (start_sound_server, stop_sound_server, record_rms,
+# loud, expect_sound, expect_silence); the program (start_program, adopt_program, ended, alive, add_alarm,
+# break_sounds); its windows (wait_for_window, window_gone, own_windows, more_windows_than, tray_icon,
+# wait_for_icon, window_of_width, focus_window, answer_box, second_start_refused).
 
 work=$(mktemp -d)
 pids=()
@@ -13,9 +14,19 @@ cleanup() {
     rm -rf "$work"
 }
 trap cleanup EXIT
-fail() {
+fail() { # what went wrong; then the last words of the program started by start_program
     echo "FAIL: $*"
+    [ -s "$work/stderr.log" ] && { echo "--- the program said:"; tail -20 "$work/stderr.log"; }
     exit 1
+}
+eventually() { # seconds, command...: true once the command is, tried every tenth of a second
+    local tries=$(($1 * 10))
+    shift
+    for _ in $(seq "$tries"); do "$@" && return 0; sleep 0.1; done
+    return 1
+}
+not_near_midnight() { # HHMMSS: waits while the clock is past it, so that the run's today stays today
+    while [ "$(date +%H%M%S)" -gt "$1" ]; do sleep 5; done
 }
 need_tools() {
     for tool in "$@"; do
@@ -29,47 +40,43 @@ export QT_QPA_PLATFORM=xcb
 
 start_desktop() { # [dots per inch] [notray]
     local dpi="${1:-96}"
-    need_tools Xvfb openbox trayer xdotool xdpyinfo xprop
+    need_tools Xvfb openbox trayer xdotool xdpyinfo xprop xwininfo
     # -noreset: a server resets when its last client leaves, and a client that comes just then is turned away.
     # The server picks a free display number itself: one picked at random may still be held by a server that is
     # going away, and the desktop would come up on that one and vanish with it.
     Xvfb -displayfd 3 -screen 0 1024x768x24 -dpi "$dpi" -nolisten tcp -noreset 3>"$work/display" >"$work/xvfb.log" 2>&1 &
     pids+=($!)
-    local number=""
-    for _ in $(seq 100); do number=$(cat "$work/display" 2>/dev/null) && [ -n "$number" ] && break; sleep 0.1; done
-    [ -n "$number" ] || { cat "$work/xvfb.log"; fail "Xvfb gave no display number"; }
-    display=:$number
-    export DISPLAY=$display
+    eventually 10 [ -s "$work/display" ] || { cat "$work/xvfb.log"; fail "Xvfb gave no display number"; }
+    export DISPLAY=:$(cat "$work/display")
     # Qt takes its scale factor from the font density, as a desktop set to this density would give it.
     if [ "$dpi" != 96 ]; then export QT_FONT_DPI=$dpi; else unset QT_FONT_DPI; fi
-    local up=""
-    for _ in $(seq 100); do xdpyinfo >/dev/null 2>&1 && up=1 && break; sleep 0.1; done
-    [ -n "$up" ] || { cat "$work/xvfb.log"; fail "Xvfb did not start on $display"; }
+    eventually 10 xdpyinfo >/dev/null 2>&1 || { cat "$work/xvfb.log"; fail "Xvfb did not start on $DISPLAY"; }
     openbox >"$work/openbox.log" 2>&1 &
     pids+=($!)
     # On a busy machine the window manager can come up seconds later; windows mapped before it stand unframed.
-    local managed=""
-    for _ in $(seq 150); do
-        xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id' && managed=1 && break
-        sleep 0.1
-    done
-    [ -n "$managed" ] || { cat "$work/openbox.log"; fail "openbox did not start on $display"; }
-    [ "${2:-}" = notray ] && return 0
-    start_tray
+    managed() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
+    eventually 15 managed || { cat "$work/openbox.log"; fail "openbox did not start on $DISPLAY"; }
+    [ "${2:-}" = notray ] || start_tray
 }
 
 start_tray() {
     # The tray must stand before the program asks for it; trayer now and then misses a display that just came up.
-    local tray_up=""
     for _ in 1 2 3; do
         trayer --edge top --align right --widthtype request --height 26 --transparent false >>"$work/trayer.log" 2>&1 &
         pids+=($!)
-        for _ in $(seq 50); do xdotool search --class trayer >/dev/null 2>&1 && tray_up=1 && break; sleep 0.1; done
-        [ -n "$tray_up" ] && break
+        eventually 5 xdotool search --class trayer >/dev/null 2>&1 && sleep 0.5 && return 0
         echo "trayer did not come up, starting it again"
     done
-    [ -n "$tray_up" ] || { cat "$work/trayer.log"; fail "trayer did not start"; }
-    sleep 0.5
+    cat "$work/trayer.log"
+    fail "trayer did not start"
+}
+
+start_session_bus() { # a private one, for the accessibility bus or a StatusNotifier host
+    need_tools dbus-daemon
+    { read -r DBUS_SESSION_BUS_ADDRESS && read -r bus_pid; } < <(dbus-daemon --session --fork --print-address=1 --print-pid=1)
+    [ -n "${bus_pid:-}" ] || fail "no session bus"
+    export DBUS_SESSION_BUS_ADDRESS
+    pids+=("$bus_pid")
 }
 
 # The settings file: the [Setting] record 4 with the given value, and record 13 when the clock shows at start.
@@ -101,8 +108,7 @@ stop_sound_server() {
     local pid
     pid=$(cat "$XDG_RUNTIME_DIR/pulse/pid" 2>/dev/null) || return 0
     kill "$pid" 2>/dev/null
-    for _ in $(seq 50); do kill -0 "$pid" 2>/dev/null || return 0; sleep 0.1; done
-    kill -9 "$pid" 2>/dev/null
+    eventually 5 ended "$pid" || kill -9 "$pid" 2>/dev/null
 }
 
 # RMS of what the sink plays over some seconds.
@@ -111,14 +117,51 @@ record_rms() {
     [ -s "$work/rec.raw" ] || { echo 0; return; }
     sox -t raw -r 22050 -e signed -b 16 -c 1 "$work/rec.raw" -n stat 2>&1 | awk '/RMS +amplitude/ {print $3}'
 }
-
-wait_for_window() { # name pattern, seconds
-    for _ in $(seq $(($2 * 10))); do
-        xdotool search --onlyvisible --name "$1" 2>/dev/null | head -1 | grep . && return 0
-        sleep 0.1
-    done
-    return 1
+loud() { awk -v r="$1" 'BEGIN { exit !(r > 0.01) }'; }
+expect_sound() { # what: the sink plays it over the next 2 s
+    local rms
+    rms=$(record_rms 2)
+    echo "$1 at $(date +%T): RMS $rms"
+    loud "$rms" || fail "$1: no sound was recorded"
 }
+expect_silence() { # what: the sink stays silent over the next 2 s
+    local rms
+    rms=$(record_rms 2)
+    echo "$1: RMS $rms"
+    awk -v r="$rms" 'BEGIN { exit !(r < 0.001) }' || fail "$1: the sound goes on"
+}
+
+# The program in the background, its output in $work/out.log and $work/stderr.log; sets pid.
+start_program() { # [arguments]
+    "$program" "$@" >"$work/out.log" 2>"$work/stderr.log" &
+    pid=$!
+    pids+=($pid)
+}
+# The copy that a command of the program started, from the lock; sets pid.
+adopt_program() { # [runtime folder]
+    pid=$(head -1 "${1:-$XDG_RUNTIME_DIR}/bellwick/bellwick.lock" 2>/dev/null)
+    [ -n "$pid" ] && kill -0 "$pid" 2>/dev/null || fail "no running program after the command"
+    pids+=("$pid")
+}
+ended() { ! kill -0 "$1" 2>/dev/null; } # pid
+alive() { kill -0 "$pid" 2>/dev/null || fail "the program ended $*"; }
+# An alarm a few seconds ahead, set through the program once it stands: one planted ahead of a slow start would
+# pass unrung. Sets due.
+add_alarm() { # [add options]
+    due=$("$program" add --in 3s "$@" | cut -d' ' -f2) && [ -n "$due" ] || fail "no alarm set by add $*"
+}
+# A wave cut after its header and a midi that is text: the next alarm ends in the box.
+break_sounds() {
+    { printf 'RIFF\x2c\x00\x00\x00WAVEfmt \x10\x00\x00\x00\x01\x00\x01\x00\x44\xac\x00\x00\x88\x58\x01\x00\x02\x00\x10\x00'
+      printf 'data\x10\x00\x00\x00'; head -c 16 /dev/zero; } >"$XDG_DATA_HOME/bellwick/ding.wav"
+    echo "not a midi file" >"$XDG_DATA_HOME/bellwick/air.mid"
+}
+
+first_window() { xdotool search --onlyvisible --name "$1" 2>/dev/null | head -1 | grep .; }
+wait_for_window() { eventually "$2" first_window "$1"; } # name pattern, seconds: its id
+window_gone() { ! xdotool search --onlyvisible --name "$1" >/dev/null 2>&1; } # name pattern
+own_windows() { xdotool search --onlyvisible --class bellwick 2>/dev/null | wc -l; }
+more_windows_than() { [ "$(own_windows)" -gt "$1" ]; } # count: a menu or window of ours has come
 
 tray_icon() { # the id of the program's icon-sized window: its icon in the tray
     for w in $(xdotool search --onlyvisible --class bellwick 2>/dev/null); do
@@ -128,40 +171,40 @@ tray_icon() { # the id of the program's icon-sized window: its icon in the tray
     done
     return 1
 }
-wait_for_icon() { # seconds: the tray icon's id once it stands
-    for _ in $(seq $(($1 * 10))); do tray_icon && return 0; sleep 0.1; done
-    return 1
-}
+wait_for_icon() { eventually "$1" tray_icon; } # seconds: the tray icon's id once it stands
 
 window_of_width() { # pixels, seconds: the id of one of the program's windows of that width
-    local w
-    for _ in $(seq $(($2 * 10))); do
+    of_width() {
+        local w
         for w in $(xdotool search --onlyvisible --class bellwick 2>/dev/null); do
             xwininfo -id "$w" | grep -q "Width: $1\$" && echo "$w" && return 0
         done
-        sleep 0.1
-    done
-    return 1
+        return 1
+    }
+    eventually "$2" of_width "$1"
 }
 
 # Keys go where the X focus is, which the program takes a moment after the window manager calls it active.
 focus_window() { # window id: true once it holds the keyboard
-    for _ in $(seq 30); do
+    focused() {
         timeout 1 xdotool windowactivate --sync "$1" 2>/dev/null
         # -f: the window that holds the X focus itself, not a managed window found above it.
-        [ "$(timeout 1 xdotool getwindowfocus -f 2>/dev/null)" = "$1" ] && return 0
-        sleep 0.1
-    done
-    return 1
+        [ "$(timeout 1 xdotool getwindowfocus -f 2>/dev/null)" = "$1" ]
+    }
+    eventually 3 focused "$1"
 }
 
-second_start_refused() { # <program>: a second start says so, is answered and ends
-    "$1" >"$work/second.log" 2>&1 &
-    local second_pid=$! refusal
-    refusal=$(wait_for_window '^Bellwick Alarm Clock sp$' 10) || fail "second start not refused"
-    focus_window "$refusal" || fail "the refusal would not take the keyboard"
+answer_box() { # seconds, what: the program's box comes, takes the keyboard and is answered
+    local box
+    box=$(wait_for_window '^Bellwick Alarm Clock sp$' "$1") || fail "no box $2"
+    echo "box at $(date +%T) $2"
+    focus_window "$box" || fail "the box $2 would not take the keyboard"
     xdotool key Return
-    for _ in $(seq 50); do kill -0 "$second_pid" 2>/dev/null || break; sleep 0.1; done
-    kill -0 "$second_pid" 2>/dev/null && fail "second copy still runs"
-    return 0
+}
+
+second_start_refused() { # a second start says so, is answered and ends
+    "$program" >"$work/second.log" 2>&1 &
+    local second_pid=$!
+    answer_box 10 "refusing a second start"
+    eventually 5 ended "$second_pid" || fail "second copy still runs"
 }

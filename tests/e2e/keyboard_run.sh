@@ -11,37 +11,21 @@ program="$1"
 start_desktop 96 notray
 export SDL_AUDIODRIVER=dummy
 folder="$XDG_DATA_HOME/bellwick"
-# Tomorrow must stay tomorrow while the run lasts.
-while [ "$(date +%H%M%S)" -gt 235800 ]; do sleep 5; done
+not_near_midnight 235800
 tomorrow=$(date -d tomorrow +%Y/%m/%d)
 : >"$folder/future.dat"
 write_settings ALAEOfDCWSOfUISPOfISOMOf
 
-"$program" >"$work/bellwick.log" 2>&1 &
-pids+=($!)
+start_program
 
 press() { xdotool key --delay 120 "$@"; sleep 0.4; }
-gone() { # window pattern: waits until no such window shows
-    for _ in $(seq 50); do xdotool search --onlyvisible --name "$1" >/dev/null 2>&1 || return 0; sleep 0.1; done
-    return 1
-}
-schedule_has() { # pattern, seconds: waits for future.dat to hold a line that matches
-    for _ in $(seq $(($2 * 10))); do grep -a -q -- "$1" "$folder/future.dat" 2>/dev/null && return 0; sleep 0.1; done
-    return 1
-}
-active_is() { # window id: the window that has the keyboard
-    for _ in $(seq 50); do [ "$(xdotool getactivewindow 2>/dev/null)" = "$1" ] && return 0; sleep 0.1; done
-    return 1
-}
-popup_open() { # a menu of ours stands besides the given number of windows
-    for _ in $(seq 30); do
-        [ "$(xdotool search --onlyvisible --class bellwick 2>/dev/null | wc -l)" -gt "$1" ] && return 0
-        sleep 0.1
-    done
-    return 1
-}
+gone() { eventually 5 window_gone "$1"; } # window pattern
+schedule_has() { eventually 5 grep -a -q -- "$1" "$folder/future.dat"; } # pattern
+active() { [ "$(xdotool getactivewindow 2>/dev/null)" = "$1" ]; }
+active_is() { eventually 5 active "$1"; } # window id: the window that has the keyboard
+popup_open() { eventually 3 more_windows_than "$1"; } # a menu of ours stands besides that many windows
 
-alarm_set=$(wait_for_window '^Bellwick Alarm Clock' 15) || { cat "$work/bellwick.log"; fail "no Alarm Set window"; }
+alarm_set=$(wait_for_window '^Bellwick Alarm Clock' 15) || fail "no Alarm Set window"
 active_is "$alarm_set" || fail "the Alarm Set window did not take the keyboard"
 
 # Settings: Alt reaches the menu bar, whose first entry is Settings; Escape closes it.
@@ -56,13 +40,13 @@ echo "Settings opened from the menu bar and closed with Escape"
 # An alarm for tomorrow: hour, minute, second, then the date (Tab, Space opens the calendar, Right is the next
 # day, Return picks it and closes the calendar), then Tab to Add and Return.
 press 1 0 Tab 3 0 Tab 0 0 Tab Tab space Right Return Tab Return
-schedule_has "\"$tomorrow" 5 || fail "no alarm for $tomorrow in future.dat: $(cat "$folder/future.dat")"
+schedule_has "\"$tomorrow" || fail "no alarm for $tomorrow in future.dat: $(cat "$folder/future.dat")"
 echo "set for tomorrow: $(tr -d '\r' <"$folder/future.dat")"
 
 # Adding for another day shows the event list; Coming hides it and shows it again, with the keyboard in it.
 press alt Right Return
 press alt Right Return
-windows=$(xdotool search --onlyvisible --class bellwick 2>/dev/null | wc -l)
+windows=$(own_windows)
 press Home Menu
 popup_open "$windows" || fail "the Menu key opened no menu on the event list"
 press Escape
@@ -84,12 +68,12 @@ press Tab Tab Tab Tab Tab
 xdotool type --delay 80 "keyed"
 press Tab Return
 gone '^ Edit$' || fail "OK did not close the Edit window"
-schedule_has "\"keyed$tomorrow" 5 || fail "the edit did not reach future.dat: $(cat "$folder/future.dat")"
+schedule_has "\"keyed$tomorrow" || fail "the edit did not reach future.dat: $(cat "$folder/future.dat")"
 echo "edited: $(tr -d '\r' <"$folder/future.dat")"
 
 # Delete: the menu's second entry.
 press Home Menu Down Down Return
-for _ in $(seq 50); do grep -a -q "$tomorrow" "$folder/future.dat" || break; sleep 0.1; done
-grep -a -q "$tomorrow" "$folder/future.dat" && fail "the alarm is still in future.dat: $(cat "$folder/future.dat")"
+emptied() { ! grep -a -q "$tomorrow" "$folder/future.dat"; }
+eventually 5 emptied || fail "the alarm is still in future.dat: $(cat "$folder/future.dat")"
 echo "deleted: future.dat holds $(wc -c <"$folder/future.dat") bytes"
 echo "1 passed, 0 failed"

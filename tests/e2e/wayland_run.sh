@@ -23,71 +23,57 @@ start_weston() { # [--xwayland]
     weston --backend=headless-backend.so --no-config --socket="$socket" --idle-time=0 --width=1024 --height=768 \
         "$@" >"$work/weston.log" 2>&1 &
     pids+=($!)
-    for _ in $(seq 50); do [ -S "$XDG_RUNTIME_DIR/$socket" ] && break; sleep 0.1; done
-    [ -S "$XDG_RUNTIME_DIR/$socket" ] || { cat "$work/weston.log"; fail "weston did not start"; }
+    eventually 5 [ -S "$XDG_RUNTIME_DIR/$socket" ] || { cat "$work/weston.log"; fail "weston did not start"; }
     export WAYLAND_DISPLAY=$socket
 }
 
-# The clock shown at start; the alarm is set through the program once it stands, a few seconds ahead.
-while [ "$(date +%H%M%S)" -gt 235900 ]; do sleep 5; done
+# The clock shown at start.
+not_near_midnight 235900
 write_settings ALAEOfDCWSOfUISPOfISOMOf clock
-add_alarm() { due=$("$program" add --in 3s --message "Wayland check" | cut -d' ' -f2) && [ -n "$due" ]; }
 
 case "$mode" in
 xwayland)
     need_tools Xwayland xwininfo
     start_weston --xwayland
-    for _ in $(seq 50); do grep -q 'xserver listening on display' "$work/weston.log" && break; sleep 0.1; done
+    eventually 5 grep -q 'xserver listening on display' "$work/weston.log"
     DISPLAY=$(grep -o 'xserver listening on display :[0-9]*' "$work/weston.log" | grep -o ':[0-9]*$')
     [ -n "$DISPLAY" ] || { cat "$work/weston.log"; fail "weston started no XWayland"; }
     export DISPLAY
-    "$program" 2>"$work/stderr.log" &
-    pid=$!
-    pids+=($pid)
-
-    clock=$(window_of_width 200 10) || { cat "$work/stderr.log"; fail "no desktop clock on the X11 display $DISPLAY"; }
+    start_program
+    clock=$(window_of_width 200 10) || fail "no desktop clock on the X11 display $DISPLAY"
     extents=$(xwininfo -id "$clock" -shape | awk '/Window shape extents/ {print $4}')
     [ "$extents" = "155x21+1+1" ] || fail "the outline is $extents, not 155x21+1+1"
     echo "on XWayland $DISPLAY: outline $extents"
-    add_alarm || fail "the alarm was not set"
-
-    wait_for_window '^Message  ' 20 >/dev/null || { cat "$work/stderr.log"; fail "no message window for $due"; }
+    add_alarm --message "Wayland check"
+    wait_for_window '^Message  ' 20 >/dev/null || fail "no message window for $due"
     echo "alarm at $due: message window at $(date +%T)"
-    kill -0 "$pid" 2>/dev/null || fail "the program ended"
-    grep -q 'Wayland' "$work/stderr.log" && fail "it says it runs on Wayland: $(cat "$work/stderr.log")"
+    alive "on XWayland"
+    grep -q 'Wayland' "$work/stderr.log" && fail "it says it runs on Wayland"
     ;;
 native)
     start_weston
     # A DISPLAY that leads nowhere: Qt says so, then the program comes up on Wayland.
-    DISPLAY=:$((500 + RANDOM % 400)) "$program" 2>"$work/fallback.log" &
-    pid=$!
-    pids+=($pid)
-    for _ in $(seq 50); do grep -q '^bellwick: on Wayland' "$work/fallback.log" && break; sleep 0.1; done
-    grep -q '^bellwick: on Wayland' "$work/fallback.log" ||
-        { cat "$work/fallback.log"; fail "with a dead DISPLAY it did not come up on Wayland"; }
+    DISPLAY=:$((500 + RANDOM % 400)) start_program
+    eventually 5 grep -q '^bellwick: on Wayland' "$work/stderr.log" || fail "with a dead DISPLAY it did not come up on Wayland"
     kill "$pid"
     wait "$pid" 2>/dev/null
     echo "a dead DISPLAY falls back to Wayland"
 
     # Every request to the compositor, each line stamped; the program's own lines are the others.
-    WAYLAND_DEBUG=client "$program" 2>"$work/stderr.log" &
-    pid=$!
-    pids+=($pid)
+    WAYLAND_DEBUG=client start_program
     asked() { grep -q "xdg_toplevel@[0-9]*\.set_title(\"$1" "$work/stderr.log"; }
-    for _ in $(seq 100); do asked 'bellwick")' && break; sleep 0.1; done
-    add_alarm || fail "the alarm was not set"
-    for _ in $(seq 100); do asked 'Message  ' && break; sleep 0.1; done
-    asked 'Message  ' || fail "no message window asked for the alarm at $due"
+    eventually 10 asked 'bellwick")'
+    add_alarm --message "Wayland check"
+    eventually 10 asked 'Message  ' || fail "no message window asked for the alarm at $due"
     echo "alarm at $due: message window asked at $(date +%T)"
     [ "$(date +%s)" -ge "$(date -d "$due" +%s)" ] || fail "the message window came before $due"
     asked 'bellwick")' || fail "no desktop clock window"
     # Qt makes a widget's mask the input region there: the pill would only take clicks, not cut the window.
     grep -q 'set_input_region(wl_region' "$work/stderr.log" && fail "a window was given an outline"
     # The stand-in comes once the tray's grace period is over, which may be after the alarm.
-    for _ in $(seq 100); do asked 'Bellwick Alarm Clock sp' && break; sleep 0.1; done
-    asked 'Bellwick Alarm Clock sp' || fail "no Alarm Set window standing in for the tray"
+    eventually 10 asked 'Bellwick Alarm Clock sp' || fail "no Alarm Set window standing in for the tray"
     sleep 1
-    kill -0 "$pid" 2>/dev/null || { grep -v '^\[' "$work/stderr.log"; fail "the program ended"; }
+    alive "on Wayland"
     ours=$(grep -v '^\[' "$work/stderr.log")
     echo "$ours"
     [ "$(grep -c '^bellwick: on Wayland' <<<"$ours")" -eq 1 ] || fail "the Wayland line is not there once"

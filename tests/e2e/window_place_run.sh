@@ -8,7 +8,6 @@ set -uo pipefail
 program="$1"
 dpi="${2:-96}"
 . "$(dirname "$0")/desktop_env.sh"
-need_tools xwininfo
 start_desktop "$dpi"
 export SDL_AUDIODRIVER=dummy
 write_settings ALAEOnDCWSOfUISPOfISOMOf
@@ -26,8 +25,7 @@ if [ -n "$frame" ]; then
     } | dd of="$XDG_DATA_HOME/bellwick/tolm.ini" conv=notrunc status=none
 fi
 : >"$XDG_DATA_HOME/bellwick/my.dat"
-"$program" >"$work/bellwick.log" 2>&1 &
-pids+=($!)
+start_program
 icon=$(wait_for_icon 10) || fail "no tray icon"
 
 tray_menu() { # the keys that take the tray menu to a line, then Return; they wait for the menu to stand
@@ -35,12 +33,9 @@ tray_menu() { # the keys that take the tray menu to a line, then Return; they wa
     # A press within the double-click time of the last one is a double click, which opens no menu.
     sleep 0.5
     local before
-    before=$(xdotool search --onlyvisible --class bellwick 2>/dev/null | wc -l)
+    before=$(own_windows)
     xdotool mousemove $((X + 5)) $((Y + 5)) click 3
-    for _ in $(seq 50); do
-        [ "$(xdotool search --onlyvisible --class bellwick 2>/dev/null | wc -l)" -gt "$before" ] && break
-        sleep 0.1
-    done
+    eventually 5 more_windows_than "$before"
     xdotool key "$@" Return
 }
 open_alarm_set() { # the menu's third line: About, a separator, Alarm Set
@@ -50,11 +45,8 @@ open_alarm_set() { # the menu's third line: About, a separator, Alarm Set
 # The frame's outer corner in device pixels.
 frame_corner() { xwininfo -id "$1" | awk '/Absolute upper-left [XY]/ {a[++n] = $4} /Relative upper-left [XY]/ {r[++m] = $4}
     END {print a[1] - r[1], a[2] - r[2]}'; }
-wait_for_corner() { # window, expected frame corner: the corner where it stands after up to 3 s
-    local corner=""
-    for _ in $(seq 30); do corner=$(frame_corner "$1") && [ "$corner" = "$2" ] && break; sleep 0.1; done
-    echo "$corner"
-}
+corner_is() { corner=$(frame_corner "$1") && [ "$corner" = "$2" ]; } # window, frame corner; sets corner
+wait_for_corner() { eventually 3 corner_is "$@"; echo "$corner"; } # window, frame corner: where it stands after 3 s
 
 window=$(open_alarm_set) || fail "the tray menu opened no Alarm Set window"
 sleep 0.5
@@ -66,11 +58,11 @@ fi
 
 first=$(frame_corner "$window")
 xdotool windowmove "$window" 136 125
-for _ in $(seq 30); do moved=$(frame_corner "$window") && [ "$moved" != "$first" ] && break; sleep 0.1; done
-[ "$moved" != "$first" ] || fail "the window did not move from $first"
+moved() { moved=$(frame_corner "$window") && [ "$moved" != "$first" ]; }
+eventually 3 moved || fail "the window did not move from $first"
 focus_window "$window" || fail "the Alarm Set window would not take the keyboard"
 xdotool key alt+F4
-for _ in $(seq 30); do xdotool search --onlyvisible --name '^Bellwick Alarm Clock' >/dev/null 2>&1 || break; sleep 0.1; done
+eventually 3 window_gone '^Bellwick Alarm Clock'
 open_alarm_set >/dev/null || fail "the window did not come back"
 again=$(wait_for_corner "$window" "$moved")
 echo "frame first at $first, moved to $moved, shown again at $again"
