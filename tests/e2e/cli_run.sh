@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
 # Alarms from the command line on a real desktop: 'bellwick add --in 20s' starts the program when none runs and
 # the alarm rings with its message window and sound; a refusal comes back on standard error with no window on
-# the desktop; a plain second start is still refused with its box; two scripts adding 50 events each at once
-# for another day lose none of them; the data folder and new files are private, and no session bus is started;
-# 'bellwick --show' starts the program and opens the window it names.
+# the desktop; a plain second start is still refused with its box; a recurring alarm rings, is listed and
+# removed; two scripts adding 50 events each at once for another day lose none of them; the data folder and new
+# files are private, and no session bus is started; 'bellwick --show' starts the program and opens the window it
+# names.
 # Usage: cli_run.sh <path to bellwick>
 set -uo pipefail
 program="$1"
@@ -20,7 +21,7 @@ not_near_midnight 235930 # the events of step 1 and 2 are today's
 # flock would, with one more pipe open: the program it starts keeps neither the lock nor the pipe.
 started=$(date +%s%N)
 (
-    flock "$work/job.lock" "$program" add --in 20s --plays repeat --message 'From a "script"' 3>&1 2>"$work/add.err" |
+    flock "$work/job.lock" "$program" add --in 20s --plays twice --message 'From a "script"' 3>&1 2>"$work/add.err" |
         cat >"$work/add.out"
     echo "${PIPESTATUS[0]}" >"$work/add.status"
 ) &
@@ -32,7 +33,7 @@ status=$(cat "$work/add.status")
 took=$((($(date +%s%N) - started) / 1000000))
 [ "$status" -eq 0 ] || fail "add exited $status: $(cat "$work/add.err")"
 echo "set in ${took} ms, with the program started: $line"
-echo "$line" | grep -qE "^$(date +%Y/%m/%d) [0-9]{2}:[0-9]{2}:[0-9]{2} repeat From a 'script'$" || fail "add printed '$line'"
+echo "$line" | grep -qE "^$(date +%Y/%m/%d) [0-9]{2}:[0-9]{2}:[0-9]{2} twice From a 'script'$" || fail "add printed '$line'"
 adopt_program
 [ "$(readlink "/proc/$pid/cwd")" = / ] || fail "the program started by add works in $(readlink "/proc/$pid/cwd")"
 [ "$(ps -o sid= -p "$pid" | tr -d ' ')" != "$(ps -o sid= -p $$ | tr -d ' ')" ] || fail "the program started by add is in its caller's session"
@@ -55,14 +56,40 @@ xdotool search --onlyvisible --name '^Warning Message$' >/dev/null 2>&1 && fail 
 
 # 3. The alarm rings at its second with its message window, and sounds.
 due=$(echo "$line" | cut -d' ' -f2)
-wait_for_window '^Message  ' 30 >/dev/null || fail "no message window for $due"
+next_message 30 || fail "no message window for $due"
 expect_sound "ringing for $due"
 [ -z "$("$program" list)" ] || fail "the rung alarm is still listed"
 
 # 4. A plain second start is refused as before.
 second_start_refused
 
-# 5. Two scripts add 50 events each at once, for tomorrow: the schedule holds all 100, each whole.
+# 5. A recurring alarm: added with its rule, it rings, is listed with its next day, its file parses as iCalendar
+# with python3-icalendar (Debian's python, where the package puts it), and remove takes it away.
+not_near_midnight 235930
+due=$(date -d '+5 seconds' +%H:%M:%S)
+line=$("$program" add --time "$due" --every day --plays repeat --message 'Daily stretch') || fail "add exited $?"
+[ "$line" = "$(date +%Y/%m/%d) $due repeat (every day) Daily stretch" ] || fail "add --every printed '$line'"
+next_message 12 || fail "no message window for $due"
+expect_sound "the recurring alarm ringing for $due"
+grep -q "$(date +%Y/%m/%d) $due" "$folder/recurring.state" || fail "the rung occurrence is not kept: $(cat "$folder/recurring.state")"
+json=$("$program" list --json) || fail "list --json exited $?"
+grep -q '"every": "day"' <<<"$json" || fail "list --json has no rule: $json"
+grep -q "\"next\": \"$(date -d tomorrow +%Y/%m/%d) $due\"" <<<"$json" || fail "the next occurrence is not tomorrow's: $json"
+/usr/bin/python3 - "$folder/recurring.ics" <<'PY' || fail "recurring.ics does not parse with python3-icalendar"
+import sys
+from icalendar import Calendar
+events = Calendar.from_ical(open(sys.argv[1], 'rb').read()).walk('VEVENT')
+assert len(events) == 1, events
+assert events[0]['RRULE'].to_ical() == b'FREQ=DAILY', events[0]['RRULE']
+assert events[0].walk('VALARM'), 'no VALARM'
+PY
+"$program" remove --message 'Daily stretch' >/dev/null || fail "remove exited $?"
+[ -z "$("$program" list)" ] || fail "the removed alarm is still listed"
+grep -q 'BEGIN:VEVENT' "$folder/recurring.ics" && fail "recurring.ics still holds the alarm"
+"$program" remove --message 'Daily stretch' 2>/dev/null
+[ $? -eq 1 ] || fail "a second remove did not exit 1"
+
+# 6. Two scripts add 50 events each at once, for tomorrow: the schedule holds all 100, each whole.
 tomorrow=$(date -d tomorrow +%Y/%m/%d)
 script() { # <name>
     for n in $(seq 0 49); do
@@ -93,10 +120,10 @@ sort -c -s -k1,2 "$work/list.txt" || fail "list is not in time order"
 [ "$("$program" list --json | grep -c '"date": ')" -eq 100 ] || fail "list --json does not give the 100 events"
 alive "under the adds"
 
-# 6. What the program keeps is the user's alone: the data folder that stood open is closed, a new file is private.
+# 7. What the program keeps is the user's alone: the data folder that stood open is closed, a new file is private.
 [ "$(stat -c %a "$folder")" = 700 ] || fail "the data folder is $(stat -c %a "$folder")"
 [ "$(stat -c %a "$folder/future.dat")" = 600 ] || fail "future.dat is $(stat -c %a "$folder/future.dat")"
-# 7. Without a session bus it started none, and none outlives it.
+# 8. Without a session bus it started none, and none outlives it.
 kill "$pid"
 eventually 5 ended "$pid" || fail "the program did not end on TERM"
 for daemon in $(pgrep -x dbus-daemon); do
@@ -104,7 +131,7 @@ for daemon in $(pgrep -x dbus-daemon); do
         fail "the program started a session bus (dbus-daemon $daemon) that outlives it"
 done
 [ -e "$HOME/.dbus" ] && fail "the program wrote $HOME/.dbus"
-# 8. '--show WINDOW' starts the program when none runs and opens that window; a name it has not is refused.
+# 9. '--show WINDOW' starts the program when none runs and opens that window; a name it has not is refused.
 "$program" --show alarm-set >"$work/show.out" 2>&1 || fail "--show alarm-set exited $?: $(cat "$work/show.out")"
 [ -s "$work/show.out" ] && fail "--show printed '$(cat "$work/show.out")'"
 wait_for_window '^Bellwick Alarm Clock( sp)?\.\.\.' 5 >/dev/null || fail "--show alarm-set opened no Alarm Set window"

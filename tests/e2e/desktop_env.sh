@@ -2,8 +2,8 @@
 # Gives $work, pids, fail, eventually, not_near_midnight; the desktop (start_desktop, start_tray,
 # start_session_bus); the settings file (write_settings); sound (start_sound_server, stop_sound_server, record_rms,
 # loud, expect_sound, expect_silence); the program (start_program, adopt_program, ended, alive, add_alarm,
-# break_sounds); its windows (wait_for_window, window_gone, own_windows, more_windows_than, tray_icon,
-# wait_for_icon, window_of_width, focus_window, answer_box, second_start_refused).
+# break_sounds); its windows (wait_for_window, next_message, window_gone, own_windows, more_windows_than,
+# tray_icon, wait_for_icon, window_of_width, focus_window, answer_box, second_start_refused).
 
 work=$(mktemp -d)
 pids=()
@@ -159,6 +159,13 @@ break_sounds() {
 
 first_window() { xdotool search --onlyvisible --name "$1" 2>/dev/null | head -1 | grep .; }
 wait_for_window() { eventually "$2" first_window "$1"; } # name pattern, seconds: its id
+messages="" # the message windows seen so far, one id a line
+new_message() { # a message window not seen before joins messages
+    local w
+    w=$(xdotool search --onlyvisible --name '^Message  ' 2>/dev/null | grep -vxF -e "${messages:-none}" | head -1)
+    [ -n "$w" ] && messages+="$w"$'\n'
+}
+next_message() { eventually "$1" new_message; } # seconds: true once a new message window stands
 window_gone() { ! xdotool search --onlyvisible --name "$1" >/dev/null 2>&1; } # name pattern
 own_windows() { xdotool search --onlyvisible --class bellwick 2>/dev/null | wc -l; }
 more_windows_than() { [ "$(own_windows)" -gt "$1" ]; } # count: a menu or window of ours has come

@@ -60,13 +60,6 @@ box_then_ok() { # what for, [seconds]
     # Return must reach the box, not the message window standing beside it.
     answer_box 1 "$1"
 }
-messages=""
-new_message() { # a message window not seen before joins messages
-    local w
-    w=$(xdotool search --onlyvisible --name '^Message  ' 2>/dev/null | grep -vxF -e "${messages:-none}" | head -1)
-    [ -n "$w" ] && messages+="$w"$'\n'
-}
-next_message() { eventually "$1" new_message; } # seconds
 
 # 1. The first alarm rings until its server dies: then the box, and its message window stands.
 add_alarm --plays repeat --message "Server check one"
