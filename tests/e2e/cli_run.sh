@@ -1,20 +1,12 @@
 #!/usr/bin/env bash
-# Alarms from the command line on a real desktop: 'bellwick add --in 20s' starts the program when none runs and
-# the alarm rings with its message window and sound; a refusal comes back on standard error with no window on
-# the desktop; a plain second start is still refused with its box; a recurring alarm rings, is listed and
-# removed; two scripts adding 50 events each at once for another day lose none of them; the data folder and new
-# files are private, and no session bus is started; 'bellwick --show' starts the program and opens the window it
-# names.
+# Alarms from the command line and from scripts on a real desktop, the program they start, and --show.
 # Usage: cli_run.sh <path to bellwick>
-set -uo pipefail
-program="$1"
 . "$(dirname "$0")/desktop_env.sh"
 # No session bus, as under a bare startx: the runtime folder holds none either. The sound server comes before the
 # display, so that it cannot start one for the display itself.
 unset DBUS_SESSION_BUS_ADDRESS
 start_sound_server
 start_desktop
-folder="$XDG_DATA_HOME/bellwick"
 not_near_midnight 235930 # the events of step 1 and 2 are today's
 
 # 1. No copy runs: the command starts one, hands the alarm over and prints it. It runs as a cron job guarded by

@@ -1,16 +1,10 @@
 #!/usr/bin/env bash
-# The desktop clock on a real X display at a given density: it starts centred, its outline is the 155 x 21 pixel
-# pill, it snaps to the left and right edges and holds against a pull of exactly the snap distance, rests short of
-# the bottom edge, also in the corners, rolls up behind the top edge when dropped above it and steps the pointer
-# off its strip, comes back under the pointer and closes on a left press at its right end. Every place is checked
-# to the device pixel: at 120 and 144 dots per inch a trip through Qt's logical pixels lands one pixel off.
+# The desktop clock's outline, snaps, rests, roll-up and close on a real display, to the device pixel: at 120
+# and 144 dots per inch a trip through Qt's logical pixels lands one pixel off.
 # Usage: clock_run.sh <path to bellwick> <dots per inch: 96, 120 or 144>
-set -uo pipefail
-program="$1"
 dpi="$2"
 . "$(dirname "$0")/desktop_env.sh"
 start_desktop "$dpi"
-export SDL_AUDIODRIVER=dummy
 write_settings ALAEOfDCWSOfUISPOfISOMOf clock
 
 start_program

@@ -1,10 +1,13 @@
-# Sourced by the desktop runs: a fresh per-user folder and a real X display with a window manager and a tray.
-# Gives $work, pids, fail, eventually, not_near_midnight; the desktop (start_desktop, start_tray,
-# start_session_bus); the settings file (write_settings); sound (start_sound_server, stop_sound_server, record_rms,
-# loud, expect_sound, expect_silence); the program (start_program, adopt_program, ended, alive, add_alarm,
-# break_sounds); its windows (wait_for_window, next_message, window_gone, own_windows, more_windows_than,
-# tray_icon, wait_for_icon, window_of_width, focus_window, answer_box, second_start_refused).
+# Sourced by the desktop runs, with their arguments: $program is the first. A fresh per-user folder, and a real X
+# display with a window manager and a tray. The README says what each run checks.
+# Gives $work, $folder (the data folder), pids, fail, eventually, not_near_midnight; the desktop (start_desktop,
+# start_tray, start_session_bus); the settings file (write_settings); sound (start_sound_server,
+# stop_sound_server, record_rms, loud, expect_sound, expect_silence); the program (start_program, adopt_program,
+# ended, alive, add_alarm, break_sounds); its windows (wait_for_window, next_message, window_gone, own_windows,
+# more_windows_than, tray_icon, wait_for_icon, window_of_width, focus_window, answer_box, second_start_refused).
 
+set -uo pipefail
+program=${program:-${1:-}}
 work=$(mktemp -d)
 pids=()
 cleanup() {
@@ -35,8 +38,10 @@ need_tools() {
 }
 
 export XDG_DATA_HOME="$work/data" XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work/run" HOME="$work/home"
-mkdir -p "$XDG_DATA_HOME/bellwick" "$XDG_CONFIG_HOME" "$HOME" && mkdir -m 700 "$XDG_RUNTIME_DIR"
-export QT_QPA_PLATFORM=xcb
+folder=$XDG_DATA_HOME/bellwick
+mkdir -p "$folder" "$XDG_CONFIG_HOME" "$HOME" && mkdir -m 700 "$XDG_RUNTIME_DIR"
+# No sound device unless the run starts a sound server.
+export QT_QPA_PLATFORM=xcb SDL_AUDIODRIVER=dummy
 
 start_desktop() { # [dots per inch] [notray]
     local dpi="${1:-96}"
@@ -80,7 +85,9 @@ start_session_bus() { # a private one, for the accessibility bus or a StatusNoti
 }
 
 # The settings file: the [Setting] record 4 with the given value, and record 13 when the clock shows at start.
+# Settings that load my.dat at start (ALAEOn) get an empty one, unless one stands.
 write_settings() { # <record 4 value> [clock]
+    [[ "$1" != ALAEOn* ]] || [ -e "$folder/my.dat" ] || : >"$folder/my.dat"
     {
         head -c 165 /dev/zero
         printf '%-17s' '[Setting]'
@@ -92,7 +99,7 @@ write_settings() { # <record 4 value> [clock]
             printf '\x01\x00\x00\x00\x00\x00\x00\x00'
             printf '%-30s' ''
         fi
-    } >"$XDG_DATA_HOME/bellwick/tolm.ini"
+    } >"$folder/tolm.ini"
 }
 
 # A sound server whose only output is the null sink "e2e", which record_rms listens to.
@@ -153,8 +160,8 @@ add_alarm() { # [add options]
 # A wave cut after its header and a midi that is text: the next alarm ends in the box.
 break_sounds() {
     { printf 'RIFF\x2c\x00\x00\x00WAVEfmt \x10\x00\x00\x00\x01\x00\x01\x00\x44\xac\x00\x00\x88\x58\x01\x00\x02\x00\x10\x00'
-      printf 'data\x10\x00\x00\x00'; head -c 16 /dev/zero; } >"$XDG_DATA_HOME/bellwick/ding.wav"
-    echo "not a midi file" >"$XDG_DATA_HOME/bellwick/air.mid"
+      printf 'data\x10\x00\x00\x00'; head -c 16 /dev/zero; } >"$folder/ding.wav"
+    echo "not a midi file" >"$folder/air.mid"
 }
 
 first_window() { xdotool search --onlyvisible --name "$1" 2>/dev/null | head -1 | grep .; }

@@ -1,16 +1,11 @@
 #!/usr/bin/env bash
-# The real program on a real X display with a tray and a sound server, as a user has it: an alarm set through the
-# running program rings with its message window and sound, a second start is refused, a left click on the tray
-# icon stops a repeating alarm, and a reminder of one minute rings again.
+# The real program as a user has it: an alarm with its window and sound, the tray click, a reminder.
 # Usage: desktop_run.sh <path to bellwick>
-set -uo pipefail
-program="$1"
 . "$(dirname "$0")/desktop_env.sh"
 start_desktop
 start_sound_server
 not_near_midnight 235900
 # Settings that load my.dat at start, which loads the Alarm Set window and with it the schedule.
-: >"$XDG_DATA_HOME/bellwick/my.dat"
 write_settings ALAEOnDCWSOfUISPOfISOMOf
 start_program
 icon=$(wait_for_icon 10) || fail "no tray icon"

@@ -1,16 +1,8 @@
 #!/usr/bin/env bash
-# The real program on a real display under the faults that used to freeze it or leave an alarm silent: named pipes
-# under the names of the schedule and the day file at start; an alarm whose wave file is cut after its header and
-# whose midi file is text, which ends in the box that says the sound cannot be played, with the message window
-# standing; an alarm whose wave file is a named pipe, which ends in the same box instead of a frozen program; an
-# alarm on a machine with no sound server and no sound device at all, which ends the same way.
+# The faults that used to freeze the program or leave an alarm silent: pipes for files, sounds that cannot play.
 # Usage: fault_run.sh <path to bellwick>
-set -uo pipefail
-program="$1"
 . "$(dirname "$0")/desktop_env.sh"
 start_desktop
-export SDL_AUDIODRIVER=dummy
-folder="$XDG_DATA_HOME/bellwick"
 stop() { kill "$pid" 2>/dev/null && wait "$pid" 2>/dev/null; }
 
 # 1. Pipes under the names of the schedule and of the day file loaded at start: the program starts all the same.

@@ -1,13 +1,7 @@
 #!/usr/bin/env bash
 # The real program against a StatusNotifier tray (the D-Bus tray of KDE Plasma and AppIndicator desktops) on an X
-# display with no XEmbed tray: the icon shows in the host, its menu over D-Bus holds the eight entries in order,
-# a left click on the icon stops a repeating alarm, and Remove from that menu ends the program. A host that comes
-# a moment after the program still gets the icon, with no stand-in window; while an error box is up an entry
-# picked in that menu does nothing. Last, the menu opens from the host's keyboard calls (ContextMenu,
-# SecondaryActivate) and takes keys.
+# display with no XEmbed tray.
 # Usage: notifier_tray_run.sh <path to bellwick>
-set -uo pipefail
-program="$1"
 . "$(dirname "$0")/desktop_env.sh"
 need_tools dbus-monitor gdbus status-notifier-watcher gtk-sni-tray-standalone import convert
 start_desktop 96 notray
@@ -69,9 +63,7 @@ host_windows() { xdotool search --onlyvisible --class gtk-sni-tray-standalone 2>
 more_host_windows_than() { [ "$(host_windows)" -gt "$1" ]; }
 
 start_host
-folder="$XDG_DATA_HOME/bellwick"
 not_near_midnight 235900
-: >"$folder/my.dat"
 write_settings ALAEOnDCWSOfUISPOfISOMOf
 start_program
 main_pid=$pid

@@ -1,16 +1,9 @@
 #!/usr/bin/env bash
-# The real program while its sound server goes away and comes back, with a song whose header claims 4 GB:
-# a repeating alarm whose server dies while it rings ends in the box that says the sound cannot be played,
-# with its message window standing and the box above it; while it stands the command line is answered at once
-# (an add waits for the box and is armed after it); the server is started again and the next alarm is heard; the
-# server goes away for good and the third alarm gives the box again.
+# The real program while its sound server goes away and comes back, with a song whose header claims 4 GB.
 # Usage: sound_server_run.sh <path to bellwick>
-set -uo pipefail
-program="$1"
 . "$(dirname "$0")/desktop_env.sh"
 start_desktop
 start_sound_server
-folder="$XDG_DATA_HOME/bellwick"
 
 # Our ding with RIFF and data sizes of 0xFFFFFFF0: what the file holds plays.
 ding="$(dirname "$program")/share/ding.wav"
@@ -23,7 +16,6 @@ done
 # Each alarm is set only once the state before it stands: the program up, the server back, the server gone.
 not_near_midnight 235900
 : >"$folder/future.dat"
-: >"$folder/my.dat"
 write_settings ALAEOnDCWSOfUISPOfISOMOf
 start_program
 wait_for_icon 10 >/dev/null || fail "no tray icon"

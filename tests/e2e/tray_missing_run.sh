@@ -1,19 +1,10 @@
 #!/usr/bin/env bash
-# The real program on a desktop with no notification area, driven by keys alone (no pointer): after a few seconds
-# it says so on standard error and opens the Alarm Set window with the tray's menu in its menu bar. Settings opens
-# from the menu bar and closes with Escape; an alarm for tomorrow is set with the date picked from the calendar;
-# the event list's menu opens from the Menu key and Shift+F10, and the alarm is edited and deleted there. Closing
-# the window only minimises it; an alarm still rings with its message window; a tray that comes later gets the icon.
+# The real program on a desktop with no notification area, driven by keys alone until the tray comes.
 # Usage: tray_missing_run.sh <path to bellwick>
-set -uo pipefail
-program="$1"
 . "$(dirname "$0")/desktop_env.sh"
 start_desktop 96 notray
-export SDL_AUDIODRIVER=dummy
-folder="$XDG_DATA_HOME/bellwick"
 not_near_midnight 235800
 tomorrow=$(date -d tomorrow +%Y/%m/%d)
-: >"$folder/my.dat"
 write_settings ALAEOnDCWSOfUISPOfISOMOf
 start_program
 

@@ -1,14 +1,8 @@
 #!/usr/bin/env bash
-# The computer's wake-up for the next alarm, seen from outside in the timer the kernel holds (a real suspend needs
-# a real-time clock, which these machines lack). Modes:
-#   build:  as root the program arms a CLOCK_REALTIME_ALARM timer itself for the schedule's alarm of tomorrow less
-#           the advance, again after an earlier add, a few seconds ahead of the alarm once the early wake has gone
-#           off, and for tomorrow once the alarm has rung; a user without the capability, whose helper has none
-#           either, is told "unavailable: no permission" and the alarm still rings.
-#   helper: a user runs the installed program; the installed helper holds the capability and arms the timer.
+# The computer's wake-up for the next alarm, seen in the timer the kernel holds (a real suspend needs a real-time
+# clock, which these machines lack). build: the program's own timer as root, and a user without the capability;
+# helper: a user of the installed package, whose helper arms the timer.
 # Usage: wake_run.sh <path to bellwick> [build|helper]
-set -uo pipefail
-program="$1"
 mode="${2:-build}"
 if [ "$(id -u)" -ne 0 ]; then
     echo "SKIP: needs root, to make a throwaway user and to hold the capability"
@@ -43,7 +37,7 @@ first_wake() { "$@" list --json | sed -n 's/.*"wake": "\(.*\)".*/\1/p' | head -1
 
 if [ "$mode" = build ]; then
     export BELLWICK_WAKE_ADVANCE=20
-    printf '"%sonce07:00:00"\r\n' "$tomorrow" >"$XDG_DATA_HOME/bellwick/future.dat"
+    printf '"%sonce07:00:00"\r\n' "$tomorrow" >"$folder/future.dat"
     "$program" list >/dev/null || fail "list exited $?"
     adopt_program
     main_pid=$pid

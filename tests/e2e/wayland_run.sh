@@ -1,22 +1,11 @@
 #!/usr/bin/env bash
-# The real program in a Wayland session (weston, headless); the run sets no QT_QPA_PLATFORM of its own.
-#   xwayland: with an X11 display beside Wayland it runs on X11, so the desktop clock keeps its 155 x 21
-#             pixel pill outline; an alarm rings with its message window; no word about Wayland.
-#   native:   first, a DISPLAY that leads nowhere falls back to Wayland instead of ending the program. Then
-#             Wayland alone: one line on standard error says what is lost, and nothing else is said but the
-#             missing tray; the clock, the Alarm Set window standing in for the tray and, at the due second,
-#             the message window are asked of the compositor, the clock without an outline (read from the
-#             Wayland protocol log: nothing can look at another program's windows there); the program is
-#             still alive at the end.
+# The real program in a headless weston session, which sets no QT_QPA_PLATFORM of its own: beside XWayland it
+# runs on X11; on Wayland alone it says what is lost and asks the compositor for its windows.
 # Usage: wayland_run.sh <path to bellwick> <xwayland|native>
-set -uo pipefail
-program="$1"
 mode="$2"
 . "$(dirname "$0")/desktop_env.sh"
 need_tools weston
 unset QT_QPA_PLATFORM DISPLAY WAYLAND_DISPLAY XDG_SESSION_TYPE QT_FONT_DPI
-export SDL_AUDIODRIVER=dummy
-folder="$XDG_DATA_HOME/bellwick"
 
 start_weston() { # [--xwayland]
     local socket=bellwick-$$

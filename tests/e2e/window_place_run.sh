@@ -1,15 +1,9 @@
 #!/usr/bin/env bash
-# Windows stand on the device pixel they are given, also at scale factors where Qt's logical pixels cannot reach
-# it. The Alarm Set window opens at its stored place (at 96 dots per inch the window manager gives it its first
-# one); dragged elsewhere by the user, hidden by its close box and shown again from the tray menu, it comes back
-# where the user left it; the About box stands in the middle of the desktop less the panel.
+# Windows stand on the device pixel they are given, also where Qt's logical pixels cannot reach it.
 # Usage: window_place_run.sh <path to bellwick> [dots per inch: 96, 120 or 144]
-set -uo pipefail
-program="$1"
 dpi="${2:-96}"
 . "$(dirname "$0")/desktop_env.sh"
 start_desktop "$dpi"
-export SDL_AUDIODRIVER=dummy
 write_settings ALAEOnDCWSOfUISPOfISOMOf
 # Stored places whose pixels a trip through Qt's logical pixels would miss by one.
 case "$dpi" in
@@ -22,9 +16,8 @@ if [ -n "$frame" ]; then
     {
         printf '%-17s' '[TimeInputLoc]'
         printf "$(printf '\\x%02x\\x%02x\\x00\\x00' $((top & 255)) $((top >> 8)) $((left & 255)) $((left >> 8)))"
-    } | dd of="$XDG_DATA_HOME/bellwick/tolm.ini" conv=notrunc status=none
+    } | dd of="$folder/tolm.ini" conv=notrunc status=none
 fi
-: >"$XDG_DATA_HOME/bellwick/my.dat"
 start_program
 icon=$(wait_for_icon 10) || fail "no tray icon"
 
