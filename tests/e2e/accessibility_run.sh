@@ -19,4 +19,3 @@ printf '"not a record"\r\n"nor this one"\r\n' >"$folder/bad.dat"
 write_settings ALAEOfDCWSOfUISPOfISOMOf clock
 start_program
 /usr/bin/python3 "$(dirname "$0")/accessibility_walk.py" || fail "see above"
-echo "1 passed, 0 failed"

@@ -11,10 +11,12 @@ program=${program:-${1:-}}
 work=$(mktemp -d)
 pids=()
 cleanup() {
+    local status=$?
     for p in "${pids[@]}"; do kill "$p" 2>/dev/null; done
     pulseaudio_pid=$(cat "$work/run/pulse/pid" 2>/dev/null) && kill "$pulseaudio_pid" 2>/dev/null
     sleep 0.3
     rm -rf "$work"
+    [ "$status" -eq 0 ] && echo "$(basename "$0"): all checks passed"
 }
 trap cleanup EXIT
 fail() { # what went wrong; then the last words of the program started by start_program

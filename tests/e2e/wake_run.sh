@@ -94,4 +94,3 @@ else
 fi
 wait_for_window '^Message  ' 40 >/dev/null || fail "the user's alarm did not ring"
 expect_sound "the user's alarm"
-echo "wake-up: all checks passed"

@@ -75,4 +75,3 @@ box=$(window_of_width "$aw" 5) || fail "the tray menu opened no About box $aw pi
 corner=$(wait_for_corner "$box" "$centre")
 echo "About box: frame at $corner in the work area $wx,$wy ${ww}x$wh"
 [ "$corner" = "$centre" ] || fail "the About box stands at $corner, not in the middle at $centre"
-echo "3 passed, 0 failed"
