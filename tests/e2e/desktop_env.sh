@@ -3,7 +3,7 @@
 # Gives $work, $folder (the data folder), pids, fail, eventually, not_near_midnight; the desktop (start_desktop,
 # start_tray, start_session_bus); the settings file (write_settings); sound (start_sound_server,
 # stop_sound_server, record_rms, loud, expect_sound, expect_silence); the program (start_program, adopt_program,
-# ended, alive, add_alarm, break_sounds); its windows (wait_for_window, next_message, window_gone, own_windows,
+# ended, alive, add_alarm); its windows (wait_for_window, next_message, window_gone, own_windows,
 # more_windows_than, tray_icon, wait_for_icon, window_of_width, focus_window, answer_box, second_start_refused).
 
 set -uo pipefail
@@ -158,12 +158,6 @@ alive() { kill -0 "$pid" 2>/dev/null || fail "the program ended $*"; }
 # pass unrung. Sets due.
 add_alarm() { # [add options]
     due=$("$program" add --in 3s "$@" | cut -d' ' -f2) && [ -n "$due" ] || fail "no alarm set by add $*"
-}
-# A wave cut after its header and a midi that is text: the next alarm ends in the box.
-break_sounds() {
-    { printf 'RIFF\x2c\x00\x00\x00WAVEfmt \x10\x00\x00\x00\x01\x00\x01\x00\x44\xac\x00\x00\x88\x58\x01\x00\x02\x00\x10\x00'
-      printf 'data\x10\x00\x00\x00'; head -c 16 /dev/zero; } >"$folder/ding.wav"
-    echo "not a midi file" >"$folder/air.mid"
 }
 
 first_window() { xdotool search --onlyvisible --name "$1" 2>/dev/null | head -1 | grep .; }

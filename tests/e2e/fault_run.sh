@@ -18,7 +18,9 @@ rm -f "$folder/future.dat" "$folder/my.dat"
 not_near_midnight 235900
 : >"$folder/future.dat"
 : >"$folder/my.dat"
-break_sounds
+{ printf 'RIFF\x2c\x00\x00\x00WAVEfmt \x10\x00\x00\x00\x01\x00\x01\x00\x44\xac\x00\x00\x88\x58\x01\x00\x02\x00\x10\x00'
+  printf 'data\x10\x00\x00\x00'; head -c 16 /dev/zero; } >"$folder/ding.wav"
+echo "not a midi file" >"$folder/air.mid"
 start_program
 wait_for_icon 10 >/dev/null || fail "no tray icon"
 add_alarm --message "Fault check"

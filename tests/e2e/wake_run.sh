@@ -40,22 +40,22 @@ if [ "$mode" = build ]; then
     printf '"%sonce07:00:00"\r\n' "$tomorrow" >"$folder/future.dat"
     "$program" list >/dev/null || fail "list exited $?"
     adopt_program
-    main_pid=$pid
+
     later=$(date -d "$tomorrow 06:59:40" +%s)
-    expect_timer "$main_pid" "$later" "the schedule's alarm of tomorrow"
+    expect_timer "$pid" "$later" "the schedule's alarm of tomorrow"
     [ "$(first_wake "$program")" = armed ] || fail "list --json: $("$program" list --json)"
     "$program" list | tail -1 | grep -qx "Wake-up: the computer wakes at $tomorrow 06:59:40 for the alarm at $tomorrow 07:00:00, also from a suspend" ||
         fail "list ends with '$("$program" list | tail -1)'"
 
     line=$("$program" add --in 35s --message 'Wake check') || fail "add exited $?"
     due=$(epoch_of "$line")
-    expect_timer "$main_pid" $((due - 20)) "after an earlier add"
+    expect_timer "$pid" $((due - 20)) "after an earlier add"
     while [ "$(date +%s)" -lt $((due - 19)) ]; do sleep 0.2; done
-    expect_timer "$main_pid" $((due - 5)) "after the early wake"
+    expect_timer "$pid" $((due - 5)) "after the early wake"
     wait_for_window '^Message  ' 30 >/dev/null || fail "the alarm did not ring"
-    expect_timer "$main_pid" "$later" "once the alarm has rung"
-    kill "$main_pid"
-    eventually 5 ended "$main_pid" || fail "the program did not end on TERM"
+    expect_timer "$pid" "$later" "once the alarm has rung"
+    kill "$pid"
+    eventually 5 ended "$pid" || fail "the program did not end on TERM"
 fi
 
 # A throwaway user with a folder of its own, the display and the sound server.
