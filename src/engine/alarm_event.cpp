@@ -16,6 +16,12 @@ void turnQuotes(QString& text, qsizetype from) {
 }
 } // namespace
 
+const QStringList& playWords() {
+    static const QStringList words{QStringLiteral("once"), QStringLiteral("twice"), QStringLiteral("thrice"),
+                                   QStringLiteral("repeat")};
+    return words;
+}
+
 PlayForms fromWholeWord(const QString& word) {
     if (word == QLatin1String("twice"))
         return {QStringLiteral("twic"), QLatin1Char('=')};

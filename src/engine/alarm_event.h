@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QStringView>
 
 // An alarm event lives only as text. These are its forms and the conversions between its play words.
@@ -16,6 +17,8 @@ struct PlayForms {
     QChar mark;        // '-', '=', '#', '~'
 };
 
+// The play words, in the order the play-count boxes list them.
+const QStringList& playWords();
 // "once" / "twice" / "thrice" / "repeat" to the 4-letter form and list mark; anything else counts as once.
 PlayForms fromWholeWord(const QString& word);
 // The 4-letter form to the whole word and mark; false when the form is none of the four.

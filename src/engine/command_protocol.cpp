@@ -1,5 +1,6 @@
 #include "engine/command_protocol.h"
 
+#include "engine/alarm_event.h"
 #include "engine/command_recurring.h"
 
 #include <QJsonArray>
@@ -10,8 +11,6 @@ namespace command_protocol {
 
 namespace {
 
-const QStringList kPlays{QStringLiteral("once"), QStringLiteral("twice"), QStringLiteral("thrice"),
-                         QStringLiteral("repeat")};
 // Ten years: far enough for any reminder, and the date keeps four digits of year.
 constexpr qint64 kMostSeconds = 10LL * 366 * 24 * 3600;
 
@@ -102,7 +101,7 @@ Parsed parse(const QStringList& arguments) {
                                               "as 90s, 20m or 2h, up to ten years")
                                    .arg(value));
         } else if (name == QLatin1String("--plays")) {
-            if (!kPlays.contains(value))
+            if (!alarm_event::playWords().contains(value))
                 return refused(QStringLiteral("add: plays '%1' is not once, twice, thrice or repeat").arg(value));
             r.plays = value;
         } else if (name == QLatin1String("--message")) {

@@ -30,8 +30,6 @@ const QStringList kDays{QStringLiteral("mon"), QStringLiteral("tue"), QStringLit
                         QStringLiteral("fri"), QStringLiteral("sat"), QStringLiteral("sun")};
 const QStringList kIcalDays{QStringLiteral("MO"), QStringLiteral("TU"), QStringLiteral("WE"), QStringLiteral("TH"),
                             QStringLiteral("FR"), QStringLiteral("SA"), QStringLiteral("SU")};
-const QStringList kPlays{QStringLiteral("once"), QStringLiteral("twice"), QStringLiteral("thrice"),
-                         QStringLiteral("repeat")};
 
 // The days of the week (1 Monday .. 7 Sunday) of an --every, empty for one that names none.
 QList<int> weekdaysOf(const QString& every) {
@@ -313,7 +311,7 @@ QByteArray add(Context& ctx, const Request& request) {
     const QString shownMessage = message_text::typed(message_text::shown(request.message));
     if (message_text::length(shownMessage) > message_text::kMaxLength)
         return refusal(QStringLiteral("Message longer than %1 characters").arg(message_text::kMaxLength));
-    if (!kPlays.contains(request.plays))
+    if (!alarm_event::playWords().contains(request.plays))
         return refusal(QStringLiteral("Invalid input"));
     const QDateTime now = ctx.clock.now();
     const QDate from =

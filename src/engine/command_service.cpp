@@ -23,9 +23,6 @@ namespace {
 
 using command_protocol::Event;
 
-const QStringList kPlays{QStringLiteral("once"), QStringLiteral("twice"), QStringLiteral("thrice"),
-                         QStringLiteral("repeat")};
-
 QByteArray refusal(const QString& text) {
     return command_protocol::toLine({{"ok", false}, {"error", text}});
 }
@@ -105,7 +102,7 @@ QByteArray add(Context& ctx, RoutedNotices& notices, command_protocol::Request r
     // The window stores a passed day's event where it never rings; a script is told instead.
     if (request.date < ctx.clock.dateText())
         return refusal(QStringLiteral("Day was passed"));
-    if (!kPlays.contains(request.plays))
+    if (!alarm_event::playWords().contains(request.plays))
         return refusal(QStringLiteral("Invalid input"));
 
     if (waiting && boxStands(ctx)) {
@@ -167,7 +164,7 @@ EntryControls entryControls(const QString& time, const QString& plays) {
     c.minuteBox = fields[1];
     c.secondBox = fields[2];
     c.secondIndex = fields[2].isEmpty() ? -1 : fields[2].toInt();
-    c.playCountIndex = static_cast<int>(kPlays.indexOf(plays));
+    c.playCountIndex = static_cast<int>(alarm_event::playWords().indexOf(plays));
     c.playCountText = plays;
     return c;
 }

@@ -1,5 +1,6 @@
 #include "engine/event_checker.h"
 
+#include "engine/alarm_event.h"
 #include "platform/numeric.h"
 
 namespace {
@@ -30,9 +31,7 @@ void EventChecker::nextChimeMark(int16_t interval, int16_t& nextMark) const {
 void EventChecker::checkAlarmRow(QStringView text, int16_t& flag) const {
     const qsizetype space = text.indexOf(QLatin1Char(' '));
     const QStringView word = text.left(space < 0 ? 0 : space);
-    const bool wordOk = word == QLatin1String("once") || word == QLatin1String("twice") ||
-                        word == QLatin1String("thrice") || word == QLatin1String("repeat");
-    if (space < 0 || !wordOk || !isValidTime(text.mid(space + 1)))
+    if (space < 0 || !alarm_event::playWords().contains(word) || !isValidTime(text.mid(space + 1)))
         flag = 0;
 }
 

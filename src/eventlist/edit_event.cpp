@@ -42,12 +42,6 @@ void removeEditedRow(Context& ctx) {
 
 } // namespace
 
-const QStringList& editPlayWords() {
-    static const QStringList words = {QStringLiteral("once"), QStringLiteral("twice"), QStringLiteral("thrice"),
-                                      QStringLiteral("repeat")};
-    return words;
-}
-
 EditControls editControlsFor(const QString& markField, const QString& dateField, const QString& timeField,
                              const QString& messageField) {
     EditControls c;
@@ -100,7 +94,7 @@ bool confirmEdit(Context& ctx, EditControls& c) {
 
     const QString newTime =
         twentyFourHour(c.hourBox, c.amPm) + QLatin1Char(':') + c.minuteBox + QLatin1Char(':') + c.secondBox;
-    const QString playWord = editPlayWords().value(c.playCountIndex);
+    const QString playWord = alarm_event::playWords().value(c.playCountIndex);
     // The day of the check is that of the press, not of the opening.
     const QString today = ctx.clock.dateText();
     if (c.dateEdit > today) {

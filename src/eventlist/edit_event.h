@@ -17,7 +17,6 @@ struct EditControls {
 };
 
 // The play-count items of the Edit window, in list order.
-const QStringList& editPlayWords();
 
 // The controls for one event of the list: the hour on the 12-hour clock, and "x" (and any odd mark) as once.
 EditControls editControlsFor(const QString& markField, const QString& dateField, const QString& timeField,

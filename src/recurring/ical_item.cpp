@@ -1,5 +1,7 @@
 #include "recurring/ical_item.h"
 
+#include "engine/alarm_event.h"
+
 #include <QStringList>
 
 namespace ical_item {
@@ -15,8 +17,6 @@ icaltimezone* zoneOf(icalcomponent* calendar, icalproperty* p) {
 }
 
 void readPlaysAndMessage(icalcomponent* item, RecurringAlarm& alarm) {
-    static const QStringList plays{QStringLiteral("once"), QStringLiteral("twice"), QStringLiteral("thrice"),
-                                   QStringLiteral("repeat")};
     QString own;
     for (icalproperty* p = icalcomponent_get_first_property(item, ICAL_X_PROPERTY); p;
          p = icalcomponent_get_next_property(item, ICAL_X_PROPERTY)) {
@@ -25,7 +25,7 @@ void readPlaysAndMessage(icalcomponent* item, RecurringAlarm& alarm) {
             break;
         }
     }
-    alarm.plays = plays.contains(own) ? own : QStringLiteral("once");
+    alarm.plays = alarm_event::playWords().contains(own) ? own : QStringLiteral("once");
     QString message = QString::fromUtf8(icalcomponent_get_description(item));
     // Ours say an empty message by no DESCRIPTION; an event written elsewhere is named by its SUMMARY.
     if (message.isEmpty() && own.isEmpty())

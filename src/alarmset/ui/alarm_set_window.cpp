@@ -12,6 +12,7 @@
 #include "alarmset/ui/picture_box.h"
 #include "alarmset/ui/picture_button.h"
 #include "alarmset/ui/single_pick_list.h"
+#include "engine/alarm_event.h"
 #include "engine/alarm_tick.h"
 #include "engine/context.h"
 #include "engine/schedule_file.h"
@@ -185,8 +186,7 @@ void AlarmSetWindow::buildControls(QWidget* client) {
     auto* noKeys = new NoTypedKeys(this);
     playCountBox = new QComboBox(playListFrame);
     place(playCountBox, 4560, 960, 1332, 276, "playCountBox");
-    playCountBox->addItems(
-        {QStringLiteral("once"), QStringLiteral("twice"), QStringLiteral("thrice"), QStringLiteral("repeat")});
+    playCountBox->addItems(alarm_event::playWords());
     playCountBox->setPlaceholderText(QStringLiteral("Play Times"));
     playCountBox->setCurrentIndex(-1);
     playCountBox->installEventFilter(noKeys);

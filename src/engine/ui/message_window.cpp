@@ -1,5 +1,6 @@
 #include "engine/ui/message_window.h"
 
+#include "engine/alarm_event.h"
 #include "engine/context.h"
 #include "platform/clock.h"
 #include "platform/ui/fitted_font.h"
@@ -52,8 +53,7 @@ MessageWindow::MessageWindow(Context& ctx, const QString& text) : m_ctx(ctx) {
     place(minutesLabel, 1680, 2556, 492, 252);
     playCountBox = new QComboBox(this);
     place(playCountBox, 2280, 2520, 1092, 276);
-    playCountBox->addItems(
-        {QStringLiteral("once"), QStringLiteral("twice"), QStringLiteral("thrice"), QStringLiteral("repeat")});
+    playCountBox->addItems(alarm_event::playWords());
     playCountBox->setPlaceholderText(QStringLiteral("Play Times"));
     playCountBox->setAccessibleName(QStringLiteral("Play Times"));
     fitPlayCountText();

@@ -6,6 +6,7 @@
 #include "alarmset/ui/drop_down_combo.h"
 #include "alarmset/ui/key_filters.h"
 #include "alarmset/ui/picture_button.h"
+#include "engine/alarm_event.h"
 #include "engine/context.h"
 #include "eventlist/edit_event.h"
 #include "platform/clock.h"
@@ -145,7 +146,7 @@ void EditEventWindow::buildControls() {
 
     playCountBox = new QComboBox(timeFrame);
     place(playCountBox, 1920, 840, 1332, 276);
-    playCountBox->addItems(editPlayWords());
+    playCountBox->addItems(alarm_event::playWords());
     playCountBox->setPlaceholderText(QStringLiteral("Play Times"));
     playCountBox->installEventFilter(new NoTypedKeys(this));
 
