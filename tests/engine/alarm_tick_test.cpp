@@ -71,11 +71,6 @@ void chime(Context& ctx, int interval, int mark) {
 }
 
 const auto nothing = [](Context&) {};
-TickWatch reloaded(int minute) {
-    TickWatch w;
-    w.reloadMinute = minute;
-    return w;
-}
 
 // One program's tick, driven either at the old fixed 800 ms or by the planner; records what happened and when.
 struct DrivenTick : EngineFixture {
@@ -99,8 +94,7 @@ struct DrivenTick : EngineFixture {
     void run(const QDateTime& end, bool planned) {
         while (clock.now() < end) {
             tickOnce();
-            TickWatch watch;
-            watch.reloadMinute = tick.reloadMinute();
+            const TickWatch watch{tick.reloadMinute()};
             clock.advanceMs(planned ? tick_planner::plan(ctx, clock.now(), watch).delayMs : 800);
         }
     }
@@ -262,8 +256,8 @@ TEST(TickPlanner, SleepsUntilJustBeforeTheNextDutyAndPacesOntoItsSecond) {
         {"idle: midnight reload ahead", QTime(23, 59, 30), nothing, {}, false, 28000},
         {"midnight within the lead", QTime(23, 59, 58, 500), nothing, {}, true, 800},
         {"lands 5 ms into 00:00:00", QTime(23, 59, 59, 700), nothing, {}, true, 305},
-        {"00:00 not yet reloaded", QTime(0, 0, 20), nothing, reloaded(-1), true, 800},
-        {"00:00 reloaded", QTime(0, 0, 20), nothing, reloaded(0), false, 60000},
+        {"00:00 not yet reloaded", QTime(0, 0, 20), nothing, {-1}, true, 800},
+        {"00:00 reloaded", QTime(0, 0, 20), nothing, {0}, false, 60000},
         {"alarm in 10 s", QTime(8, 0), [](Context& c) { waiting(c, "08:00:10"); }, {}, false, 8000},
         {"alarm in 2 s: sound readied", QTime(8, 0), [](Context& c) { waiting(c, "08:00:02"); }, {}, true, 800, true},
         {"alarm in 0.5 s", QTime(8, 0, 1, 500), [](Context& c) { waiting(c, "08:00:02"); }, {}, true, 505, true},
@@ -273,8 +267,7 @@ TEST(TickPlanner, SleepsUntilJustBeforeTheNextDutyAndPacesOntoItsSecond) {
         {"no-second alarm's minute", QTime(8, 5, 40), [](Context& c) { waiting(c, "08:05:10", true); }, {}, true, 800},
         {"slipped, told at second 0", QTime(8, 0, 10), [](Context& c) { waiting(c, "07:58:00"); }, {}, false, 48000},
         {"missed its second", QTime(8, 0, 59, 500), [](Context& c) { waiting(c, "08:00:02"); }, {}, true, 505},
-        {"23:59:59 held past midnight", QTime(0, 0, 30), [](Context& c) { waiting(c, "23:59:59"); }, reloaded(0), false,
-         60000},
+        {"23:59:59 held past midnight", QTime(0, 0, 30), [](Context& c) { waiting(c, "23:59:59"); }, {0}, false, 60000},
         {"clock set forward past it", QTime(8, 5), [](Context& c) { waiting(c, "08:00:10"); }, {}, false, 58000},
         {"clock set back an hour", QTime(7, 0, 5), [](Context& c) { waiting(c, "08:00:10"); }, {}, false, 60000},
         {"new head to take", QTime(8, 0), headToTake, {}, true, 800},

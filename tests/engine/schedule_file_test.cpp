@@ -136,17 +136,6 @@ TEST_F(ScheduleFile, AQuotedMessageIsKeptWithApostrophesSoTheEventSurvivesTheNex
     EXPECT_TRUE(notices.errorLists.empty());
 }
 
-TEST_F(ScheduleFile, SaveFailureIsReportedAndTheRowStillShows) {
-    ctx.folder = dir.path() + "/missing/folder/";
-    ctx.entry.date = "2002/05/01";
-    ctx.newEvent = {"08:30:00", "once", "-", false, false};
-    appendToSchedule(ctx, "");
-    ASSERT_EQ(notices.warnings.size(), 1);
-    EXPECT_EQ(notices.warnings[0], "Error occurred when saving alarm events to disk, data may be lost, Error #  76\r"
-                                   "Path not found");
-    EXPECT_EQ(rows().size(), 1);
-}
-
 TEST_F(ScheduleFile, SortingPutsNewRowsAheadOfEqualTimesAndSelectsThem) {
     insertTodayRow(ctx, "09:00:00", "once", true);
     insertTodayRow(ctx, "08:00:00", "twice", true);

@@ -92,6 +92,8 @@ TEST_F(WakeAlarmTest, FollowsTheNextAlarmThroughAddDeleteFireAndMidnight) {
                quotedRecord("2002/05/01once09:00:00") + quotedRecord("Tomorrow2002/05/02once07:00:00"));
     send("list"); // the first touch arms today's
     EXPECT_EQ(timer.goesOffAt, at(1, 8, 59, 0));
+    EXPECT_EQ(printedList(), "2002/05/01 09:00:00 once\n2002/05/02 07:00:00 once Tomorrow\nWake-up: the computer wakes "
+                             "at 2002/05/01 08:59:00 for the alarm at 2002/05/01 09:00:00, also from a suspend\n");
 
     send("add --time 08:30:00"); // an earlier one, at once
     EXPECT_EQ(timer.goesOffAt, at(1, 8, 29, 0));
@@ -161,14 +163,6 @@ TEST_F(WakeAlarmTest, DisabledOffOrUnavailableWakesNobodyAndSaysWhy) {
     WakeAlarm off(ctx, timer, 0);
     ctx.wake = &off;
     EXPECT_EQ(wakes(), QStringList({"unavailable: turned off", "unavailable: turned off", "unavailable: turned off"}));
-}
-
-TEST_F(WakeAlarmTest, PlainListEndsWithTheArmedWakeUp) {
-    send("add --time 12:30:00");
-    EXPECT_EQ(printedList(),
-              "2002/05/01 12:30:00 once\n"
-              "Wake-up: the computer wakes at 2002/05/01 12:29:00 for the alarm at 2002/05/01 12:30:00, also from "
-              "a suspend\n");
 }
 
 TEST_F(WakeAlarmTest, BeforeTheScheduleIsLoadedItsFilesTellTheNextDay) {

@@ -25,7 +25,8 @@ struct EditEventTest : ::testing::Test, EngineFixture {
         list.rows.selectOnly(1);
     }
 
-    // Opens the Edit window's controls on the current row, as the popup does.
+    // Opens the Edit window's controls on the current row, as the popup does: date, hour, minute, second, AM/PM,
+    // play count, message.
     EditControls openCurrent() {
         EventList& list = ctx.eventList;
         list.crackCurrentRow();
@@ -89,7 +90,7 @@ TEST_F(EditEventTest, RefusalsTellTheUserAndChangeNoEvent) {
                                  {"2002/05/01", "11", "59", "59", "Time was passed or next day"}};
     for (const QStringList& k : cases) {
         EditControls c = openCurrent();
-        c.dateEdit = k[0], c.hourBox = k[1], c.minuteBox = k[2], c.secondBox = k[3], c.amPm = "AM";
+        c = {k[0], k[1], k[2], k[3], "AM", c.playCountIndex, c.input};
         EXPECT_FALSE(confirmEdit(ctx, c)) << qPrintable(k[4]);
         EXPECT_EQ(notices.warnings.takeLast(), k[4]);
     }
@@ -106,11 +107,7 @@ TEST_F(EditEventTest, RefusalsTellTheUserAndChangeNoEvent) {
 
 TEST_F(EditEventTest, LaterDateReplacesTheRowAndRewritesTheSchedule) {
     EditControls c = openCurrent();
-    c.dateEdit = "2002/05/06";
-    c.hourBox = "12";
-    c.amPm = "AM";
-    c.playCountIndex = 3;
-    c.input = "Two\r\nlines";
+    c = {"2002/05/06", "12", c.minuteBox, c.secondBox, "AM", 3, "Two\r\nlines"};
     ASSERT_TRUE(confirmEdit(ctx, c));
     EXPECT_EQ(rows(),
               QStringList({"      -    2002/05/01-09:00:00        past today", "      #    2002/05/05-07:00:00        ",
@@ -124,12 +121,7 @@ TEST_F(EditEventTest, LaterDateReplacesTheRowAndRewritesTheSchedule) {
 
 TEST_F(EditEventTest, TodayMovesTheEventIntoTodaysListsAndOutOfTheSchedule) {
     EditControls c = openCurrent();
-    c.dateEdit = "2002/05/01";
-    c.hourBox = "12";
-    c.minuteBox = "0";
-    c.secondBox = "0";
-    c.amPm = "PM";
-    c.playCountIndex = 2;
+    c = {"2002/05/01", "12", "0", "0", "PM", 2, c.input};
     // The present second itself is still in time.
     ASSERT_TRUE(confirmEdit(ctx, c));
     EXPECT_EQ(ctx.today.alarms.items(), QStringList({"thrice 12:00:00"}));
@@ -142,9 +134,7 @@ TEST_F(EditEventTest, TodayMovesTheEventIntoTodaysListsAndOutOfTheSchedule) {
     // Without a message no message row comes.
     ctx.eventList.rows.selectOnly(1);
     c = openCurrent();
-    c.dateEdit = "2002/05/01";
-    c.hourBox = "1";
-    c.amPm = "PM";
+    c = {"2002/05/01", "1", c.minuteBox, c.secondBox, "PM", c.playCountIndex, c.input};
     ASSERT_TRUE(confirmEdit(ctx, c));
     EXPECT_EQ(ctx.today.alarms.items(), QStringList({"thrice 12:00:00", "thrice 13:00:00"}));
     EXPECT_EQ(std::tuple(ctx.today.messages.count(), rows().size()), std::tuple(1, 1));

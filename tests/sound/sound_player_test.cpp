@@ -17,6 +17,7 @@ struct Chain {
     uint32_t midiPlayResult;
     QStringList expected; // "SONG" stands for the song's path without its first 7 characters
     int sweeps;
+    const char* word = "once";
 };
 
 const QString kWave1 = QStringLiteral("wave ding.wav x1");
@@ -57,6 +58,7 @@ TEST(SoundPlayerTest, EveryChainOfPlaySound) {
         {"midi cannot play", "SXE", 263, QStringList{kStop, kWave1} + kMidi + kMidiFailed, 0},
         {"speaker chosen, library missing, nothing plays", "SIME", 0,
          kSpeakerWarning + QStringList{kStop, kWave1} + kNotFound + QStringList{kSpeakerWarning}, 0},
+        {"repeat without the library", "SIPE", 0, {kSpeakerWarning, kStop, "wave ding.wav x0"}, 0, "repeat"},
     };
     for (const Chain& c : chains) {
         SCOPED_TRACE(c.name);
@@ -72,7 +74,7 @@ TEST(SoundPlayerTest, EveryChainOfPlaySound) {
         if (on('X'))
             writeBytes(f.ctx.soundChoice.songPath, "RIFF");
 
-        f.ctx.sound.playAlarm(QStringLiteral("once"), f.ctx.soundChoice.songPath);
+        f.ctx.sound.playAlarm(QString::fromLatin1(c.word), f.ctx.soundChoice.songPath);
 
         QStringList expected = c.expected;
         expected.replaceInStrings(QStringLiteral("SONG"), f.ctx.soundChoice.songPath.mid(7));
@@ -112,15 +114,6 @@ TEST(SoundPlayerTest, PlayWordDecidesTheCount) {
     other.player.playAlarm(QString(), other.ctx.soundChoice.songPath);
     EXPECT_EQ(other.tones(), 0u);
     EXPECT_EQ(other.log, (QStringList{kStop, kWave1}));
-}
-
-TEST(SoundPlayerTest, RepeatWithoutLibraryNeverRepeats) {
-    SoundFixture f;
-    f.ctx.options.internalSpeaker = true;
-    f.speaker.present = false;
-    f.player.playAlarm(QStringLiteral("repeat"), f.ctx.soundChoice.songPath);
-    EXPECT_FALSE(f.ctx.soundChoice.repeatSweep);
-    EXPECT_EQ(f.log, (QStringList{kSpeakerWarning, kStop, QStringLiteral("wave ding.wav x0")}));
 }
 
 TEST(SoundPlayerTest, AnAlarmThatFellSilentRingsAgainOrGivesTheBoxWithItsOwnTime) {
@@ -200,6 +193,8 @@ TEST(SoundPlayerTest, MidiRestartsFromTheBeginningAndQuotesBlanks) {
     writeBytes(f.ctx.appFile(QStringLiteral("air.mid")), "air");
     f.midiForm.playMidi();
     f.midiForm.playMidi();
+    EXPECT_EQ(f.commands.sendCommand(QStringLiteral("play tmpMidiPlay from 0")),
+              MciSequencerCommands::kUnrecognizedKeyword);
     EXPECT_EQ(f.sequencer.log, (QStringList{"open " + copy, QStringLiteral("play"), QStringLiteral("close"),
                                             "open " + copy, QStringLiteral("play")}));
     EXPECT_TRUE(f.log.isEmpty());
@@ -220,21 +215,6 @@ TEST(SoundPlayerTest, MidiWithNoFileAnywhereOrNoSequencerShowsTheBox) {
         EXPECT_EQ(f.log, kMidiFailed);
         EXPECT_TRUE(f.ctx.front.trayEnabled);
     }
-}
-
-TEST(MciCommandsTest, OpenPlayClose) {
-    QTemporaryDir dir;
-    FakeSequencer sequencer;
-    MciSequencerCommands mci{sequencer};
-    const QString air = dir.filePath(QStringLiteral("air.mid"));
-    writeBytes(air, {});
-    EXPECT_EQ(mci.sendCommand("open " + air + " type sequencer alias tmpMidiPlay"), 0u);
-    EXPECT_EQ(mci.openAlias(), QStringLiteral("tmpMidiPlay"));
-    EXPECT_EQ(mci.sendCommand(QStringLiteral("play tmpMidiPlay")), 0u);
-    EXPECT_EQ(mci.sendCommand(QStringLiteral("play tmpMidiPlay from 0")), MciSequencerCommands::kUnrecognizedKeyword);
-    EXPECT_EQ(mci.sendCommand(QStringLiteral("close tmpMidiPlay")), 0u);
-    EXPECT_EQ(sequencer.log, (QStringList{"open " + air, QStringLiteral("play"), QStringLiteral("close")}));
-    EXPECT_TRUE(mci.openAlias().isEmpty());
 }
 
 } // namespace
