@@ -166,8 +166,7 @@ TEST_F(AddEntryTest, PlayWordIsRememberedUntilAnotherIsChosen) {
     // The schedule takes the 4-letter form and the mark of the remembered word.
     ctx.entry.date = "2002/05/09";
     add();
-    EXPECT_EQ(ctx.newEvent.playWord, "thri");
-    EXPECT_EQ(ctx.newEvent.mark, "#");
+    EXPECT_EQ(std::tuple(ctx.newEvent.playWord, ctx.newEvent.mark), std::tuple("thri", "#"));
 }
 
 TEST_F(AddEntryTest, WithMessageTodayShadesTheListAndOpensTheMessageBox) {
@@ -181,8 +180,7 @@ TEST_F(AddEntryTest, WithMessageTodayShadesTheListAndOpensTheMessageBox) {
     ctx.front.claimant = 13;
     enter("10", "00", "00", "AM");
     add();
-    EXPECT_TRUE(calls.isEmpty());
-    EXPECT_EQ(ctx.today.alarms.count(), 2);
+    EXPECT_EQ(std::tuple(calls, ctx.today.alarms.count()), std::tuple(QStringList(), 2));
 
     // Another day: InputMessageWindow saves it later, so nothing is written now.
     ctx.front.claimant = 0;
@@ -326,8 +324,7 @@ TEST_F(DayListTest, ViewShowsMarksTwelveHourTimesAndUsesEachMessageOnce) {
                          "\r\n~01:05:00 PM  /  Call Bob"
                          "\r\n?02:00:00 PM");
     // The copy is used up, the messages themselves stay.
-    EXPECT_TRUE(ctx.today.shadowMessages.isEmpty());
-    EXPECT_EQ(ctx.today.messages.count(), 3);
+    EXPECT_EQ(std::tuple(ctx.today.shadowMessages.isEmpty(), ctx.today.messages.count()), std::tuple(true, 3));
 
     toggleMessageView(ctx, view);
     EXPECT_EQ(std::tuple(view.text, view.caption), std::tuple("", "View Messages"));
@@ -429,8 +426,7 @@ TEST_F(DeleteChooserTest, WhenTheAlarmRangMeanwhileNothingIsRemoved) {
     EXPECT_EQ(messageText, "Coffee");
     EXPECT_EQ(notices.beeps, 1);
     chooser.remove(ctx);
-    EXPECT_EQ(ctx.today.messages.count(), 3);
-    EXPECT_EQ(ctx.today.alarms.count(), 1);
+    EXPECT_EQ(std::tuple(ctx.today.messages.count(), ctx.today.alarms.count()), std::tuple(3, 1));
 
     // With no current row from the start the window does not show.
     QString untouched = "untouched";

@@ -138,8 +138,7 @@ TEST_F(AlarmTickTest, SecondRowMissingItsSecondIsReportedSilentlyAtSecondZero) {
     clock.advanceMs(800);
     EXPECT_EQ(sound.played.size(), 1);
     runUntil(8, 0, 59);
-    EXPECT_EQ(sound.played.size(), 1);
-    EXPECT_EQ(ctx.today.alarms.count(), 1);
+    EXPECT_EQ(std::tuple(sound.played.size(), ctx.today.alarms.count()), std::tuple(1, 1));
     runUntil(8, 1, 1);
     EXPECT_EQ(sound.played.size(), 1);
     EXPECT_EQ(notices.alarmWindows, QStringList({"second one at 08:00:02", "alarm at 08:00:02"}));
@@ -178,8 +177,7 @@ TEST_F(AlarmTickTest, MidnightReloadArmsTheNewDayOnceAndFirstTouchReadsOnlyOnce)
     EXPECT_EQ(ctx.today.alarms.items(), QStringList({"twice 00:00:30", "once 07:00:00"}));
     EXPECT_EQ(tick.reloadMinute(), 0);
     runUntil(0, 0, 31);
-    EXPECT_EQ(sound.played, QStringList({played("twice")}));
-    EXPECT_EQ(ctx.today.alarms.count(), 1);
+    EXPECT_EQ(std::tuple(sound.played, ctx.today.alarms.count()), std::tuple(QStringList({played("twice")}), 1));
     runUntil(0, 1, 1);
     EXPECT_EQ(tick.reloadMinute(), -1);
 
@@ -195,8 +193,7 @@ TEST_F(AlarmTickTest, RepeatSweepRunsEvenWhenIdleAndDisabledTickDoesNothing) {
     ctx.soundChoice.repeatSweep = true;
     tick.onTick();
     tick.onTick();
-    EXPECT_EQ(sound.sweeps, 2);
-    EXPECT_FALSE(ctx.alarmSetLoaded());
+    EXPECT_EQ(std::tuple(sound.sweeps, ctx.alarmSetLoaded()), std::tuple(2, false));
 }
 
 TEST_F(AlarmTickTest, ChimeRingsAtItsMarksAndResyncsAnOvertakenMark) {
@@ -207,8 +204,7 @@ TEST_F(AlarmTickTest, ChimeRingsAtItsMarksAndResyncsAnOvertakenMark) {
     updateChime(ctx);
     EXPECT_EQ(std::tuple(ctx.tick.on, ctx.chime.on, ctx.chime.nextMark), std::tuple(true, true, 15));
     runUntil(8, 15, 5);
-    EXPECT_EQ(sound.waves, QStringList({ctx.folder + "didi.snd"}));
-    EXPECT_EQ(ctx.chime.nextMark, 30);
+    EXPECT_EQ(std::tuple(sound.waves, ctx.chime.nextMark), std::tuple(QStringList({ctx.folder + "didi.snd"}), 30));
 
     // The clock jumps (a suspend): at second 30 the mark is worked out anew.
     clock.set(2002, 5, 1, 8, 47, 29, 900);
@@ -240,14 +236,12 @@ TEST_F(AlarmTickTest, DeleteAllEmptiesTheDayButNotTheScheduleAndNothingRings) {
     ASSERT_FALSE(ctx.tick.nextAlarm.isEmpty());
 
     deleteAllToday(ctx);
-    EXPECT_EQ(ctx.today.alarms.count(), 0);
-    EXPECT_TRUE(ctx.today.messages.isEmpty());
+    EXPECT_EQ(std::tuple(ctx.today.alarms.count(), ctx.today.messages.isEmpty()), std::tuple(0, true));
     runUntil(8, 0, 6);
     EXPECT_EQ(std::tuple(sound.played, notices.alarmWindows, ctx.tick.nextAlarm),
               std::tuple(QStringList(), QStringList(), ""));
     // The schedule and the event list stay as they were.
-    EXPECT_EQ(readFile("future.dat"), before);
-    EXPECT_EQ(ctx.eventList.rows.count(), 2);
+    EXPECT_EQ(std::tuple(readFile("future.dat"), ctx.eventList.rows.count()), std::tuple(before, 2));
 }
 
 TEST(TickPlanner, SleepsUntilJustBeforeTheNextDutyAndPacesOntoItsSecond) {

@@ -112,8 +112,7 @@ TEST(SoundPlayerTest, PlayWordDecidesTheCount) {
     other.player.playAlarm(QStringLiteral("Once"), other.ctx.soundChoice.songPath);
     other.ctx.options.internalSpeaker = false;
     other.player.playAlarm(QString(), other.ctx.soundChoice.songPath);
-    EXPECT_EQ(other.tones(), 0u);
-    EXPECT_EQ(other.log, (QStringList{kStop, kWave1}));
+    EXPECT_EQ(std::tuple(other.tones(), other.log), std::tuple(0u, (QStringList{kStop, kWave1})));
 }
 
 TEST(SoundPlayerTest, AnAlarmThatFellSilentRingsAgainOrGivesTheBoxWithItsOwnTime) {
@@ -166,14 +165,12 @@ TEST(SoundPlayerTest, MidiCopiesAirOverTheFixedCopy) {
     const QString copy = f.dir.path() + "/run/air.mid";
     writeBytes(f.ctx.appFile(QStringLiteral("air.mid")), "new air");
     f.player.playMidi();
-    EXPECT_EQ(readBytes(copy), QByteArray("new air"));
-    EXPECT_EQ(f.log, kMidi);
+    EXPECT_EQ(std::tuple(readBytes(copy), f.log), std::tuple(QByteArray("new air"), kMidi));
 
     // Without air.mid the older copy stands and is played.
     QFile::remove(f.ctx.appFile(QStringLiteral("air.mid")));
     f.player.playMidi();
-    EXPECT_EQ(readBytes(copy), QByteArray("new air"));
-    EXPECT_EQ(f.log, kMidi + kMidi);
+    EXPECT_EQ(std::tuple(readBytes(copy), f.log), std::tuple(QByteArray("new air"), kMidi + kMidi));
 
     f.ctx.options.soundOn = false;
     f.player.playMidi();
