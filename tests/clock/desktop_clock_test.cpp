@@ -183,30 +183,26 @@ TEST(DesktopClock, LabelDragsOnLeftAndHandsOverToTheAlarmSetWindowOnRight) {
 }
 
 TEST(DesktopClock, ReleaseAboveTheTopRollsUpAndAMoveOrTheTrayBringsItBack) {
-    struct Row {
-        int32_t dpi;
-        int windowY, cursorStep;
-    };
-    for (const Row r : {Row{120, -20, 12}, Row{96, -15, 15}, Row{144, -24, 10}}) {
-        ClockRig rig(r.dpi);
+    for (const auto [dpi, windowY, cursorStep] : {std::tuple{120, -20, 12}, {96, -15, 15}, {144, -24, 10}}) {
+        ClockRig rig(dpi);
         DesktopClock& f = rig.load();
         rig.screen.cursor = QPoint(300, 2);
         f.move(f.pos().x(), -3);
         send(f.timeLabel, QEvent::MouseButtonRelease, Qt::LeftButton, {20, 5});
-        EXPECT_EQ(f.pos().y(), r.windowY) << r.dpi;
+        EXPECT_EQ(f.pos().y(), windowY) << dpi;
         EXPECT_TRUE(f.rolledUp());
         ASSERT_EQ(rig.screen.cursorMoves.size(), 1u);
-        EXPECT_EQ(rig.screen.cursorMoves[0], QPoint(300, 2 + r.cursorStep)) << r.dpi;
+        EXPECT_EQ(rig.screen.cursorMoves[0], QPoint(300, 2 + cursorStep)) << dpi;
 
         // The pointer on the strip brings it back in desktop_clock_<dpi>.
-        if (r.dpi == 96) {
+        if (dpi == 96) {
             // The tray brings it back but leaves the flag, which the next move above the edge clears.
             f.showFromTray();
             EXPECT_EQ(std::tuple(f.isVisible(), f.topTwips(), f.rolledUp()), std::tuple(true, 0.0f, true));
             f.move(f.pos().x(), -2);
             send(f.timeLabel, QEvent::MouseMove, Qt::NoButton, {20, 10});
             EXPECT_EQ(std::pair(f.topTwips(), f.rolledUp()), std::pair(0.0f, false));
-        } else if (r.dpi == 144) {
+        } else if (dpi == 144) {
             f.close(); // closed while rolled up: no place is stored
             processDeletes();
             EXPECT_EQ(rig.stored(5), -1);

@@ -30,22 +30,19 @@ struct DragRig {
 };
 
 TEST(DockingHandler, TopEdgeSnapsWithinTheDistanceOnEitherSide) {
-    struct Case {
-        float startTop, pull, expectTop;
-        bool held;
-    };
     // At 12 twips a pixel: proposed top 120 snaps, 132 stays free, -120 snaps as well.
-    for (const Case c : {Case{1200, -1080, 0, true}, Case{1200, -1068, 132, false}, Case{600, -720, 0, true}}) {
-        DragRig rig(120, 4000, c.startTop);
+    for (const auto [startTop, pull, expectTop, held] :
+         {std::tuple{1200.f, -1080.f, 0, true}, {1200.f, -1068.f, 132, false}, {600.f, -720.f, 0, true}}) {
+        DragRig rig(120, 4000, startTop);
         rig.press();
         rig.pull(0.4f, -0.4f); // rounds to no step: the window is not touched
         EXPECT_TRUE(rig.win.calls.empty());
-        rig.pull(-0.4f, c.pull + 0.4f);
+        rig.pull(-0.4f, pull + 0.4f);
         ASSERT_EQ(rig.win.calls.size(), 1u);
-        EXPECT_EQ(rig.dock.dockedTop(), c.held) << c.pull;
+        EXPECT_EQ(rig.dock.dockedTop(), held) << pull;
         EXPECT_EQ(rig.win.calls[0],
-                  (FakeDockWindow::Call{DockingHandler::kHwndNoTopmost, 4000 / 12, int(c.expectTop / 12), 250, 85}))
-            << c.pull;
+                  (FakeDockWindow::Call{DockingHandler::kHwndNoTopmost, 4000 / 12, int(expectTop / 12), 250, 85}))
+            << pull;
     }
 }
 

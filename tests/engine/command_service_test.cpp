@@ -256,19 +256,16 @@ TEST(CommandClient, MessagesOfAnyLengthAndArgumentsNotUtf8AreRefusedBeforeThePro
 }
 
 TEST(CommandProtocol, ListLinesEscapeEveryControlCharacter) {
-    const struct {
-        QString message;
-        QString line;
-    } cases[] = {
+    const std::pair<QString, QString> cases[] = {
         {"a\\b\nc\rd", "a\\\\b\\nc\\rd"},
         {"\x1b]0;owned\x07\x1b[2J", "\\u001b]0;owned\\u0007\\u001b[2J"},
         {QString("t\tnul") + QChar(0) + "del\x7f", "t\\u0009nul\\u0000del\\u007f"},
         {QString(QChar(0x85)) + QChar(0x9B) + QChar(0x9F), "\\u0085\\u009b\\u009f"},
         {QString::fromUtf8("é € – \u00A0 😀"), QString::fromUtf8("é € – \u00A0 😀")}, // printable: as typed
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(command_protocol::eventLine({"2002/05/01", "18:00:00", "once", c.message}),
-                  "2002/05/01 18:00:00 once " + c.line);
+    for (const auto& [message, line] : cases)
+        EXPECT_EQ(command_protocol::eventLine({"2002/05/01", "18:00:00", "once", message}),
+                  "2002/05/01 18:00:00 once " + line);
 }
 
 // What a script is told: a list it can trust.

@@ -198,12 +198,8 @@ TEST_F(PopupTest, DeleteRemovesEveryHighlightedRowAndRewritesOnce) {
 
 TEST_F(PopupTest, BulkDeleteOfScatteredRowsIsOnePassAndMatchesDeletingOneByOne) {
     // A few blocks and many blocks take different roads; both must end as the first-highlighted-first loop did.
-    struct Case {
-        int every;
-        int current;
-    };
-    for (const Case c : {Case{40, 41}, Case{40, 40}, Case{3, 7}, Case{3, 6}, Case{2, -1}}) {
-        SCOPED_TRACE(QStringLiteral("every %1th row, current %2").arg(c.every).arg(c.current).toStdString());
+    for (const auto [every, current] : {std::pair{40, 41}, {40, 40}, {3, 7}, {3, 6}, {2, -1}}) {
+        SCOPED_TRACE(QStringLiteral("every %1th row, current %2").arg(every).arg(current).toStdString());
         EventList bulk, oneByOne;
         for (EventList* list : {&bulk, &oneByOne}) {
             list->beginBulk();
@@ -211,15 +207,15 @@ TEST_F(PopupTest, BulkDeleteOfScatteredRowsIsOnePassAndMatchesDeletingOneByOne) 
                 list->insertRow("=", QStringLiteral("2002/05/%1-08:00:00").arg(1 + i % 28, 2, 10, QChar('0')),
                                 QStringLiteral("m%1").arg(i), false);
             list->endBulk();
-            for (int r = 0; r < 200; r += c.every)
+            for (int r = 0; r < 200; r += every)
                 list->rows.setSelected(r, true);
-            list->rows.setCurrent(c.current);
+            list->rows.setCurrent(current);
         }
         int resets = 0, removals = 0;
         QObject::connect(&bulk.rows, &ListModel::modelReset, [&] { ++resets; });
         QObject::connect(&bulk.rows, &ListModel::rowsRemoved, [&] { ++removals; });
 
-        const int blocks = (199 / c.every) + 1;
+        const int blocks = (199 / every) + 1;
         EXPECT_EQ(bulk.removeHighlighted(), blocks);
         while (oneByOne.highlightedCount() >= 1)
             oneByOne.removeFirstHighlighted();
@@ -295,17 +291,12 @@ TEST(EventList, FirstHighlightedGoesFirstAndCrackingNeedsACurrentRow) {
 TEST(EventList, BulkLoadMatchesOneByOneInsertion) {
     // Dates and times of one shape sort as numbers (by digits when there are thousands); one hand-made date of
     // another shape sorts them all as text.
-    struct Case {
-        QString odd;
-        int rows;
-    };
-    for (const Case c :
-         {Case{QString(), 500}, Case{QStringLiteral("2002/5/1x-01:00:00"), 500}, Case{QString(), 4200}}) {
-        const QString odd = c.odd;
+    for (const auto& [odd, rows] :
+         {std::pair{QString(), 500}, {QStringLiteral("2002/5/1x-01:00:00"), 500}, {QString(), 4200}}) {
         EventList single, bulk;
         QRandomGenerator rng(7);
         bulk.beginBulk();
-        for (int i = 0; i < c.rows; ++i) {
+        for (int i = 0; i < rows; ++i) {
             QString dt = QStringLiteral("2002/05/%1-0%2:00:00")
                              .arg(rng.bounded(1, 4), 2, 10, QLatin1Char('0'))
                              .arg(rng.bounded(3));

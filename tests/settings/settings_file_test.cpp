@@ -71,16 +71,13 @@ TEST_F(SettingsFileTest, SharedBufferWritersKeepWhatTheyDoNotSet) {
 
 TEST_F(SettingsFileTest, ClosingSettingsWritesRecordsFourThenEight) {
     dirtyBuffer();
-    const struct {
-        int16_t choice;
-        QByteArray word;
-    } fonts[] = {{1, "Arial"}, {2, "TimesNewRoman"}, {3, "Normal"}, {0, "Normal"}};
-    for (const auto& f : fonts) {
-        ctx.options.fontChoice = f.choice;
+    const std::pair<int16_t, QByteArray> fonts[] = {{1, "Arial"}, {2, "TimesNewRoman"}, {3, "Normal"}, {0, "Normal"}};
+    for (const auto& [choice, word] : fonts) {
+        ctx.options.fontChoice = choice;
         ASSERT_TRUE(writeSettingAndFont(ctx, 1, 0, {true, false, true, false}));
         const QByteArray file = ini();
         EXPECT_EQ(recordAt(file, 4), settingBytes("[Setting]", 1, 0, "ALAEOnDCWSOfUISPOnISOMOf"));
-        EXPECT_EQ(recordAt(file, 8), settingBytes("[AllFont]", 1, 0, f.word));
+        EXPECT_EQ(recordAt(file, 8), settingBytes("[AllFont]", 1, 0, word));
     }
     ASSERT_TRUE(writeSettingAndFont(ctx, 0, 1, {false, true, false, true}));
     EXPECT_EQ(recordAt(ini(), 4), settingBytes("[Setting]", 0, 1, "ALAEOfDCWSOnUISPOfISOMOn"));

@@ -86,25 +86,21 @@ TEST(SoundPlayerTest, EveryChainOfPlaySound) {
 }
 
 TEST(SoundPlayerTest, PlayWordDecidesTheCount) {
-    const struct {
-        const char* word;
-        int times;
-        bool repeat;
-    } words[] = {{"once", 1, false}, {"twice", 2, false}, {"thrice", 3, false}, {"repeat", 0, true}};
-    for (const auto& w : words) {
-        SCOPED_TRACE(w.word);
+    for (const auto [word, times, repeat] :
+         {std::tuple{"once", 1, false}, {"twice", 2, false}, {"thrice", 3, false}, {"repeat", 0, true}}) {
+        SCOPED_TRACE(word);
         SoundFixture wave;
-        wave.player.playAlarm(QString::fromLatin1(w.word), wave.ctx.soundChoice.songPath);
-        EXPECT_EQ(wave.log, (QStringList{kStop, QStringLiteral("wave ding.wav x%1").arg(w.times)}));
+        wave.player.playAlarm(QString::fromLatin1(word), wave.ctx.soundChoice.songPath);
+        EXPECT_EQ(wave.log, (QStringList{kStop, QStringLiteral("wave ding.wav x%1").arg(times)}));
         // A wave never sets the repeating sweep.
         EXPECT_FALSE(wave.ctx.soundChoice.repeatSweep);
 
         SoundFixture speaker;
         speaker.ctx.options.internalSpeaker = true;
-        speaker.player.playAlarm(QString::fromLatin1(w.word), speaker.ctx.soundChoice.songPath);
+        speaker.player.playAlarm(QString::fromLatin1(word), speaker.ctx.soundChoice.songPath);
         // "repeat" plays no sweep itself: the tick does, one each time it fires.
-        EXPECT_EQ(speaker.tones(), 30u * (w.repeat ? 0 : w.times));
-        EXPECT_EQ(speaker.ctx.soundChoice.repeatSweep, w.repeat);
+        EXPECT_EQ(speaker.tones(), 30u * (repeat ? 0 : times));
+        EXPECT_EQ(speaker.ctx.soundChoice.repeatSweep, repeat);
     }
     // Any other word: the wave once, the speaker never.
     SoundFixture other;
