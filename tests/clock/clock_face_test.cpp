@@ -30,13 +30,7 @@ TEST(ClockFace, DpiOffsetIsTheDistanceFromTwelveOutsideTheDesignBand) {
 }
 
 TEST(ClockFace, StoredSizeAtLoad) {
-    struct Row {
-        Density d;
-        bool matched;
-        int32_t stored;
-        float fontSize, top;
-    };
-    const Row rows[] = {
+    const std::tuple<Density, bool, int32_t, float, float> rows[] = {
         {k120, false, 0, 9, 0},    {k120, true, 8, 8, 36},
         {k120, true, 9, 9, 24},    {k120, true, 10, 10, 12},
         {k120, true, 11, 11, 0},   {k120, true, 12, 12, 0},
@@ -46,10 +40,10 @@ TEST(ClockFace, StoredSizeAtLoad) {
         {k96, true, 12, 12, 0},    {k144, true, 8, 8 - 8.0f * 2 / 12, 26},
         {k144, true, 9, 7.5f, 24},
     };
-    for (const Row& r : rows) {
-        const ClockFace face = loaded(r.d, r.matched, r.stored);
-        EXPECT_FLOAT_EQ(face.labelFontSize, r.fontSize) << r.d.dpi << " stored " << r.stored;
-        EXPECT_FLOAT_EQ(face.labelTop, r.top) << r.d.dpi << " stored " << r.stored;
+    for (const auto& [d, matched, stored, fontSize, top] : rows) {
+        const ClockFace face = loaded(d, matched, stored);
+        EXPECT_FLOAT_EQ(face.labelFontSize, fontSize) << d.dpi << " stored " << stored;
+        EXPECT_FLOAT_EQ(face.labelTop, top) << d.dpi << " stored " << stored;
     }
 }
 

@@ -50,11 +50,8 @@ struct CommandServiceTest : ::testing::Test, ServedEngine {
 
 TEST_F(CommandServiceTest, RefusesWhatTheWindowRefusesWithItsWordsAndShowsNothing) {
     const QString tooLong = QStringLiteral("Message longer than 626 characters");
-    const struct {
-        const char* arguments;
-        QString message;
-        QString refusal; // empty: accepted, for contrast
-    } cases[] = {
+    // The words, a message given apart, and the refusal (empty: accepted, for contrast).
+    const std::tuple<const char*, QString, QString> cases[] = {
         {"add --time 07:59:59", "", "Time was passed or next day"},
         {"add --in 2h --plays twice", "", ""},
         {"add --time 24:00:00", "", "Invalid input"},
@@ -73,13 +70,13 @@ TEST_F(CommandServiceTest, RefusesWhatTheWindowRefusesWithItsWordsAndShowsNothin
         {"add --time 09:00", QString(625, 'm') + '\n', tooLong}, // a line break counts two, as in the message box
         {"add --time 09:00", QString(624, 'm') + '\n', ""},
     };
-    for (const auto& c : cases) {
-        if (QString(c.arguments) == "add --in 87840h")
+    for (const auto& [arguments, message, refusal] : cases) {
+        if (QString(arguments) == "add --in 87840h")
             clock.set(9999, 1, 1, 8, 0, 0);
-        const QJsonObject answer = send(c.arguments, c.message);
+        const QJsonObject answer = send(arguments, message);
         clock.set(2002, 5, 1, 8, 0, 0);
-        EXPECT_EQ(answer.value("ok").toBool(), c.refusal.isEmpty()) << c.arguments;
-        EXPECT_EQ(answer.value("error").toString(), c.refusal) << c.arguments;
+        EXPECT_EQ(answer.value("ok").toBool(), refusal.isEmpty()) << arguments;
+        EXPECT_EQ(answer.value("error").toString(), refusal) << arguments;
     }
     EXPECT_TRUE(windows.warnings.isEmpty());
     EXPECT_EQ(windows.beeps, 0);
