@@ -270,8 +270,7 @@ TEST_F(AlarmSetSettingsTest, UnwrittenPositionRecordClearsTheBufferNumbers) {
     ctx.recordBuffer.value1 = 77;
     AlarmSetLoadResult loaded;
     loadAlarmSetSettings(ctx, loaded);
-    EXPECT_FALSE(loaded.havePosition);
-    EXPECT_EQ(ctx.recordBuffer.value1, 0);
+    EXPECT_EQ(std::tuple(loaded.havePosition, ctx.recordBuffer.value1), std::tuple(false, 0));
     EXPECT_EQ(ctx.soundChoice.songPath, path("x.wav"));
     const ControlFont font = alarmSetControlFont(ctx); // Arial keeps the laid-out sizes
     EXPECT_EQ(std::pair(font.family, font.pointSize), std::pair(QStringLiteral("Arial"), 0));

@@ -196,15 +196,18 @@ TEST(SoundPlayerTest, MidiRestartsFromTheBeginningAndQuotesBlanks) {
     EXPECT_TRUE(f.commands.openAlias().isEmpty());
 }
 
-// A closed device answers with an error and touches nothing: the close before the open, and the play.
+// A closed device answers with an error and touches nothing: the close before the open, and the play. A sequencer
+// that opens but cannot play gives the box too.
 TEST(SoundPlayerTest, MidiWithNoFileAnywhereOrNoSequencerShowsTheBox) {
-    for (const bool fileThere : {false, true}) {
+    for (const auto [fileThere, opens] : {std::pair{false, false}, {true, false}, {true, true}}) {
         MidiFixture f;
-        f.sequencer.opens = false;
+        f.sequencer.opens = opens;
+        f.sequencer.plays = false;
         if (fileThere)
             writeBytes(f.ctx.appFile(QStringLiteral("air.mid")), "air");
         f.midiForm.playMidi();
-        EXPECT_EQ(f.sequencer.log, fileThere ? QStringList{"open " + f.dir.path() + "/my run/air.mid"} : QStringList());
+        const QStringList opened{"open " + f.dir.path() + "/my run/air.mid"};
+        EXPECT_EQ(f.sequencer.log, !fileThere ? QStringList() : opens ? opened + QStringList{"play"} : opened);
         EXPECT_EQ(f.log, kMidiFailed);
         EXPECT_TRUE(f.ctx.front.trayEnabled);
     }
