@@ -54,8 +54,7 @@ TEST_F(AlarmSetWindowTest, TypedEntryAndTheAddButtonPutTheRowInTheList) {
 
     // A third digit wipes the box.
     typeText(f->minuteBox, "5");
-    EXPECT_EQ(f->minuteBox->currentText(), "");
-    EXPECT_EQ(notices.beeps, 2);
+    EXPECT_EQ(std::tuple(f->minuteBox->currentText(), notices.beeps), std::tuple("", 2));
 }
 
 TEST_F(AlarmSetWindowTest, CloseBoxHidesAndExitStoresThePlace) {

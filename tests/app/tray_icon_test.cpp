@@ -137,8 +137,7 @@ TEST_F(StartupTest, SavedSettingsLoadTheDayFileTheOptionsAndTheClock) {
 TEST_F(StartupTest, SettingsWithoutAFontRecordChooseTheThirdFont) {
     settings_records::writeShowSmallClock(ctx.folder, false);
     startUp(ctx, {});
-    EXPECT_EQ(ctx.options.fontChoice, 3);
-    EXPECT_FALSE(ctx.alarmSetLoaded());
+    EXPECT_EQ(std::tuple(ctx.options.fontChoice, ctx.alarmSetLoaded()), std::tuple(3, false));
 }
 
 TEST(SingleInstance, SecondCopyIsRefusedAndADeadOwnersLockIsTakenOver) {

@@ -30,13 +30,7 @@ TEST(ClockFace, DpiOffsetIsTheDistanceFromTwelveOutsideTheDesignBand) {
 }
 
 TEST(ClockFace, StoredSizeAtLoad) {
-    struct Row {
-        Density d;
-        bool matched;
-        int32_t stored;
-        float fontSize, top;
-    };
-    const Row rows[] = {
+    const std::tuple<Density, bool, int32_t, float, float> rows[] = {
         {k120, false, 0, 9, 0},    {k120, true, 8, 8, 36},
         {k120, true, 9, 9, 24},    {k120, true, 10, 10, 12},
         {k120, true, 11, 11, 0},   {k120, true, 12, 12, 0},
@@ -46,10 +40,10 @@ TEST(ClockFace, StoredSizeAtLoad) {
         {k96, true, 12, 12, 0},    {k144, true, 8, 8 - 8.0f * 2 / 12, 26},
         {k144, true, 9, 7.5f, 24},
     };
-    for (const Row& r : rows) {
-        const ClockFace face = loaded(r.d, r.matched, r.stored);
-        EXPECT_FLOAT_EQ(face.labelFontSize, r.fontSize) << r.d.dpi << " stored " << r.stored;
-        EXPECT_FLOAT_EQ(face.labelTop, r.top) << r.d.dpi << " stored " << r.stored;
+    for (const auto& [d, matched, stored, fontSize, top] : rows) {
+        const ClockFace face = loaded(d, matched, stored);
+        EXPECT_FLOAT_EQ(face.labelFontSize, fontSize) << d.dpi << " stored " << stored;
+        EXPECT_FLOAT_EQ(face.labelTop, top) << d.dpi << " stored " << stored;
     }
 }
 
@@ -70,19 +64,14 @@ TEST(ClockFace, MenuChoiceEqualsWhatTheNextLoadBuildsAndDoesNotPileUp) {
 }
 
 TEST(ClockText, FourPatterns) {
-    struct Row {
-        QTime time;
-        bool h24, seconds;
-        const char* text;
-    };
-    const Row rows[] = {
+    const std::tuple<QTime, bool, bool, const char*> rows[] = {
         {QTime(15, 7, 9), false, true, "03 : 07 : 09  PM"}, {QTime(15, 7, 9), false, false, "03 : 07  PM"},
         {QTime(15, 7, 9), true, true, "15 : 07 : 09"},      {QTime(15, 7, 9), true, false, "15 : 07"},
         {QTime(0, 5, 0), false, true, "12 : 05 : 00  AM"},  {QTime(0, 5, 0), true, false, "00 : 05"},
         {QTime(12, 0, 1), false, false, "12 : 00  PM"},     {QTime(11, 59, 59), false, true, "11 : 59 : 59  AM"},
     };
-    for (const Row& r : rows)
-        EXPECT_EQ(clockTimeText(r.time, r.h24, r.seconds), QString::fromLatin1(r.text));
+    for (const auto& [time, h24, seconds, text] : rows)
+        EXPECT_EQ(clockTimeText(time, h24, seconds), QString::fromLatin1(text));
 }
 
 TEST(ClockText, DateWithAbbreviatedNames) {

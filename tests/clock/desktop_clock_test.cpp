@@ -91,8 +91,7 @@ TEST(DesktopClock, LoadStartsAtTheTopWithDefaultsOrTakesItsRecords) {
     rig.writeRecord(10, QStringLiteral("[EnabledSecond]"), 0);
     rig.writeRecord(11, QStringLiteral("[FontSizeOfClock]"), 10);
     DesktopClock& g = rig.load();
-    EXPECT_EQ(QPointF(g.leftTwips(), g.topTwips()), QPointF(1200, 600));
-    EXPECT_FALSE(g.hour24());
+    EXPECT_EQ(std::tuple(QPointF(g.leftTwips(), g.topTwips()), g.hour24()), std::tuple(QPointF(1200, 600), false));
     EXPECT_EQ(g.timeLabel->y(), 3); // 12 twips, and two pixels down at 96
     EXPECT_EQ(rig.textAtSevenPastThree(), QStringLiteral("03 : 07  PM"));
 
@@ -144,12 +143,10 @@ TEST(DesktopClock, TheFaceWakesAtTheTurnOfWhatItShowsAndAFormatChangeShowsAtOnce
     EXPECT_TRUE(f.timer->isSingleShot());
     EXPECT_EQ(f.timer->interval(), 755); // just past the next second, not every 400 ms
     f.secondsAction->trigger();          // seconds off: the text changes once a minute
-    EXPECT_EQ(f.timeLabel->text(), QStringLiteral("03 : 07  PM"));
-    EXPECT_EQ(f.timer->interval(), 50755);
+    EXPECT_EQ(std::tuple(f.timeLabel->text(), f.timer->interval()), std::tuple(QStringLiteral("03 : 07  PM"), 50755));
     rig.engine.clock.set(2026, 11, 19, 15, 7, 59, 999);
     f.hour24Action->trigger();
-    EXPECT_EQ(f.timeLabel->text(), QStringLiteral("15 : 07"));
-    EXPECT_EQ(f.timer->interval(), 6);
+    EXPECT_EQ(std::tuple(f.timeLabel->text(), f.timer->interval()), std::tuple(QStringLiteral("15 : 07"), 6));
 }
 
 TEST(DesktopClock, CloseAreaSwitchesToTheDateAndBackThenClosesStoringThePlace) {
@@ -180,37 +177,32 @@ TEST(DesktopClock, LabelDragsOnLeftAndHandsOverToTheAlarmSetWindowOnRight) {
     f.setTop(480); // 40 pixels down; 30 pixels up proposes 120 twips, within reach of the edge
     send(f.timeLabel, QEvent::MouseButtonPress, Qt::LeftButton, {50, 10});
     send(f.timeLabel, QEvent::MouseMove, Qt::NoButton, {50, -20}, Qt::LeftButton);
-    EXPECT_EQ(f.topTwips(), 0);
-    EXPECT_TRUE(rig.dock.dockedTop());
+    EXPECT_EQ(std::tuple(f.topTwips(), rig.dock.dockedTop()), std::tuple(0, true));
     send(f.timeLabel, QEvent::MouseMove, Qt::NoButton, {50, 300}); // no button: no drag
     EXPECT_EQ(f.topTwips(), 0);
 }
 
 TEST(DesktopClock, ReleaseAboveTheTopRollsUpAndAMoveOrTheTrayBringsItBack) {
-    struct Row {
-        int32_t dpi;
-        int windowY, cursorStep;
-    };
-    for (const Row r : {Row{120, -20, 12}, Row{96, -15, 15}, Row{144, -24, 10}}) {
-        ClockRig rig(r.dpi);
+    for (const auto [dpi, windowY, cursorStep] : {std::tuple{120, -20, 12}, {96, -15, 15}, {144, -24, 10}}) {
+        ClockRig rig(dpi);
         DesktopClock& f = rig.load();
         rig.screen.cursor = QPoint(300, 2);
         f.move(f.pos().x(), -3);
         send(f.timeLabel, QEvent::MouseButtonRelease, Qt::LeftButton, {20, 5});
-        EXPECT_EQ(f.pos().y(), r.windowY) << r.dpi;
+        EXPECT_EQ(f.pos().y(), windowY) << dpi;
         EXPECT_TRUE(f.rolledUp());
         ASSERT_EQ(rig.screen.cursorMoves.size(), 1u);
-        EXPECT_EQ(rig.screen.cursorMoves[0], QPoint(300, 2 + r.cursorStep)) << r.dpi;
+        EXPECT_EQ(rig.screen.cursorMoves[0], QPoint(300, 2 + cursorStep)) << dpi;
 
         // The pointer on the strip brings it back in desktop_clock_<dpi>.
-        if (r.dpi == 96) {
+        if (dpi == 96) {
             // The tray brings it back but leaves the flag, which the next move above the edge clears.
             f.showFromTray();
             EXPECT_EQ(std::tuple(f.isVisible(), f.topTwips(), f.rolledUp()), std::tuple(true, 0.0f, true));
             f.move(f.pos().x(), -2);
             send(f.timeLabel, QEvent::MouseMove, Qt::NoButton, {20, 10});
             EXPECT_EQ(std::pair(f.topTwips(), f.rolledUp()), std::pair(0.0f, false));
-        } else if (r.dpi == 144) {
+        } else if (dpi == 144) {
             f.close(); // closed while rolled up: no place is stored
             processDeletes();
             EXPECT_EQ(rig.stored(5), -1);
@@ -234,8 +226,7 @@ TEST(DesktopClock, WhereWindowsCannotPlaceThemselvesItIsAPlainWindowThatKeepsThe
     EXPECT_EQ(f.pos(), at);
     f.move(at.x(), -3);
     send(f.timeLabel, QEvent::MouseButtonRelease, Qt::LeftButton, {50, 10});
-    EXPECT_FALSE(f.rolledUp());
-    EXPECT_TRUE(rig.screen.cursorMoves.empty());
+    EXPECT_EQ(std::tuple(f.rolledUp(), rig.screen.cursorMoves.empty()), std::tuple(false, true));
     // Right press still hands over; the close end still closes, leaving the stored place alone.
     int shown = 0;
     f.showAlarmSet = [&] { ++shown; };

@@ -30,22 +30,19 @@ struct DragRig {
 };
 
 TEST(DockingHandler, TopEdgeSnapsWithinTheDistanceOnEitherSide) {
-    struct Case {
-        float startTop, pull, expectTop;
-        bool held;
-    };
     // At 12 twips a pixel: proposed top 120 snaps, 132 stays free, -120 snaps as well.
-    for (const Case c : {Case{1200, -1080, 0, true}, Case{1200, -1068, 132, false}, Case{600, -720, 0, true}}) {
-        DragRig rig(120, 4000, c.startTop);
+    for (const auto [startTop, pull, expectTop, held] :
+         {std::tuple{1200.f, -1080.f, 0, true}, {1200.f, -1068.f, 132, false}, {600.f, -720.f, 0, true}}) {
+        DragRig rig(120, 4000, startTop);
         rig.press();
         rig.pull(0.4f, -0.4f); // rounds to no step: the window is not touched
         EXPECT_TRUE(rig.win.calls.empty());
-        rig.pull(-0.4f, c.pull + 0.4f);
+        rig.pull(-0.4f, pull + 0.4f);
         ASSERT_EQ(rig.win.calls.size(), 1u);
-        EXPECT_EQ(rig.dock.dockedTop(), c.held) << c.pull;
+        EXPECT_EQ(rig.dock.dockedTop(), held) << pull;
         EXPECT_EQ(rig.win.calls[0],
-                  (FakeDockWindow::Call{DockingHandler::kHwndNoTopmost, 4000 / 12, int(c.expectTop / 12), 250, 85}))
-            << c.pull;
+                  (FakeDockWindow::Call{DockingHandler::kHwndNoTopmost, 4000 / 12, int(expectTop / 12), 250, 85}))
+            << pull;
     }
 }
 
@@ -58,17 +55,13 @@ TEST(DockingHandler, HeldWindowNeedsAPullPastTheDistanceAndFlagsOutliveTheDrag) 
     // A new press keeps the flag; pulls of up to 120 either way leave it at 0 while it slides along.
     rig.press();
     rig.pull(24, -120);
-    EXPECT_EQ(rig.win.top, 0);
-    EXPECT_EQ(rig.win.left, 3624);
+    EXPECT_EQ(std::tuple(rig.win.top, rig.win.left), std::tuple(0, 3624));
     rig.pull(0, 240);
-    EXPECT_EQ(rig.win.top, 0);
-    EXPECT_TRUE(rig.dock.dockedTop());
+    EXPECT_EQ(std::tuple(rig.win.top, rig.dock.dockedTop()), std::tuple(0, true));
 
     // 132 upward from the grip: lets go and the window jumps the whole pull, out of the work area.
     rig.pull(0, -252);
-    EXPECT_FALSE(rig.dock.dockedTop());
-    EXPECT_EQ(rig.win.top, -132);
-    EXPECT_EQ(rig.win.calls.back().y, -11);
+    EXPECT_EQ(std::tuple(rig.dock.dockedTop(), rig.win.top, rig.win.calls.back().y), std::tuple(false, -132, -11));
 }
 
 TEST(DockingHandler, BottomEdgeRestsShortOfFlushByTheStepThatReachedIt) {
@@ -80,8 +73,7 @@ TEST(DockingHandler, BottomEdgeRestsShortOfFlushByTheStepThatReachedIt) {
     EXPECT_EQ(rig.win.calls.back().y, 593); // 7120 twips
     // The pointer ran 384 ahead inside the label: within reach the window stays put.
     rig.pull(0, 12);
-    EXPECT_EQ(rig.win.calls.back().y, 593);
-    EXPECT_TRUE(rig.dock.dockedBottom());
+    EXPECT_EQ(std::tuple(rig.win.calls.back().y, rig.dock.dockedBottom()), std::tuple(593, true));
     // Moving up by 200 leaves the pointer 196 below its grip, out of reach: it lets go and drops to it.
     rig.pull(0, -200);
     EXPECT_FALSE(rig.dock.dockedBottom());
@@ -102,8 +94,7 @@ TEST(DockingHandler, SideEdgesAndAnOffsetWorkAreaAtBothDensities) {
         left.screen.workArea = {40, 30, 1024, 720}; // task bars along the left and the top
         left.press();
         left.pull(40 * tpp + 60 - 2000, 30 * tpp - 60 - 3000); // 60 twips inside and outside
-        EXPECT_TRUE(left.dock.dockedTop());
-        EXPECT_TRUE(left.dock.dockedLeft());
+        EXPECT_EQ(std::tuple(left.dock.dockedTop(), left.dock.dockedLeft()), std::tuple(true, true));
         EXPECT_EQ(QPoint(left.win.calls.back().x, left.win.calls.back().y), QPoint(40, 30)) << dpi;
     }
 }
@@ -125,8 +116,7 @@ TEST(DockingHandler, StaleFlagFallsOnTheFirstStepAfterAMoveByOtherMeans) {
     rig.win.top = 3000; // moved elsewhere, say by a restore
     rig.press();
     rig.pull(0, 36);
-    EXPECT_FALSE(rig.dock.dockedTop());
-    EXPECT_EQ(rig.win.top, 3036);
+    EXPECT_EQ(std::tuple(rig.dock.dockedTop(), rig.win.top), std::tuple(false, 3036));
 }
 
 TEST(DockingHandler, SnapsWithinTenPixelsAndRestacksInPlaceOnlyWithAWindow) {

@@ -98,8 +98,7 @@ TEST_F(ChooserRoundTripTest, EditorIsTheDesktopOpenerThenTheFirstTextEditorOnPat
     fake.started.clear();
     fake.refuse = {"gedit"};
     openInEditor(ctx, "my.dat", fake.launcher());
-    EXPECT_TRUE(fake.started.isEmpty());
-    EXPECT_TRUE(notices.warnings.isEmpty());
+    EXPECT_EQ(std::tuple(fake.started, notices.warnings), std::tuple(QStringList(), QStringList()));
 
     // Neither the opener nor an editor: the user is told, also after a failing opener.
     fake.onPath.clear();
@@ -122,6 +121,5 @@ TEST(EditorLauncherTest, SystemOpenerReportsAFailingEndOrStart) {
     QDeadlineTimer settle(300);
     while (!settle.hasExpired())
         QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-    EXPECT_EQ(failures, 2);
-    EXPECT_FALSE(succeeded);
+    EXPECT_EQ(std::tuple(failures, succeeded), std::tuple(2, false));
 }

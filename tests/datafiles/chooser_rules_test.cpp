@@ -157,8 +157,7 @@ TEST_F(ChooserWindowTest, SaveModeListsDataFilesAndAsksBeforeOverwriting) {
     form->input->setText("my");
     const QPointer<DataFileChooser> closing = form;
     form->onConfirmClicked();
-    EXPECT_EQ(DataFileChooser::instance(), nullptr);
-    EXPECT_TRUE(!closing || !closing->isVisible());
+    EXPECT_EQ(std::tuple(DataFileChooser::instance(), !closing || !closing->isVisible()), std::tuple(nullptr, true));
     const QPointer<OverwriteQuestion> question = OverwriteQuestion::instance();
     ASSERT_TRUE(question);
     EXPECT_EQ(readFile("my.dat"), QByteArray("\"once 09:00:00\"\r\n"));

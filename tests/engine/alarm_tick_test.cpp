@@ -71,11 +71,6 @@ void chime(Context& ctx, int interval, int mark) {
 }
 
 const auto nothing = [](Context&) {};
-TickWatch reloaded(int minute) {
-    TickWatch w;
-    w.reloadMinute = minute;
-    return w;
-}
 
 // One program's tick, driven either at the old fixed 800 ms or by the planner; records what happened and when.
 struct DrivenTick : EngineFixture {
@@ -99,8 +94,7 @@ struct DrivenTick : EngineFixture {
     void run(const QDateTime& end, bool planned) {
         while (clock.now() < end) {
             tickOnce();
-            TickWatch watch;
-            watch.reloadMinute = tick.reloadMinute();
+            const TickWatch watch{tick.reloadMinute()};
             clock.advanceMs(planned ? tick_planner::plan(ctx, clock.now(), watch).delayMs : 800);
         }
     }
@@ -144,8 +138,7 @@ TEST_F(AlarmTickTest, SecondRowMissingItsSecondIsReportedSilentlyAtSecondZero) {
     clock.advanceMs(800);
     EXPECT_EQ(sound.played.size(), 1);
     runUntil(8, 0, 59);
-    EXPECT_EQ(sound.played.size(), 1);
-    EXPECT_EQ(ctx.today.alarms.count(), 1);
+    EXPECT_EQ(std::tuple(sound.played.size(), ctx.today.alarms.count()), std::tuple(1, 1));
     runUntil(8, 1, 1);
     EXPECT_EQ(sound.played.size(), 1);
     EXPECT_EQ(notices.alarmWindows, QStringList({"second one at 08:00:02", "alarm at 08:00:02"}));
@@ -184,8 +177,7 @@ TEST_F(AlarmTickTest, MidnightReloadArmsTheNewDayOnceAndFirstTouchReadsOnlyOnce)
     EXPECT_EQ(ctx.today.alarms.items(), QStringList({"twice 00:00:30", "once 07:00:00"}));
     EXPECT_EQ(tick.reloadMinute(), 0);
     runUntil(0, 0, 31);
-    EXPECT_EQ(sound.played, QStringList({played("twice")}));
-    EXPECT_EQ(ctx.today.alarms.count(), 1);
+    EXPECT_EQ(std::tuple(sound.played, ctx.today.alarms.count()), std::tuple(QStringList({played("twice")}), 1));
     runUntil(0, 1, 1);
     EXPECT_EQ(tick.reloadMinute(), -1);
 
@@ -201,8 +193,7 @@ TEST_F(AlarmTickTest, RepeatSweepRunsEvenWhenIdleAndDisabledTickDoesNothing) {
     ctx.soundChoice.repeatSweep = true;
     tick.onTick();
     tick.onTick();
-    EXPECT_EQ(sound.sweeps, 2);
-    EXPECT_FALSE(ctx.alarmSetLoaded());
+    EXPECT_EQ(std::tuple(sound.sweeps, ctx.alarmSetLoaded()), std::tuple(2, false));
 }
 
 TEST_F(AlarmTickTest, ChimeRingsAtItsMarksAndResyncsAnOvertakenMark) {
@@ -213,8 +204,7 @@ TEST_F(AlarmTickTest, ChimeRingsAtItsMarksAndResyncsAnOvertakenMark) {
     updateChime(ctx);
     EXPECT_EQ(std::tuple(ctx.tick.on, ctx.chime.on, ctx.chime.nextMark), std::tuple(true, true, 15));
     runUntil(8, 15, 5);
-    EXPECT_EQ(sound.waves, QStringList({ctx.folder + "didi.snd"}));
-    EXPECT_EQ(ctx.chime.nextMark, 30);
+    EXPECT_EQ(std::tuple(sound.waves, ctx.chime.nextMark), std::tuple(QStringList({ctx.folder + "didi.snd"}), 30));
 
     // The clock jumps (a suspend): at second 30 the mark is worked out anew.
     clock.set(2002, 5, 1, 8, 47, 29, 900);
@@ -246,14 +236,12 @@ TEST_F(AlarmTickTest, DeleteAllEmptiesTheDayButNotTheScheduleAndNothingRings) {
     ASSERT_FALSE(ctx.tick.nextAlarm.isEmpty());
 
     deleteAllToday(ctx);
-    EXPECT_EQ(ctx.today.alarms.count(), 0);
-    EXPECT_TRUE(ctx.today.messages.isEmpty());
+    EXPECT_EQ(std::tuple(ctx.today.alarms.count(), ctx.today.messages.isEmpty()), std::tuple(0, true));
     runUntil(8, 0, 6);
     EXPECT_EQ(std::tuple(sound.played, notices.alarmWindows, ctx.tick.nextAlarm),
               std::tuple(QStringList(), QStringList(), ""));
     // The schedule and the event list stay as they were.
-    EXPECT_EQ(readFile("future.dat"), before);
-    EXPECT_EQ(ctx.eventList.rows.count(), 2);
+    EXPECT_EQ(std::tuple(readFile("future.dat"), ctx.eventList.rows.count()), std::tuple(before, 2));
 }
 
 TEST(TickPlanner, SleepsUntilJustBeforeTheNextDutyAndPacesOntoItsSecond) {
@@ -262,8 +250,8 @@ TEST(TickPlanner, SleepsUntilJustBeforeTheNextDutyAndPacesOntoItsSecond) {
         {"idle: midnight reload ahead", QTime(23, 59, 30), nothing, {}, false, 28000},
         {"midnight within the lead", QTime(23, 59, 58, 500), nothing, {}, true, 800},
         {"lands 5 ms into 00:00:00", QTime(23, 59, 59, 700), nothing, {}, true, 305},
-        {"00:00 not yet reloaded", QTime(0, 0, 20), nothing, reloaded(-1), true, 800},
-        {"00:00 reloaded", QTime(0, 0, 20), nothing, reloaded(0), false, 60000},
+        {"00:00 not yet reloaded", QTime(0, 0, 20), nothing, {-1}, true, 800},
+        {"00:00 reloaded", QTime(0, 0, 20), nothing, {0}, false, 60000},
         {"alarm in 10 s", QTime(8, 0), [](Context& c) { waiting(c, "08:00:10"); }, {}, false, 8000},
         {"alarm in 2 s: sound readied", QTime(8, 0), [](Context& c) { waiting(c, "08:00:02"); }, {}, true, 800, true},
         {"alarm in 0.5 s", QTime(8, 0, 1, 500), [](Context& c) { waiting(c, "08:00:02"); }, {}, true, 505, true},
@@ -273,8 +261,7 @@ TEST(TickPlanner, SleepsUntilJustBeforeTheNextDutyAndPacesOntoItsSecond) {
         {"no-second alarm's minute", QTime(8, 5, 40), [](Context& c) { waiting(c, "08:05:10", true); }, {}, true, 800},
         {"slipped, told at second 0", QTime(8, 0, 10), [](Context& c) { waiting(c, "07:58:00"); }, {}, false, 48000},
         {"missed its second", QTime(8, 0, 59, 500), [](Context& c) { waiting(c, "08:00:02"); }, {}, true, 505},
-        {"23:59:59 held past midnight", QTime(0, 0, 30), [](Context& c) { waiting(c, "23:59:59"); }, reloaded(0), false,
-         60000},
+        {"23:59:59 held past midnight", QTime(0, 0, 30), [](Context& c) { waiting(c, "23:59:59"); }, {0}, false, 60000},
         {"clock set forward past it", QTime(8, 5), [](Context& c) { waiting(c, "08:00:10"); }, {}, false, 58000},
         {"clock set back an hour", QTime(7, 0, 5), [](Context& c) { waiting(c, "08:00:10"); }, {}, false, 60000},
         {"new head to take", QTime(8, 0), headToTake, {}, true, 800},

@@ -78,24 +78,18 @@ const QByteArray kGoogle = "BEGIN:VCALENDAR\r\nPRODID:-//Google Inc//Google Cale
 
 TEST(CalendarImportTest, EachProgramsShapeArmsOrStoresItsAlarmsInLocalTime) {
     const LocalZone zone("Europe/Berlin");
-    struct Case {
-        const char* program;
-        QByteArray file;
-        QStringList listed;
-        int skipped;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, QByteArray, QStringList, int> cases[] = {
         {"Thunderbird", kThunderbird, {"2026/11/30 09:45:00 once Dentist"}, 0},
         {"GNOME Calendar", kGnome, {"2026/11/25 11:50:00 once Lunch with Ana"}, 1},
         {"KDE alarm program", kKdeAlarm, {"2026/11/30 07:15:00 once (every mon,wed) Bins out"}, 0},
         {"Google Calendar", kGoogle, {"2026/11/26 17:30:00 once Choir", "2026/11/27 09:00:00 once Pay rent"}, 1},
     };
-    for (const Case& c : cases) {
+    for (const auto& [program, file, listed, skipped] : cases) {
         Profile p;
-        const QJsonObject answer = p.import(c.file);
-        ASSERT_TRUE(answer.value("ok").toBool()) << c.program << qPrintable(answer.value("error").toString());
-        EXPECT_EQ(answer.value("skipped").toArray().size(), c.skipped) << c.program;
-        EXPECT_EQ(p.listed(), c.listed) << c.program;
+        const QJsonObject answer = p.import(file);
+        ASSERT_TRUE(answer.value("ok").toBool()) << program << qPrintable(answer.value("error").toString());
+        EXPECT_EQ(answer.value("skipped").toArray().size(), skipped) << program;
+        EXPECT_EQ(p.listed(), listed) << program;
     }
     // The skipped occurrence of that series stays skipped.
     Profile k;
@@ -124,24 +118,17 @@ TEST(CalendarImportTest, ExportThenImportIntoAnEmptyProfileListsTheSame) {
 }
 
 TEST_F(CommandRecurringTest, EveryTurnsIntoItsRuleAndItsFirstDay) {
-    struct Case {
-        const char* every;
-        const char* until;
-        int count;
-        const char* rule;
-        QDate first; // from Wednesday 2026/11/25 with the time gone
-    };
-    const Case cases[] = {
+    // The first day from Wednesday 2026/11/25 with the time gone.
+    const std::tuple<const char*, const char*, int, const char*, QDate> cases[] = {
         {"day", "", 0, "FREQ=DAILY", QDate(2026, 11, 26)},
         {"weekdays", "", 0, "FREQ=WEEKLY;BYDAY=MO,TU,WE,TH,FR", QDate(2026, 11, 26)},
         {"weekends", "2026/12/31", 0, "FREQ=WEEKLY;BYDAY=SA,SU;UNTIL=20261231T235959", QDate(2026, 11, 28)},
         {"fri,mon,fri", "", 4, "FREQ=WEEKLY;BYDAY=MO,FR;COUNT=4", QDate(2026, 11, 27)},
         {"month", "", 0, "FREQ=MONTHLY", QDate(2026, 11, 25)},
     };
-    for (const Case& c : cases) {
-        const QString rule = command_recurring::ruleFor(c.every, c.until, c.count);
-        EXPECT_EQ(rule, QLatin1String(c.rule)) << c.every;
-        EXPECT_EQ(command_recurring::firstDay(c.every, QDate(2026, 11, 25), true), c.first) << c.every;
+    for (const auto& [every, until, count, rule, first] : cases) {
+        EXPECT_EQ(command_recurring::ruleFor(every, until, count), QLatin1String(rule)) << every;
+        EXPECT_EQ(command_recurring::firstDay(every, QDate(2026, 11, 25), true), first) << every;
     }
     EXPECT_EQ(command_recurring::everyOf("FREQ=WEEKLY;UNTIL=20261231T235959;BYDAY=SA,SU"), "weekends until 2026/12/31");
     EXPECT_EQ(command_recurring::everyOf("FREQ=WEEKLY;BYDAY=MO,FR;COUNT=4"), "mon,fri count 4");

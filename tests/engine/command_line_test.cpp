@@ -68,10 +68,7 @@ TEST(CommandLine, SubCommandsGoToTheRunningProgramWithTheirValuesAsGiven) {
 
 TEST(CommandLine, AnythingElseIsRefusedWithExitTwo) {
     // A reason ending in a line break is the whole first line. The desktop run checks more of these as typed.
-    const struct {
-        const char* line;
-        const char* said;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"-x", "unknown option '-x'\n"},
         {"-reverse=1", "unknown option '-reverse=1'\n"},
         {"-", "unexpected argument '-'\n"},
@@ -99,16 +96,16 @@ TEST(CommandLine, AnythingElseIsRefusedWithExitTwo) {
         // A sub-command only counts as the first argument; after Qt's options it is an argument like any other.
         {"-platform xcb add --in 5s", "unexpected argument 'add'\n"},
     };
-    for (const auto& c : cases) {
-        const auto answer = answerFor(QLatin1String(c.line));
-        ASSERT_TRUE(answer) << c.line;
-        EXPECT_EQ(answer->exitCode, 2) << c.line;
+    for (const auto& [line, said] : cases) {
+        const auto answer = answerFor(QLatin1String(line));
+        ASSERT_TRUE(answer) << line;
+        EXPECT_EQ(answer->exitCode, 2) << line;
         EXPECT_TRUE(answer->out.isEmpty());
-        EXPECT_TRUE(answer->err.startsWith(QStringLiteral("bellwick: ") + c.said))
-            << c.line << ": " << answer->err.toStdString();
-        EXPECT_TRUE(answer->err.endsWith("Try 'bellwick --help' for more information.\n")) << c.line;
-        if (QByteArray(c.said).endsWith('\n'))
-            EXPECT_EQ(answer->err.count('\n'), 2) << c.line;
+        EXPECT_TRUE(answer->err.startsWith(QStringLiteral("bellwick: ") + said))
+            << line << ": " << answer->err.toStdString();
+        EXPECT_TRUE(answer->err.endsWith("Try 'bellwick --help' for more information.\n")) << line;
+        if (QByteArray(said).endsWith('\n'))
+            EXPECT_EQ(answer->err.count('\n'), 2) << line;
     }
 }
 

@@ -50,11 +50,8 @@ struct CommandServiceTest : ::testing::Test, ServedEngine {
 
 TEST_F(CommandServiceTest, RefusesWhatTheWindowRefusesWithItsWordsAndShowsNothing) {
     const QString tooLong = QStringLiteral("Message longer than 626 characters");
-    const struct {
-        const char* arguments;
-        QString message;
-        QString refusal; // empty: accepted, for contrast
-    } cases[] = {
+    // The words, a message given apart, and the refusal (empty: accepted, for contrast).
+    const std::tuple<const char*, QString, QString> cases[] = {
         {"add --time 07:59:59", "", "Time was passed or next day"},
         {"add --in 2h --plays twice", "", ""},
         {"add --time 24:00:00", "", "Invalid input"},
@@ -73,13 +70,13 @@ TEST_F(CommandServiceTest, RefusesWhatTheWindowRefusesWithItsWordsAndShowsNothin
         {"add --time 09:00", QString(625, 'm') + '\n', tooLong}, // a line break counts two, as in the message box
         {"add --time 09:00", QString(624, 'm') + '\n', ""},
     };
-    for (const auto& c : cases) {
-        if (QString(c.arguments) == "add --in 87840h")
+    for (const auto& [arguments, message, refusal] : cases) {
+        if (QString(arguments) == "add --in 87840h")
             clock.set(9999, 1, 1, 8, 0, 0);
-        const QJsonObject answer = send(c.arguments, c.message);
+        const QJsonObject answer = send(arguments, message);
         clock.set(2002, 5, 1, 8, 0, 0);
-        EXPECT_EQ(answer.value("ok").toBool(), c.refusal.isEmpty()) << c.arguments;
-        EXPECT_EQ(answer.value("error").toString(), c.refusal) << c.arguments;
+        EXPECT_EQ(answer.value("ok").toBool(), refusal.isEmpty()) << arguments;
+        EXPECT_EQ(answer.value("error").toString(), refusal) << arguments;
     }
     EXPECT_TRUE(windows.warnings.isEmpty());
     EXPECT_EQ(windows.beeps, 0);
@@ -256,19 +253,16 @@ TEST(CommandClient, MessagesOfAnyLengthAndArgumentsNotUtf8AreRefusedBeforeThePro
 }
 
 TEST(CommandProtocol, ListLinesEscapeEveryControlCharacter) {
-    const struct {
-        QString message;
-        QString line;
-    } cases[] = {
+    const std::pair<QString, QString> cases[] = {
         {"a\\b\nc\rd", "a\\\\b\\nc\\rd"},
         {"\x1b]0;owned\x07\x1b[2J", "\\u001b]0;owned\\u0007\\u001b[2J"},
         {QString("t\tnul") + QChar(0) + "del\x7f", "t\\u0009nul\\u0000del\\u007f"},
         {QString(QChar(0x85)) + QChar(0x9B) + QChar(0x9F), "\\u0085\\u009b\\u009f"},
         {QString::fromUtf8("é € – \u00A0 😀"), QString::fromUtf8("é € – \u00A0 😀")}, // printable: as typed
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(command_protocol::eventLine({"2002/05/01", "18:00:00", "once", c.message}),
-                  "2002/05/01 18:00:00 once " + c.line);
+    for (const auto& [message, line] : cases)
+        EXPECT_EQ(command_protocol::eventLine({"2002/05/01", "18:00:00", "once", message}),
+                  "2002/05/01 18:00:00 once " + line);
 }
 
 // What a script is told: a list it can trust.

@@ -46,8 +46,7 @@ TEST_F(MessageWindows, AReminderHidesTheWindowAndRingsAgainAfterItsMinutes) {
     form->minutesEdit->setText("2");
     form->playCountBox->setCurrentIndex(1);
     form->onOkClicked();
-    EXPECT_FALSE(form->isVisible());
-    EXPECT_TRUE(form->minutesEdit->text().isEmpty());
+    EXPECT_EQ(std::tuple(form->isVisible(), form->minutesEdit->text().isEmpty()), std::tuple(false, true));
     // Set at second 59: changes of the minute count, not whole minutes.
     for (const QTime t : {QTime(8, 30, 59), QTime(8, 31, 0), QTime(8, 31, 59)}) {
         clock.set(2002, 5, 1, t.hour(), t.minute(), t.second());

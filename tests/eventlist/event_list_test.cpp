@@ -25,7 +25,8 @@ struct EditEventTest : ::testing::Test, EngineFixture {
         list.rows.selectOnly(1);
     }
 
-    // Opens the Edit window's controls on the current row, as the popup does.
+    // Opens the Edit window's controls on the current row, as the popup does: date, hour, minute, second, AM/PM,
+    // play count, message.
     EditControls openCurrent() {
         EventList& list = ctx.eventList;
         list.crackCurrentRow();
@@ -89,7 +90,7 @@ TEST_F(EditEventTest, RefusalsTellTheUserAndChangeNoEvent) {
                                  {"2002/05/01", "11", "59", "59", "Time was passed or next day"}};
     for (const QStringList& k : cases) {
         EditControls c = openCurrent();
-        c.dateEdit = k[0], c.hourBox = k[1], c.minuteBox = k[2], c.secondBox = k[3], c.amPm = "AM";
+        c = {k[0], k[1], k[2], k[3], "AM", c.playCountIndex, c.input};
         EXPECT_FALSE(confirmEdit(ctx, c)) << qPrintable(k[4]);
         EXPECT_EQ(notices.warnings.takeLast(), k[4]);
     }
@@ -106,11 +107,7 @@ TEST_F(EditEventTest, RefusalsTellTheUserAndChangeNoEvent) {
 
 TEST_F(EditEventTest, LaterDateReplacesTheRowAndRewritesTheSchedule) {
     EditControls c = openCurrent();
-    c.dateEdit = "2002/05/06";
-    c.hourBox = "12";
-    c.amPm = "AM";
-    c.playCountIndex = 3;
-    c.input = "Two\r\nlines";
+    c = {"2002/05/06", "12", c.minuteBox, c.secondBox, "AM", 3, "Two\r\nlines"};
     ASSERT_TRUE(confirmEdit(ctx, c));
     EXPECT_EQ(rows(),
               QStringList({"      -    2002/05/01-09:00:00        past today", "      #    2002/05/05-07:00:00        ",
@@ -124,12 +121,7 @@ TEST_F(EditEventTest, LaterDateReplacesTheRowAndRewritesTheSchedule) {
 
 TEST_F(EditEventTest, TodayMovesTheEventIntoTodaysListsAndOutOfTheSchedule) {
     EditControls c = openCurrent();
-    c.dateEdit = "2002/05/01";
-    c.hourBox = "12";
-    c.minuteBox = "0";
-    c.secondBox = "0";
-    c.amPm = "PM";
-    c.playCountIndex = 2;
+    c = {"2002/05/01", "12", "0", "0", "PM", 2, c.input};
     // The present second itself is still in time.
     ASSERT_TRUE(confirmEdit(ctx, c));
     EXPECT_EQ(ctx.today.alarms.items(), QStringList({"thrice 12:00:00"}));
@@ -142,9 +134,7 @@ TEST_F(EditEventTest, TodayMovesTheEventIntoTodaysListsAndOutOfTheSchedule) {
     // Without a message no message row comes.
     ctx.eventList.rows.selectOnly(1);
     c = openCurrent();
-    c.dateEdit = "2002/05/01";
-    c.hourBox = "1";
-    c.amPm = "PM";
+    c = {"2002/05/01", "1", c.minuteBox, c.secondBox, "PM", c.playCountIndex, c.input};
     ASSERT_TRUE(confirmEdit(ctx, c));
     EXPECT_EQ(ctx.today.alarms.items(), QStringList({"thrice 12:00:00", "thrice 13:00:00"}));
     EXPECT_EQ(std::tuple(ctx.today.messages.count(), rows().size()), std::tuple(1, 1));
@@ -188,8 +178,7 @@ TEST_F(PopupTest, DeleteRemovesEveryHighlightedRowAndRewritesOnce) {
     // Nothing highlighted: nothing at all happens, the file included.
     rows().setCurrent(1);
     deleteFromPopup(ctx);
-    EXPECT_EQ(rows().count(), 6);
-    EXPECT_EQ(readFile("future.dat"), QByteArray("\"stale\"\r\n"));
+    EXPECT_EQ(std::tuple(rows().count(), readFile("future.dat")), std::tuple(6, QByteArray("\"stale\"\r\n")));
 
     for (int row : {0, 2, 3, 5})
         rows().setSelected(row, true);
@@ -209,12 +198,8 @@ TEST_F(PopupTest, DeleteRemovesEveryHighlightedRowAndRewritesOnce) {
 
 TEST_F(PopupTest, BulkDeleteOfScatteredRowsIsOnePassAndMatchesDeletingOneByOne) {
     // A few blocks and many blocks take different roads; both must end as the first-highlighted-first loop did.
-    struct Case {
-        int every;
-        int current;
-    };
-    for (const Case c : {Case{40, 41}, Case{40, 40}, Case{3, 7}, Case{3, 6}, Case{2, -1}}) {
-        SCOPED_TRACE(QStringLiteral("every %1th row, current %2").arg(c.every).arg(c.current).toStdString());
+    for (const auto [every, current] : {std::pair{40, 41}, {40, 40}, {3, 7}, {3, 6}, {2, -1}}) {
+        SCOPED_TRACE(QStringLiteral("every %1th row, current %2").arg(every).arg(current).toStdString());
         EventList bulk, oneByOne;
         for (EventList* list : {&bulk, &oneByOne}) {
             list->beginBulk();
@@ -222,15 +207,15 @@ TEST_F(PopupTest, BulkDeleteOfScatteredRowsIsOnePassAndMatchesDeletingOneByOne) 
                 list->insertRow("=", QStringLiteral("2002/05/%1-08:00:00").arg(1 + i % 28, 2, 10, QChar('0')),
                                 QStringLiteral("m%1").arg(i), false);
             list->endBulk();
-            for (int r = 0; r < 200; r += c.every)
+            for (int r = 0; r < 200; r += every)
                 list->rows.setSelected(r, true);
-            list->rows.setCurrent(c.current);
+            list->rows.setCurrent(current);
         }
         int resets = 0, removals = 0;
         QObject::connect(&bulk.rows, &ListModel::modelReset, [&] { ++resets; });
         QObject::connect(&bulk.rows, &ListModel::rowsRemoved, [&] { ++removals; });
 
-        const int blocks = (199 / c.every) + 1;
+        const int blocks = (199 / every) + 1;
         EXPECT_EQ(bulk.removeHighlighted(), blocks);
         while (oneByOne.highlightedCount() >= 1)
             oneByOne.removeFirstHighlighted();
@@ -293,8 +278,7 @@ TEST(EventList, FirstHighlightedGoesFirstAndCrackingNeedsACurrentRow) {
     list.insertRow("~", "2002/05/02-08:00:00", "b2", true);
     EXPECT_EQ(list.highlightedCount(), 3);
     list.removeFirstHighlighted(); // "b2", above "b" of the same time
-    EXPECT_EQ(list.highlightedCount(), 2);
-    EXPECT_TRUE(list.rows.item(1).endsWith("b"));
+    EXPECT_EQ(std::tuple(list.highlightedCount(), list.rows.item(1).endsWith("b")), std::tuple(2, true));
     list.rows.setCurrent(2);
     list.crackCurrentRow();
     EXPECT_EQ(list.crackedMessage(), "c");
@@ -307,17 +291,12 @@ TEST(EventList, FirstHighlightedGoesFirstAndCrackingNeedsACurrentRow) {
 TEST(EventList, BulkLoadMatchesOneByOneInsertion) {
     // Dates and times of one shape sort as numbers (by digits when there are thousands); one hand-made date of
     // another shape sorts them all as text.
-    struct Case {
-        QString odd;
-        int rows;
-    };
-    for (const Case c :
-         {Case{QString(), 500}, Case{QStringLiteral("2002/5/1x-01:00:00"), 500}, Case{QString(), 4200}}) {
-        const QString odd = c.odd;
+    for (const auto& [odd, rows] :
+         {std::pair{QString(), 500}, {QStringLiteral("2002/5/1x-01:00:00"), 500}, {QString(), 4200}}) {
         EventList single, bulk;
         QRandomGenerator rng(7);
         bulk.beginBulk();
-        for (int i = 0; i < c.rows; ++i) {
+        for (int i = 0; i < rows; ++i) {
             QString dt = QStringLiteral("2002/05/%1-0%2:00:00")
                              .arg(rng.bounded(1, 4), 2, 10, QLatin1Char('0'))
                              .arg(rng.bounded(3));

@@ -105,8 +105,7 @@ TEST_F(InputMessageTest, TextTheFilesCannotHoldStaysInTheBoxWithAWarning) {
         EXPECT_EQ(notices.warnings.takeLast(), QString::fromUtf8("These characters cannot be stored: 😀")) << date;
         form.closing(true, 0, 0);
     }
-    EXPECT_EQ(messages(), QStringList());
-    EXPECT_FALSE(QFile::exists(path("future.dat")));
+    EXPECT_EQ(std::tuple(messages(), QFile::exists(path("future.dat"))), std::tuple(QStringList(), false));
 }
 
 TEST_F(InputMessageTest, OneMessageLivesOnlyInTheBoxWhileOpen) {
@@ -200,8 +199,7 @@ TEST_F(InputMessageWindowTest, TypingSavingAndTheTextSize) {
 
     for (int i = 0; i < 4; ++i)
         form.minusButton->click();
-    EXPECT_EQ(form.input->font().pointSizeF(), 6);
-    EXPECT_EQ(notices.beeps, 1);
+    EXPECT_EQ(std::tuple(form.input->font().pointSizeF(), notices.beeps), std::tuple(6, 1));
     form.plusButton->click();
     form.okButton->click();
     EXPECT_FALSE(form.isVisible());
@@ -213,8 +211,7 @@ TEST_F(InputMessageWindowTest, TypingSavingAndTheTextSize) {
     EXPECT_EQ(form.input->font().pointSizeF(), 7);
     for (int i = 0; i < 11; ++i)
         form.plusButton->click();
-    EXPECT_EQ(form.input->font().pointSizeF(), 17);
-    EXPECT_EQ(notices.beeps, 2);
+    EXPECT_EQ(std::tuple(form.input->font().pointSizeF(), notices.beeps), std::tuple(17, 2));
 }
 
 TEST_F(InputMessageWindowTest, BrowsingOnTheWindowAndTheTitleBarCloseIsAbandon) {

@@ -12,10 +12,7 @@ QProcessEnvironment environment(const std::vector<std::pair<const char*, const c
 }
 
 TEST(DisplayChoice, XWaylandIsChosenWithWaylandAsTheWayOutWhenItLeadsNowhere) {
-    const struct {
-        std::vector<std::pair<const char*, const char*>> env;
-        const char* ask;
-    } sessions[] = {
+    const std::pair<std::vector<std::pair<const char*, const char*>>, const char*> sessions[] = {
         {{{"WAYLAND_DISPLAY", "wayland-0"}, {"DISPLAY", ":0"}}, "xcb;wayland"},
         {{{"XDG_SESSION_TYPE", "wayland"}, {"DISPLAY", ":1"}}, "xcb;wayland"}, // Wayland told by its type alone
         // Plain X11 and pure Wayland: Qt's own choice is already the right one.
@@ -23,8 +20,8 @@ TEST(DisplayChoice, XWaylandIsChosenWithWaylandAsTheWayOutWhenItLeadsNowhere) {
         {{{"WAYLAND_DISPLAY", "wayland-0"}, {"DISPLAY", ""}}, ""},
         {{}, ""},
     };
-    for (const auto& s : sessions)
-        EXPECT_EQ(display_choice::platformToAsk(environment(s.env), {}), QString::fromLatin1(s.ask)) << s.ask;
+    for (const auto& [env, ask] : sessions)
+        EXPECT_EQ(display_choice::platformToAsk(environment(env), {}), QString::fromLatin1(ask)) << ask;
 }
 
 TEST(DisplayChoice, TheUsersOwnChoiceStands) {

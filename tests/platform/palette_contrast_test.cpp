@@ -106,15 +106,13 @@ TEST_P(Palettes, AlarmSetPicturesStandOutFromTheirButtons) {
     AlarmSetWindow* f = host.form();
     styled(f);
     shoot(f, QStringLiteral("alarm-set"));
-    const struct {
-        PictureButton* button;
-        const char* name;
-    } graphics[] = {{f->upButton, "up arrow"},          {f->downButton, "down arrow"},
-                    {f->deleteButton, "scissors"},      {f->deleteAllButton, "two scissors"},
-                    {f->playSongButton, "play"},        {f->minimiseButton, "minimise"},
-                    {f->saveFileButton, "floppy disk"}, {f->loadButton, "folder"}};
-    for (const auto& g : graphics)
-        EXPECT_GE(buttonContrast(g.button), contrast::kGraphics) << g.name;
+    const std::pair<PictureButton*, const char*> graphics[] = {
+        {f->upButton, "up arrow"},          {f->downButton, "down arrow"},
+        {f->deleteButton, "scissors"},      {f->deleteAllButton, "two scissors"},
+        {f->playSongButton, "play"},        {f->minimiseButton, "minimise"},
+        {f->saveFileButton, "floppy disk"}, {f->loadButton, "folder"}};
+    for (const auto& [button, name] : graphics)
+        EXPECT_GE(buttonContrast(button), contrast::kGraphics) << name;
     // The word Add, left of its pencil, is text.
     const QRect word(0, 0, f->withMessageButton->width() * 6 / 10, f->withMessageButton->height());
     EXPECT_GE(buttonContrast(f->withMessageButton, word), contrast::kText) << "Add";

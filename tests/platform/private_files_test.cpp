@@ -39,10 +39,7 @@ TEST(PrivateFilesTest, FoldersMadeOrOwnedAreClosedAndThoseAboveThatStoodAreLeft)
     ASSERT_TRUE(data_folder::prepare(r + "/home/.local/share/bellwick/", bundled));
     ASSERT_TRUE(data_folder::makePrivate(r + "/old/bellwick"));
 
-    const struct {
-        const char* path;
-        int mode;
-    } expected[] = {
+    const std::pair<const char*, int> expected[] = {
         {"/home", 0755},
         {"/home/.local", 0700},
         {"/home/.local/share", 0700},
@@ -53,8 +50,8 @@ TEST(PrivateFilesTest, FoldersMadeOrOwnedAreClosedAndThoseAboveThatStoodAreLeft)
         {"/old", 0755},
         {"/old/bellwick", 0700},
     };
-    for (const auto& e : expected)
-        EXPECT_EQ(modeOf(r + e.path), e.mode) << e.path;
+    for (const auto& [path, mode] : expected)
+        EXPECT_EQ(modeOf(r + path), mode) << path;
 }
 
 TEST(PrivateFilesTest, ANewFileIsTheUsersAloneAndOneThatStandsKeepsItsMode) {
@@ -74,11 +71,7 @@ TEST(PrivateFilesTest, ABusIsThereOnlyWhenNamedOrItsSocketStands) {
     ASSERT_TRUE(bus.listen(withSocket.path() + "/bus"));
     QFile plain(withFile.path() + "/bus");
     ASSERT_TRUE(plain.open(QIODevice::WriteOnly));
-    const struct {
-        const char* address;
-        QString runtime;
-        bool present;
-    } cases[] = {
+    const std::tuple<const char*, QString, bool> cases[] = {
         {"unix:path=/run/user/1000/bus", empty.path(), true},
         {"", withSocket.path(), true},
         {"autolaunch:", withSocket.path(), true},
@@ -87,12 +80,12 @@ TEST(PrivateFilesTest, ABusIsThereOnlyWhenNamedOrItsSocketStands) {
         {"", withFile.path(), false},
         {"", QString(), false},
     };
-    for (const auto& c : cases) {
+    for (const auto& [address, runtime, present] : cases) {
         QProcessEnvironment env;
-        if (*c.address)
-            env.insert("DBUS_SESSION_BUS_ADDRESS", c.address);
-        if (!c.runtime.isEmpty())
-            env.insert("XDG_RUNTIME_DIR", c.runtime);
-        EXPECT_EQ(session_bus::present(env), c.present) << c.address << " " << c.runtime.toStdString();
+        if (*address)
+            env.insert("DBUS_SESSION_BUS_ADDRESS", address);
+        if (!runtime.isEmpty())
+            env.insert("XDG_RUNTIME_DIR", runtime);
+        EXPECT_EQ(session_bus::present(env), present) << address << " " << runtime.toStdString();
     }
 }

@@ -41,24 +41,20 @@ TEST(Cp1252, EveryByteRoundTripsAndForeignCharactersBecomeQuestionMarks) {
 }
 
 TEST(Cp1252, FitNamesEachCharacterTheCodePageCannotHoldAndCountsCharacters) {
-    const struct {
-        QString text;
-        qsizetype bytes;
-        QString unheld;
-    } cases[] = {
+    const std::tuple<QString, qsizetype, QString> cases[] = {
         {QString::fromUtf8("Zoë €5 “x” ") + QChar(0x81) + "\r\n", 14, ""},
         {QString::fromUtf8("emoji 😀 end 😀"), 13, QString::fromUtf8("😀")}, // a pair is one character
         {QString::fromUtf8("会议 at 会"), 7, QString::fromUtf8("会 议")},
         {QString(QChar(0x85)) + QChar(0x9F), 2, "U+0085 U+009F"}, // controls the code page gives other bytes
         {QString(QChar(0xD83D)) + 'a', 2, "U+D83D"},              // a lone surrogate
     };
-    for (const auto& c : cases) {
-        const Cp1252Fit fit = cp1252Fit(c.text);
-        EXPECT_EQ(fit.bytes, c.bytes) << qPrintable(c.text);
-        EXPECT_EQ(unheldNames(fit.unheld), c.unheld) << qPrintable(c.text);
+    for (const auto& [text, bytes, unheld] : cases) {
+        const Cp1252Fit fit = cp1252Fit(text);
+        EXPECT_EQ(fit.bytes, bytes) << qPrintable(text);
+        EXPECT_EQ(unheldNames(fit.unheld), unheld) << qPrintable(text);
         // What fits is written byte for byte, one a character.
         if (fit.fits())
-            EXPECT_EQ(toCp1252(c.text).size(), c.bytes);
+            EXPECT_EQ(toCp1252(text).size(), bytes);
     }
 }
 

@@ -32,11 +32,7 @@ Reply helperGiven(const QByteArray& input) {
 TEST(WakeHelperTest, ArmsOnNumbersInRangeAndEndsOnAnythingElse) {
     // Without the capability every number is answered with the reason; a line that is no number ends it either way.
     const QByteArray ok = geteuid() == 0 ? "ok\n" : "error no permission\n";
-    const struct {
-        QByteArray input;
-        int exitCode;
-        QByteArray out;
-    } cases[] = {
+    const std::tuple<QByteArray, int, QByteArray> cases[] = {
         {"60000\n0\n", 0, ok + ok},
         {"3162240000000\n", 0, ok}, // a hundred years
         {"3162240000001\n", 2, ""},
@@ -47,9 +43,8 @@ TEST(WakeHelperTest, ArmsOnNumbersInRangeAndEndsOnAnythingElse) {
         {"99999999999999999999\n", 2, ""},
         {"1000", 2, ""}, // cut off before its line ends
     };
-    for (const auto& c : cases) {
-        const Reply reply = helperGiven(c.input);
-        EXPECT_EQ(reply.exitCode, c.exitCode) << c.input.constData();
-        EXPECT_EQ(reply.out, c.out) << c.input.constData();
+    for (const auto& [input, exitCode, out] : cases) {
+        const Reply reply = helperGiven(input);
+        EXPECT_EQ(std::pair(reply.exitCode, reply.out), std::pair(exitCode, out)) << input.constData();
     }
 }

@@ -53,14 +53,8 @@ struct RecurringArmingTest : ::testing::Test, EngineFixture {
 
 TEST(RecurrenceTest, TimesOfADay) {
     const LocalZone zone("Europe/Berlin");
-    struct Case {
-        const char* what;
-        RecurringAlarm alarm;
-        QDate day;
-        QStringList times;
-    };
     const QStringList seven{"07:00:00"};
-    const Case cases[] = {
+    const std::tuple<const char*, RecurringAlarm, QDate, QStringList> cases[] = {
         {"daily on the day the clocks go forward", alarm("FREQ=DAILY", at(2026, 3, 20)), QDate(2026, 3, 29), seven},
         {"daily on the day the clocks go back", alarm("FREQ=DAILY", at(2026, 3, 20)), QDate(2026, 10, 25), seven},
         // 02:30 does not exist that night: the alarm rings when the clock has jumped past it.
@@ -85,8 +79,8 @@ TEST(RecurrenceTest, TimesOfADay) {
         {"before the start", alarm("FREQ=DAILY", at(2026, 3, 2)), QDate(2026, 3, 1), {}},
         {"twice a day", alarm("FREQ=DAILY;BYHOUR=7,19", at(2026, 3, 2)), QDate(2026, 3, 9), {"07:00:00", "19:00:00"}},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(recurrence::timesOn(c.alarm, c.day), c.times) << c.what;
+    for (const auto& [what, recurring, day, times] : cases)
+        EXPECT_EQ(recurrence::timesOn(recurring, day), times) << what;
 }
 
 TEST(RecurrenceTest, NextOccurrenceAfterAMoment) {
@@ -121,12 +115,7 @@ TEST(RecurringFileTest, RefusesWhatIsNoAlarmFileWithAReason) {
         random[i] = char((i * 7919 + 13) % 251);
     const QByteArray head = "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nBEGIN:VEVENT\r\nUID:a\r\nDTSTART:20260301T070000\r\n";
     const QByteArray tail = "END:VEVENT\r\nEND:VCALENDAR\r\n";
-    struct Case {
-        const char* what;
-        QByteArray text;
-        const char* reason;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, QByteArray, const char*> cases[] = {
         {"random bytes", random, "not an iCalendar file"},
         {"a 50 MB line", head + "DESCRIPTION:" + QByteArray(50 * 1024 * 1024, 'x') + "\r\n" + tail, "larger than"},
         {"every second", head + "RRULE:FREQ=SECONDLY\r\n" + tail, "within the hour"},
@@ -134,15 +123,15 @@ TEST(RecurringFileTest, RefusesWhatIsNoAlarmFileWithAReason) {
         {"no rule", head + tail, "no RRULE"},
         {"a rule that is none", head + "RRULE:FREQ=SOMETIMES\r\n" + tail, "rule"},
     };
-    for (const Case& c : cases) {
+    for (const auto& [what, text, reason] : cases) {
         QList<RecurringAlarm> alarms;
         QString problem;
         QElapsedTimer timer;
         timer.start();
-        EXPECT_FALSE(recurring_file::parse(c.text, alarms, problem)) << c.what;
-        EXPECT_TRUE(problem.contains(QLatin1String(c.reason), Qt::CaseInsensitive))
-            << c.what << ": " << qPrintable(problem);
-        EXPECT_LT(timer.elapsed(), 5000) << c.what;
+        EXPECT_FALSE(recurring_file::parse(text, alarms, problem)) << what;
+        EXPECT_TRUE(problem.contains(QLatin1String(reason), Qt::CaseInsensitive))
+            << what << ": " << qPrintable(problem);
+        EXPECT_LT(timer.elapsed(), 5000) << what;
     }
 }
 

@@ -54,8 +54,7 @@ TEST_F(SettingsOptionsTest, LoadTurnsTheFileIntoVariables) {
                          ctx.options.speakerInsteadOfMidi, s.testVisible),
               std::tuple(false, true, true, true, false, true));
     // The seconds box lives on the Alarm Set window: no-second mode loads it.
-    EXPECT_EQ(window.loads, 1);
-    EXPECT_EQ(window.noSecondModes, QList<bool>{true});
+    EXPECT_EQ(std::tuple(window.loads, window.noSecondModes), std::tuple(1, QList<bool>{true}));
 
     // A key that doesn't match leaves the boxes as the variables set them.
     writeFile("tolm.ini", iniWith(1, 1, "ALAEOn").replace(3 * 55 + 1, 1, "s"));

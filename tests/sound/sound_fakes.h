@@ -40,13 +40,14 @@ struct FakeMci : MciDevice {
 struct FakeSequencer : MidiSequencer {
     QStringList log;
     bool opens = true;
+    bool plays = true;
     bool open(const QString& path) override {
         log.append(QStringLiteral("open ") + path);
         return opens;
     }
     bool play() override {
         log.append(QStringLiteral("play"));
-        return true;
+        return plays;
     }
     void close() override { log.append(QStringLiteral("close")); }
 };

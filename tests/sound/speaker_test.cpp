@@ -19,8 +19,7 @@ TEST(SpeakerTest, ModelLeavesPortBAsItWasAndIsThereWhileItsOutputIs) {
     SpeakerPortModel model(output, 0x30);
     SoundPlayer player(f.ctx, SoundDevices{f.wave, f.mci, model, QString()});
     player.sweepSpeaker();
-    EXPECT_EQ(output.tones.size(), kSweepDivisors.size());
-    EXPECT_EQ(model.portB(), 0x30);
+    EXPECT_EQ(std::tuple(output.tones.size(), model.portB()), std::tuple(kSweepDivisors.size(), 0x30));
     bool present = false;
     player.checkSpeaker(present);
     EXPECT_TRUE(present);
