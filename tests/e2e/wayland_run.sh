@@ -37,7 +37,7 @@ xwayland)
     wait_for_window '^Message  ' 20 >/dev/null || fail "no message window for $due"
     echo "alarm at $due: message window at $(date +%T)"
     alive "on XWayland"
-    grep -q 'Wayland' "$work/stderr.log" && fail "it says it runs on Wayland"
+    ! grep -q 'Wayland' "$work/stderr.log" || fail "it says it runs on Wayland"
     ;;
 native)
     start_weston
@@ -65,7 +65,7 @@ native)
     ours=$(grep -v '^\[' "$work/stderr.log")
     echo "$ours"
     [ "$(grep -c '^bellwick: on Wayland' <<<"$ours")" -eq 1 ] || fail "the Wayland line is not there once"
-    grep -v '^bellwick: on Wayland\|^bellwick: no notification area' <<<"$ours" | grep . && fail "more was said"
+    ! grep -v '^bellwick: on Wayland\|^bellwick: no notification area' <<<"$ours" | grep . || fail "more was said"
     ;;
 *) fail "no mode $mode" ;;
 esac
