@@ -126,6 +126,11 @@ struct RecordingSound : AlarmSound {
     }
     void playWaveFile(const QString& name, int) override { waves.append(name); }
     void sweepSpeaker() override { ++sweeps; }
+    std::function<void()> onReady; // readying the song, as a large one on a slow disk takes its time
+    void readyAlarm(const QString&, const QString&) override {
+        if (onReady)
+            onReady();
+    }
 };
 
 // A context over a fresh program folder, a fake clock and recording services.

@@ -76,6 +76,10 @@ void TrayIcon::schedule() {
     } else if (m_readied != m_ctx.tick.nextAlarm) {
         m_readied = m_ctx.tick.nextAlarm;
         m_ctx.sound.readyAlarm(m_ctx.tick.nextPlayWord, m_ctx.soundChoice.songPath);
+        if (m_tick.fireLate(m_readied)) {
+            schedule();
+            return;
+        }
     }
     if (m_plan.paced) {
         m_sleep->stop();

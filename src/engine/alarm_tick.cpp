@@ -43,6 +43,19 @@ void AlarmTick::onTick() {
     m_inTick = false;
 }
 
+bool AlarmTick::fireLate(const QString& due) {
+    if (m_inTick || !m_ctx.tick.on || !m_ctx.tick.haveAlarms || m_ctx.tick.needNextAlarm || m_ctx.tick.nextAlarm != due)
+        return false;
+    const QString now = m_ctx.clock.timeText().left(due.size());
+    if (!(due < now))
+        return false;
+    m_inTick = true;
+    fireAlarm();
+    takeNextAlarm();
+    m_inTick = false;
+    return true;
+}
+
 void AlarmTick::removeHead() {
     m_ctx.today.alarms.removeItem(0);
     if (m_ctx.today.alarms.item(0).isEmpty())

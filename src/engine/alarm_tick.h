@@ -11,6 +11,9 @@ public:
     explicit AlarmTick(Context& ctx) : m_ctx(ctx) {}
 
     void onTick();
+    // Rings the alarm due at `due` when its second passed while its sound was being readied (a large song, a slow
+    // disk): late, rather than reported as slipped at the next minute. True when it rang.
+    bool fireLate(const QString& due);
 
     void takeNextAlarm();
     void minuteChecks();
