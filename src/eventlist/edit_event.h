@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <QStringList>
 
 class Context;
 
@@ -15,8 +14,6 @@ struct EditControls {
     int playCountIndex = 0;
     QString input; // line breaks as stored, CR LF
 };
-
-// The play-count items of the Edit window, in list order.
 
 // The controls for one event of the list: the hour on the 12-hour clock, and "x" (and any odd mark) as once.
 EditControls editControlsFor(const QString& markField, const QString& dateField, const QString& timeField,

@@ -2,8 +2,6 @@
 
 #include "engine/alarm_event.h"
 
-#include <QStringList>
-
 namespace ical_item {
 
 icaltimezone* zoneOf(icalcomponent* calendar, icalproperty* p) {

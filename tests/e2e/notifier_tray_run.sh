@@ -122,8 +122,7 @@ start_host
 eventually 4 item || fail "no icon in a host that came 1.5 s after the program"
 while [ $((SECONDS - second_start)) -lt 6 ]; do sleep 0.2; done
 [ -s "$work/stderr.log" ] && fail "the tray was reported missing"
-alarm_set='^Bellwick Alarm Clock( sp)?\.\.\.'
-window_gone "$alarm_set" || fail "the Alarm Set window stood in for the tray"
+window_gone '^Bellwick Alarm Clock( sp)?\.\.\.' || fail "the Alarm Set window stood in for the tray"
 
 # 6. From the keyboard: a host asks the item for its menu with ContextMenu (or SecondaryActivate) where it draws
 # none itself, as on a key press; the program's own menu opens, takes the keys and opens Settings.
