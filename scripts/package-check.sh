@@ -25,7 +25,7 @@ dpkg-deb --fsys-tarfile "$deb" | tar -xOf - ./usr/share/man/man1/bellwick.1.gz |
 warnings=$(LC_ALL=C.UTF-8 MANWIDTH=80 man --warnings -E UTF-8 -l "$manual" 2>&1 >/dev/null)
 grep -q '^\.TH BELLWICK 1' "$manual" && [ -z "$warnings" ] || { echo "FAIL: the packaged manual page: $warnings"; exit 1; }
 rm -f "$manual"
-tests/e2e/desktop_run.sh /usr/bin/bellwick
+tests/e2e/cli_run.sh /usr/bin/bellwick
 # The wake-up capability sits on the helper alone, and the helper arms the timer for a user who has none.
 getcap /usr/libexec/bellwick/bellwick-wake | grep -q 'cap_wake_alarm[=+]ep' ||
     { echo "FAIL: the installed helper lacks cap_wake_alarm: '$(getcap /usr/libexec/bellwick/bellwick-wake)'"; exit 1; }
