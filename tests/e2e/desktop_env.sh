@@ -1,10 +1,6 @@
-# Sourced by the desktop runs, with their arguments: $program is the first. A fresh per-user folder, and a real X
-# display with a window manager and a tray. The README says what each run checks.
-# Gives $work, $folder (the data folder), pids, fail, eventually, not_near_midnight; the desktop (start_desktop,
-# start_tray, start_session_bus); the settings file (write_settings); sound (start_sound_server,
-# stop_sound_server, record_rms, loud, expect_sound, expect_silence); the program (start_program, adopt_program,
-# ended, alive, add_alarm); its windows (wait_for_window, next_message, window_gone, own_windows,
-# more_windows_than, tray_icon, wait_for_icon, window_of_width, focus_window, answer_box, second_start_refused).
+# Sourced by the desktop runs, with their arguments: $program is the first. Gives a fresh per-user folder ($work,
+# $folder), a real X display with a window manager and a tray, a sound server, the program, and waits for its
+# windows. The README says what each run checks.
 
 set -uo pipefail
 program=${program:-${1:-}}
@@ -33,11 +29,7 @@ eventually() { # seconds, command...: true once the command is, tried every tent
 not_near_midnight() { # HHMMSS: waits while the clock is past it, so that the run's today stays today
     while [ "$(date +%H%M%S)" -gt "$1" ]; do sleep 5; done
 }
-need_tools() {
-    for tool in "$@"; do
-        command -v "$tool" >/dev/null || fail "$tool is not installed"
-    done
-}
+need_tools() { for tool in "$@"; do command -v "$tool" >/dev/null || fail "$tool is not installed"; done; }
 
 export XDG_DATA_HOME="$work/data" XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work/run" HOME="$work/home"
 folder=$XDG_DATA_HOME/bellwick
@@ -127,18 +119,15 @@ record_rms() {
     sox -t raw -r 22050 -e signed -b 16 -c 1 "$work/rec.raw" -n stat 2>&1 | awk '/RMS +amplitude/ {print $3}'
 }
 loud() { awk -v r="$1" 'BEGIN { exit !(r > 0.01) }'; }
-expect_sound() { # what: the sink plays it over the next 2 s
+expect_sound() { # what [silence]: the sink plays it over the next 2 s, or stays silent
     local rms
     rms=$(record_rms 2)
     echo "$1 at $(date +%T): RMS $rms"
-    loud "$rms" || fail "$1: no sound was recorded"
+    if [ "${2:-}" = silence ]; then
+        awk -v r="$rms" 'BEGIN { exit !(r < 0.001) }' || fail "$1: the sound goes on"
+    else loud "$rms" || fail "$1: no sound was recorded"; fi
 }
-expect_silence() { # what: the sink stays silent over the next 2 s
-    local rms
-    rms=$(record_rms 2)
-    echo "$1: RMS $rms"
-    awk -v r="$rms" 'BEGIN { exit !(r < 0.001) }' || fail "$1: the sound goes on"
-}
+expect_silence() { expect_sound "$1" silence; } # what
 
 # The program in the background, its output in $work/out.log and $work/stderr.log; sets pid.
 start_program() { # [arguments]
@@ -183,16 +172,13 @@ tray_icon() { # the id of the program's icon-sized window: its icon in the tray
 }
 wait_for_icon() { eventually "$1" tray_icon; } # seconds: the tray icon's id once it stands
 
-window_of_width() { # pixels, seconds: the id of one of the program's windows of that width
-    of_width() {
-        local w
-        for w in $(xdotool search --onlyvisible --class bellwick 2>/dev/null); do
-            xwininfo -id "$w" | grep -q "Width: $1\$" && echo "$w" && return 0
-        done
-        return 1
-    }
-    eventually "$2" of_width "$1"
+of_width() { # pixels: the id of one of the program's windows of that width
+    for w in $(xdotool search --onlyvisible --class bellwick 2>/dev/null); do
+        xwininfo -id "$w" | grep -q "Width: $1\$" && echo "$w" && return 0
+    done
+    return 1
 }
+window_of_width() { eventually "$2" of_width "$1"; } # pixels, seconds
 
 # Keys go where the X focus is, which the program takes a moment after the window manager calls it active.
 focus_window() { # window id: true once it holds the keyboard
@@ -210,11 +196,4 @@ answer_box() { # seconds, what: the program's box comes, takes the keyboard and 
     echo "box at $(date +%T) $2"
     focus_window "$box" || fail "the box $2 would not take the keyboard"
     xdotool key Return
-}
-
-second_start_refused() { # a second start says so, is answered and ends
-    "$program" >"$work/second.log" 2>&1 &
-    local second_pid=$!
-    answer_box 10 "refusing a second start"
-    eventually 5 ended "$second_pid" || fail "second copy still runs"
 }
