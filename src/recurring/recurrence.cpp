@@ -47,6 +47,9 @@ FirstStep firstStep(const Rule& rule, const RecurringAlarm& alarm) {
     const QString key = alarm.rule + QLatin1Char(' ') + alarm.start.toString(Qt::ISODate);
     if (const auto it = known.constFind(key); it != known.constEnd())
         return *it;
+    // Rules come one by one from the user: a bound that is never reached in use still keeps a script's flood small.
+    if (known.size() >= 4096)
+        known.clear();
     auto answer = std::make_shared<std::promise<bool>>();
     std::future<bool> found = answer->get_future();
     std::thread([value = rule.value, start = ical_time::floating(alarm.start), answer] {
