@@ -1,10 +1,10 @@
 #!/usr/bin/python3
-# Reads the running program through the accessibility bus, as a screen reader does: every showing control of the
-# windows read must have a name, no top-level window may be a bare filler, and the desktop clock's text must read
-# as the present time. Prints one line per fault and exits 1 when there was any.
-# Usage: accessibility_walk.py start|settings|ringing|<title pattern of a window to read>
-# (DISPLAY and DBUS_SESSION_BUS_ADDRESS set; the program running, its Alarm Set window standing in for a missing
-# tray, the desktop clock shown)
+# Reads the running program's windows through the accessibility bus, as a screen reader does: every showing control
+# must have a name, no top-level window may be a bare filler, the desktop clock's text must read as the present time.
+# Prints one line per fault and exits 1 when there was any.
+# Usage: accessibility_walk.py start|settings|ringing|<title pattern of a window to read> (the program running on
+# DISPLAY and DBUS_SESSION_BUS_ADDRESS, its Alarm Set window standing in for a missing tray, the clock shown)
+import contextlib
 import re
 import subprocess
 import sys
@@ -22,10 +22,8 @@ faults, walked = [], []
 
 def fresh(acc):
     # Nothing is kept between two looks: windows come and go while we read.
-    try:
+    with contextlib.suppress(Exception):
         acc.clear_cache()
-    except Exception:
-        pass
     return acc
 
 
@@ -33,11 +31,10 @@ def showing(acc):
     return acc.getState().contains(R.STATE_SHOWING)
 
 
-def wait_for(what, seconds, describe):
+def wait_for(what, describe, seconds=5):
     end = time.monotonic() + seconds
     while time.monotonic() < end:
-        found = what()
-        if found:
+        if found := what():
             return found
         time.sleep(0.1)
     print(f"FAIL: {describe}; showing: {[w.name for w in top_windows() if showing(w)]}")
@@ -45,34 +42,29 @@ def wait_for(what, seconds, describe):
 
 
 def top_windows():
-    for app in fresh(R.Registry.getDesktop(0)):
-        if app is not None and app.name == "bellwick":
-            return [fresh(w) for w in fresh(app) if w is not None]
-    return []
+    apps = [app for app in fresh(R.Registry.getDesktop(0)) if app is not None and app.name == "bellwick"]
+    return [fresh(w) for w in fresh(apps[0]) if w is not None] if apps else []
 
 
 def window(pattern, seconds=5):
-    def look():
-        return next((w for w in top_windows() if re.search(pattern, w.name) and showing(w)), None)
-    return wait_for(look, seconds, f"no window '{pattern}'") if seconds else look()
+    return wait_for(lambda: next((w for w in top_windows() if re.search(pattern, w.name) and showing(w)), None),
+                    f"no window '{pattern}'", seconds)
 
 
 def find(root, role, pattern, must_show=True):
     """The first descendant of a role whose name matches, showing unless told."""
-    try:
+    with contextlib.suppress(Exception):
         fresh(root)
         if root.getRole() == role and re.search(pattern, root.name) and (not must_show or showing(root)):
             return root
         if root.getRole() not in ROWS:
             return next((hit for c in root if c is not None for hit in [find(c, role, pattern, must_show)] if hit),
                         None)
-    except Exception:
-        pass
     return None
 
 
 def shown(root, role, pattern, describe=None, must_show=True):
-    return wait_for(lambda: find(root, role, pattern, must_show), 5, describe or f"no {pattern} in '{root.name}'")
+    return wait_for(lambda: find(root, role, pattern, must_show), describe or f"no {pattern} in '{root.name}'")
 
 
 def press(root, pattern, role=R.ROLE_PUSH_BUTTON, must_show=True):
@@ -94,21 +86,18 @@ def check(w):
         faults.append(f"a top-level {w.getRoleName()} without a name")
     walk(fresh(w))
     walked.append(w.name)
-    for top in top_windows():
-        if showing(top) and top.getRole() == R.ROLE_FILLER:
-            faults.append(f"top-level window '{top.name}' has the role filler")
+    faults.extend(f"top-level window '{top.name}' has the role filler" for top in top_windows()
+                  if showing(top) and top.getRole() == R.ROLE_FILLER)
     return w
 
 
 def start():
     alarm_set = check(window(r"^Bellwick Alarm Clock", 20))
-    clock = check(window(r"^Desktop clock$", 10))
-    texts = []
+    clock, texts = check(window(r"^Desktop clock$", 10)), []
     for _ in range(2):
         text = shown(clock, R.ROLE_LABEL, r"\d", "the clock has no text that reads").name
-        now = time.time()
         # Read as it shows in its first pattern, 12 hours with seconds, within two seconds.
-        if text not in [time.strftime("%I : %M : %S  %p", time.localtime(now - d)) for d in range(3)]:
+        if text not in [time.strftime("%I : %M : %S  %p", time.localtime(time.time() - d)) for d in range(3)]:
             faults.append(f"the clock reads '{text}' at {time.strftime('%T')}")
         texts.append(text)
         time.sleep(1.2)
@@ -130,8 +119,6 @@ def start():
     shown(chooser, R.ROLE_LIST, r"^Data files$", "no list of data files").queryTable().addRowSelection(0)
     press(chooser, r"^Load$")
     press(check(window(r"^Error found$", 10)), r"^OK$")
-    if window(r"Load Data From Files", 0):
-        press(window(r"Load Data From Files"), r"^Cancel$")
 
     # The Delete Alarm Event chooser: the row of today's alarm with two messages, cut.
     rows = shown(alarm_set, R.ROLE_LIST, r"^Play list$").queryTable()
@@ -148,12 +135,9 @@ def settings():
 
 
 def ringing():
-    # The play count shows once a digit is typed in the minutes box; typing goes to the active window.
+    # The play count shows once a digit is typed in the minutes box (the window holds the keyboard).
     ringing = check(window(r"^Message  "))
-    minutes = shown(ringing, R.ROLE_TEXT, r"^Remind me")
-    subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "^Message  ", "windowactivate", "--sync"],
-                   check=False, capture_output=True)
-    minutes.queryComponent().grabFocus()
+    shown(ringing, R.ROLE_TEXT, r"^Remind me").queryComponent().grabFocus()
     subprocess.run(["xdotool", "key", "5"], check=False)
     shown(ringing, R.ROLE_COMBO_BOX, r"^Play Times$", "a digit typed in the minutes box did not show the play count")
     check(ringing)
@@ -162,7 +146,5 @@ def ringing():
 if __name__ == "__main__":
     step = sys.argv[1]
     {"start": start, "settings": settings, "ringing": ringing}.get(step, lambda: check(window(step)))()
-    for fault in faults:
-        print(f"FAIL: {fault}")
-    print(f"walked: {', '.join(walked)}")
+    print("".join(f"FAIL: {fault}\n" for fault in faults) + f"walked: {', '.join(walked)}")
     sys.exit(1 if faults else 0)
