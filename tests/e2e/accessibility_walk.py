@@ -1,9 +1,8 @@
 #!/usr/bin/python3
 # Reads the running program's windows through the accessibility bus, as a screen reader does: every showing control
 # must have a name, no top-level window may be a bare filler, the desktop clock's text must read as the present time.
-# Prints one line per fault and exits 1 when there was any.
-# Usage: accessibility_walk.py start|settings|ringing|<title pattern of a window to read> (the program running on
-# DISPLAY and DBUS_SESSION_BUS_ADDRESS, its Alarm Set window standing in for a missing tray, the clock shown)
+# Prints one line per fault and exits 1 when there was any. Usage: accessibility_walk.py start|settings|ringing|
+# <title pattern> (the program on DISPLAY and DBUS_SESSION_BUS_ADDRESS, its Alarm Set window standing in for the tray)
 import contextlib
 import re
 import subprocess
@@ -60,7 +59,6 @@ def find(root, role, pattern, must_show=True):
         if root.getRole() not in ROWS:
             return next((hit for c in root if c is not None for hit in [find(c, role, pattern, must_show)] if hit),
                         None)
-    return None
 
 
 def shown(root, role, pattern, describe=None, must_show=True):
@@ -78,10 +76,9 @@ def check(w):
         fresh(acc)
         if showing(acc) and acc.getRole() in CONTROLS and not acc.name.strip():
             faults.append(f"{w.name}: a showing {acc.getRoleName()} without a name")
-        if acc.getRole() not in ROWS:
-            for child in acc:
-                if child is not None:
-                    walk(child)
+        for child in [] if acc.getRole() in ROWS else acc:
+            if child is not None:
+                walk(child)
     if not w.name.strip():
         faults.append(f"a top-level {w.getRoleName()} without a name")
     walk(fresh(w))
@@ -94,16 +91,14 @@ def check(w):
 def start():
     alarm_set = check(window(r"^Bellwick Alarm Clock", 20))
     clock, texts = check(window(r"^Desktop clock$", 10)), []
-    for _ in range(2):
-        text = shown(clock, R.ROLE_LABEL, r"\d", "the clock has no text that reads").name
+    for _ in range(2):  # a second apart
+        texts.append(shown(clock, R.ROLE_LABEL, r"\d", "the clock has no text that reads").name)
         # Read as it shows in its first pattern, 12 hours with seconds, within two seconds.
-        if text not in [time.strftime("%I : %M : %S  %p", time.localtime(time.time() - d)) for d in range(3)]:
-            faults.append(f"the clock reads '{text}' at {time.strftime('%T')}")
-        texts.append(text)
+        if texts[-1] not in [time.strftime("%I : %M : %S  %p", time.localtime(time.time() - d)) for d in range(3)]:
+            faults.append(f"the clock reads '{texts[-1]}' at {time.strftime('%T')}")
         time.sleep(1.2)
     if texts[0] == texts[1]:
         faults.append(f"the clock's text stayed '{texts[0]}' over a second")
-    print(f"clock reads: {' then '.join(texts)}")
 
     # About, from the tray's menu in the menu bar; the event list over the window.
     press(alarm_set, r"About", R.ROLE_MENU_ITEM, False)

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The real program on a desktop with no notification area, driven by keys alone until the tray comes, and each of
-# its windows read through the accessibility bus as a screen reader does (pyatspi on a private session bus).
+# The real program on a desktop with no notification area, driven by keys until the tray comes; each window read
+# through the accessibility bus as a screen reader does (pyatspi on a private session bus).
 # Usage: tray_missing_run.sh <path to bellwick>
 . "$(dirname "$0")/desktop_env.sh"
 need_tools /usr/libexec/at-spi-bus-launcher
@@ -10,8 +10,7 @@ start_session_bus
 export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
 # Today's events must stay today's, tomorrow's tomorrow's.
 not_near_midnight 235500
-today=$(date +%Y/%m/%d)
-tomorrow=$(date -d tomorrow +%Y/%m/%d)
+today=$(date +%Y/%m/%d) tomorrow=$(date -d tomorrow +%Y/%m/%d)
 # One alarm with two messages for the Delete Alarm Event chooser; a data file the Load chooser finds bad.
 printf '"First of two%sonce23:59:59"\r\n"Second of two%sonce23:59:59"\r\n' "$today" "$today" >"$folder/future.dat"
 printf '"not a record"\r\n"nor this one"\r\n' >"$folder/bad.dat"
@@ -20,7 +19,6 @@ start_program
 
 walk() { /usr/bin/python3 "$(dirname "$0")/accessibility_walk.py" "$1" || fail "read through the bus: $1"; }
 press() { xdotool key --delay 120 "$@"; sleep 0.4; }
-gone() { eventually 5 window_gone "$1"; } # window pattern
 schedule_has() { eventually 5 grep -a -q -- "$1" "$folder/future.dat"; } # pattern
 active() { [ "$(xdotool getactivewindow 2>/dev/null)" = "$1" ]; }
 active_is() { eventually 5 active "$1"; } # window id: the window that has the keyboard
@@ -38,19 +36,17 @@ settings=$(wait_for_window '^Settings$' 5) || fail "Alt, Return opened no Settin
 active_is "$settings" || fail "Settings did not take the keyboard"
 walk settings
 press Escape
-gone '^Settings$' || fail "Escape did not close Settings"
+eventually 5 window_gone '^Settings$' || fail "Escape did not close Settings"
 active_is "$alarm_set" || fail "the keyboard did not come back to the Alarm Set window"
 
 # 3. The Alarm Set window with and without the event list, the desktop clock, About, the Load chooser with the
 # bad file and the Delete Alarm Event chooser, read and reached through the bus.
 walk start
 
-# 4. An alarm for tomorrow: hour, minute, second, then the date (Tab, Space opens the calendar, Right is the next
-# day, Return picks it and closes the calendar); the fourth Tab stop on, past Add and the AM or PM arrows, is Add
-# with a message.
+# 4. An alarm for tomorrow: hour, minute, second, the date (Tab; Space opens the calendar, Right, Return picks the
+# next day), then Add with a message, the fourth Tab stop on, past Add and the AM or PM arrows.
 focus_window "$alarm_set" || fail "the Alarm Set window would not take the keyboard after the walk"
 press 1 0 Tab 3 0 Tab 0 0 Tab Tab space Right Return Tab Tab Tab Tab Return
-wait_for_window '^Input Message$' 5 >/dev/null || fail "Add with a message opened no Input Message window"
 walk '^Input Message$'
 # The typing goes into the message box; Tab reaches Save.
 xdotool type --delay 80 "ally"
@@ -59,8 +55,7 @@ schedule_has "\"ally$tomorrow" || fail "no alarm for $tomorrow in future.dat: $(
 
 # 5. Adding for another day shows the event list; Coming hides it and shows it again, with the keyboard in it.
 # End: tomorrow's alarm is the last row, after the two of today.
-press alt Right Return
-press alt Right Return
+press alt Right Return alt Right Return
 windows=$(own_windows)
 press End Menu
 popup_open "$windows" || fail "the Menu key opened no menu on the event list"
@@ -73,7 +68,7 @@ active_is "$edit" || fail "the Edit window did not take the keyboard"
 walk '^ Edit$'
 # Escape closes it as Cancel does, and changes nothing.
 press Escape
-gone '^ Edit$' || fail "Escape did not close the Edit window"
+eventually 5 window_gone '^ Edit$' || fail "Escape did not close the Edit window"
 # The message box is the sixth Tab stop from the date; OK is the next.
 press End Menu Down Return
 edit=$(wait_for_window '^ Edit$' 5) || fail "the Edit window did not open again"
@@ -81,7 +76,7 @@ active_is "$edit" || fail "the Edit window did not take the keyboard again"
 press Tab Tab Tab Tab Tab ctrl+a
 xdotool type --delay 80 "keyed"
 press Tab Return
-gone '^ Edit$' || fail "OK did not close the Edit window"
+eventually 5 window_gone '^ Edit$' || fail "OK did not close the Edit window"
 schedule_has "\"keyed$tomorrow" || fail "the edit did not reach future.dat: $(cat "$folder/future.dat")"
 # Delete: the menu's second entry.
 press End Menu Down Down Return
@@ -97,7 +92,6 @@ xdotool key Escape
 
 # 7. The close box only minimises: the window is iconic, not withdrawn.
 iconic() { xprop -id "$alarm_set" WM_STATE 2>/dev/null | grep -q 'Iconic'; }
-focus_window "$alarm_set" || fail "the Alarm Set window would not take the keyboard"
 xdotool key alt+F4
 eventually 3 iconic || fail "closing left the window $(xprop -id "$alarm_set" WM_STATE | tail -1)"
 alive "when its window closed"
