@@ -30,7 +30,6 @@ start_program
 
 clock=$(window_of_width "${size%x*}" 10) || fail "no desktop clock of $size pixels"
 drag() { # grip x y inside the window, to screen x y [, last step], in steps as a hand would
-    local x y
     IFS=, read -r x y < <(frame_corner "$clock")
     x=$((x + $1)) y=$((y + $2))
     xdotool mousemove "$x" "$y" mousedown 1 sleep 0.1
@@ -45,8 +44,7 @@ step() { # from to last-step: the next point from towards to: 20 pixels on, last
     s=$((${d#-} > 30 ? 20 : $3))
     echo $(($1 + (d < 0 ? -1 : 1) * (${d#-} < s ? ${d#-} : s)))
 }
-# The frame's outer corner in device pixels; the clock's frame is the window itself.
-frame_corner() {
+frame_corner() { # window: its frame's outer corner in device pixels; the clock's frame is the window itself
     xwininfo -id "$1" | awk '/Absolute upper-left [XY]/ {a[++n] = $4} /Relative upper-left [XY]/ {r[++m] = $4}
         END {print a[1] - r[1] "," a[2] - r[2]}'
 }
@@ -55,7 +53,6 @@ expect_corner() { # window, frame corner, what: the frame's corner stands there 
     eventually 3 corner_is "$1" "$2" || fail "$3 stands at $corner, not $2"
     echo "$3 stands at $corner"
 }
-
 
 # 1. It starts centred at the top; its outline is the pill, pixel for pixel, at every density.
 expect_corner "$clock" "$start_left,0" "the clock, centred at start,"
@@ -110,9 +107,10 @@ open_alarm_set() { # the menu's third line: About, a separator, Alarm Set
     tray_menu Down Down
     wait_for_window '^Bellwick Alarm Clock( sp)?\.\.\.' 5
 }
+
 # 6. The Alarm Set window opens at its stored place, and shown again after a drag and a close, where it was left.
 window=$(open_alarm_set) || fail "the tray menu opened no Alarm Set window"
-sleep 0.5
+sleep 0.5 # with no stored place the manager may place it once more as it maps it; no state says when it is done
 [ "$frame" = - ] || expect_corner "$window" "$frame" "stored at $stored twips, the window"
 first=$(frame_corner "$window")
 xdotool windowmove "$window" 136 125
