@@ -4,10 +4,7 @@
 # helper: a user of the installed package, whose helper arms the timer.
 # Usage: wake_run.sh <path to bellwick> [build|helper]
 mode="${2:-build}"
-if [ "$(id -u)" -ne 0 ]; then
-    echo "SKIP: needs root, to make a throwaway user and to hold the capability"
-    exit 77
-fi
+[ "$(id -u)" -eq 0 ] || { echo "SKIP: needs root, to make a throwaway user and to hold the capability"; exit 77; }
 . "$(dirname "$0")/desktop_env.sh"
 need_tools setpriv useradd userdel pactl
 start_desktop
@@ -16,12 +13,8 @@ not_near_midnight 235700
 tomorrow=$(date -d tomorrow +%Y/%m/%d)
 
 alarm_timer() { # <pid>: seconds until its CLOCK_REALTIME_ALARM timer goes off; nothing when it holds none armed
-    local info
-    for info in /proc/"$1"/fdinfo/*; do
-        grep -qx 'clockid: 8' "$info" 2>/dev/null || continue
-        awk '/^it_value:/ { gsub(/[(),]/, " "); if ($2 + $3 > 0) print $2 + $3 / 1e9 }' "$info"
-        return 0
-    done
+    grep -lx 'clockid: 8' /proc/"$1"/fdinfo/* 2>/dev/null | head -1 |
+        xargs -r awk '/^it_value:/ { gsub(/[(),]/, " "); if ($2 + $3 > 0) print $2 + $3 / 1e9 }'
 }
 timer_at() { # <pid> <epoch second>: its timer goes off then, give or take a second and a half; sets left, want
     left=$(alarm_timer "$1")
@@ -44,8 +37,6 @@ if [ "$mode" = build ]; then
     later=$(date -d "$tomorrow 06:59:40" +%s)
     expect_timer "$pid" "$later" "the schedule's alarm of tomorrow"
     [ "$(first_wake "$program")" = armed ] || fail "list --json: $("$program" list --json)"
-    "$program" list | tail -1 | grep -qx "Wake-up: the computer wakes at $tomorrow 06:59:40 for the alarm at $tomorrow 07:00:00, also from a suspend" ||
-        fail "list ends with '$("$program" list | tail -1)'"
 
     line=$("$program" add --in 35s --message 'Wake check') || fail "add exited $?"
     due=$(epoch_of "$line")
@@ -63,31 +54,25 @@ user=bwkwake$$
 useradd -M -d "$work/user" -s /usr/sbin/nologin "$user" || fail "useradd failed"
 trap 'cleanup; userdel "$user" 2>/dev/null' EXIT
 chmod 711 "$work"
-mkdir -p "$work/user/data/bellwick" "$work/user/config" "$work/user/home" "$work/open"
-mkdir -m 700 "$work/user/run"
+mkdir -p "$work"/user/{data/bellwick,config,home} "$work/open" && mkdir -m 700 "$work/user/run"
 chown -R "$user:" "$work/user"
 pactl load-module module-native-protocol-unix socket="$work/open/native" auth-anonymous=1 >/dev/null ||
     fail "no open socket on the sound server"
 chmod 755 "$work/open" && chmod 777 "$work/open/native"
-as_user() {
-    setpriv --reuid="$user" --regid="$user" --init-groups env -i PATH="$PATH" DISPLAY="$DISPLAY" \
-        HOME="$work/user/home" XDG_DATA_HOME="$work/user/data" XDG_CONFIG_HOME="$work/user/config" \
-        XDG_RUNTIME_DIR="$work/user/run" PULSE_SERVER="unix:$work/open/native" PULSE_SINK=e2e QT_QPA_PLATFORM=xcb \
-        BELLWICK_WAKE_ADVANCE=10 "$@"
-}
+as_user() { setpriv --reuid="$user" --regid="$user" --init-groups env -i PATH="$PATH" DISPLAY="$DISPLAY" \
+    HOME="$work/user/home" XDG_DATA_HOME="$work/user/data" XDG_CONFIG_HOME="$work/user/config" \
+    XDG_RUNTIME_DIR="$work/user/run" PULSE_SERVER="unix:$work/open/native" PULSE_SINK=e2e QT_QPA_PLATFORM=xcb \
+    BELLWICK_WAKE_ADVANCE=10 "$@"; }
 line=$(as_user "$program" add --in 25s --plays repeat --message 'Wake as a user') || fail "add as $user exited $?"
 due=$(epoch_of "$line")
 adopt_program "$work/user/run"
 user_pid=$pid
 grep -q '^CapEff:[[:space:]]*0*$' "/proc/$user_pid/status" || fail "the program holds a capability"
+[ "$mode" = build ] && want="unavailable: no permission" || want=armed
 wake=$(first_wake as_user "$program")
+[ "$wake" = "$want" ] || fail "the user's alarm says '$wake', not '$want'"
 echo "as $user: $wake"
-if [ "$mode" = build ]; then
-    [ "$wake" = "unavailable: no permission" ] || fail "the user's alarm says '$wake'"
-    as_user "$program" list | tail -1 | grep -qx 'Wake-up: the computer will not wake from a suspend for the next alarm (no permission)' ||
-        fail "list ends with '$(as_user "$program" list | tail -1)'"
-else
-    [ "$wake" = armed ] || fail "the user's alarm says '$wake'"
+if [ "$mode" != build ]; then
     helper_pid=$(pgrep -P "$user_pid" -x bellwick-wake) || fail "no helper runs"
     expect_timer "$helper_pid" $((due - 10)) "the helper's timer"
     [ -z "$(alarm_timer "$user_pid")" ] || fail "the program holds a wake-up timer itself"
