@@ -50,7 +50,7 @@ TEST(DialogKeys, EscapeCancelsAndReturnPressesTheFocusedButtonOnly) {
     }
 }
 
-// The clock's text, read as it changes, is checked on the accessibility bus in desktop_accessibility.
+// The clock's text, read as it changes, is checked on the accessibility bus in desktop_no_tray.
 TEST(WindowRoles, PlainWindowsAreDialogsOrFrames) {
     window_roles::install();
     QWidget dialog(nullptr, Qt::Dialog);

@@ -99,7 +99,7 @@ QByteArray le32(quint32 v) {
     return QByteArray(reinterpret_cast<const char*>(&v), 4);
 }
 
-// ding.wav is heard, and falls silent when stopped, in desktop_e2e.
+// ding.wav is heard, and falls silent when stopped, in desktop_cli.
 TEST(AudioOutputTest, OurChimeSounds) {
     const Recording r = record([&](SdlAudio& audio, const Played& played) {
         SdlWaveOutput wave(audio);
