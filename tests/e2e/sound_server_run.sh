@@ -22,15 +22,15 @@ write_settings ALAEOnDCWSOfUISPOfISOMOf
 unset SDL_AUDIODRIVER
 start_program
 wait_for_icon 10 >/dev/null || fail "no tray icon"
-# Whether the box stands above every message window as the X server stacks their frames, bottom to top.
-# (openbox's _NET_CLIENT_LIST_STACKING lists a modal box at the bottom even where its frame stands on top.)
+# Whether the box's frame stands above every message window's. xwininfo lists the root's children, the window
+# manager's frames, top first: the box's must come before the first message window's.
 box_on_top() { # <box>
     xwininfo -root -tree | awk -v box="$(printf '0x%x' "$1")" \
         -v messages=" $(printf '0x%x ' $(xdotool search --onlyvisible --name '^Message  ' 2>/dev/null))" '
-        /^     0x/ { frame++ } # a child of the root: a window manager frame
+        /^     0x/ { frame++ }
         $1 == box { box_at = frame }
-        index(messages, " " $1 " ") { message_at = frame }
-        END { exit !(box_at > message_at) }'
+        index(messages, " " $1 " ") && !message_at { message_at = frame }
+        END { exit !(box_at && (!message_at || box_at < message_at)) }'
 }
 box_then_ok() { # what, seconds
     local box

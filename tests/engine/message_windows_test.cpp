@@ -2,11 +2,15 @@
 #include "engine/ui/message_window.h"
 #include "fakes.h"
 #include "sound/ui/warning_window.h"
+#include "sound/ui/widget_notices.h"
 
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QTest>
+#include <QTimer>
+#include <QWindow>
 #include <gtest/gtest.h>
 
 namespace {
@@ -120,4 +124,21 @@ TEST(RemindMe, OkDecidesBetweenClosingRefusingAndCounting) {
     EXPECT_EQ(r.playWord, "once");
     EXPECT_EQ(r.ok("2", "repeat", at(8, 0, 0)), RemindMe::OkResult::Counting);
     EXPECT_EQ(r.playWord, "repeat");
+}
+
+TEST_F(MessageWindows, TheSoundErrorBoxStandsTopmostAboveAMessageWindow) {
+    QPointer<MessageWindow> form = new MessageWindow(ctx, "Dentist at 08:30:00");
+    bool topmost = false;
+    QTimer::singleShot(0, [&] {
+        const auto boxTopmost = [] {
+            const QWidget* box = QApplication::activeModalWidget();
+            return box && box->windowHandle() && box->windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint);
+        };
+        topmost = QTest::qWaitFor(boxTopmost, 2000);
+        if (QWidget* box = QApplication::activeModalWidget())
+            box->close();
+    });
+    WidgetNotices(ctx).systemModalBox("Error found\rSound cannot be played, alarm at 08:30:00");
+    EXPECT_TRUE(topmost);
+    delete form;
 }

@@ -63,8 +63,8 @@ void WidgetNotices::beep() {
 void WidgetNotices::systemModalBox(const QString& text) {
     QMessageBox box(QMessageBox::NoIcon, QStringLiteral("Bellwick Alarm Clock sp"),
                     QString(text).replace(QLatin1Char('\r'), QLatin1Char('\n')), QMessageBox::Ok);
-    // A window of its own, not a dialog of the program's other windows: a window manager keeps such a dialog
-    // in their stacking place, under a topmost message window.
+    // A topmost window of its own, not a dialog of the program's other windows. Qt still shows it as a dialog
+    // without the topmost flag; the keeper below gives the mapped box the flag again.
     box.setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint |
                        Qt::WindowStaysOnTopHint);
     box.setWindowModality(Qt::ApplicationModal);
