@@ -23,6 +23,9 @@ void editFromPopup(Context& ctx, const OpenEditorFn& openEditor) {
         warn(ctx, QStringLiteral("More than one alarm events highlighted"));
         return;
     }
+    // OK replaces the highlighted row, so that is the row to show: the keys or a row added for another day can
+    // leave the current row elsewhere, and editing it would put its copy in place of a different alarm.
+    list.rows.setCurrent(list.rows.firstSelected());
     if (recurring_rows::isRecurringRow(list.rows.item(list.currentRow()))) {
         warn(ctx, QStringLiteral("This alarm comes back: delete it and add it again to change it"));
         return;

@@ -11,7 +11,8 @@ class Context;
 using OpenEditorFn =
     std::function<void(const QString& mark, const QString& date, const QString& time, const QString& message)>;
 
-// editAction of the event list's menu: exactly one highlighted row is wanted; the fields shown are the current row's.
+// editAction of the event list's menu: exactly one highlighted row is wanted; it becomes the current row, whose
+// fields are shown.
 void editFromPopup(Context& ctx, const OpenEditorFn& openEditor);
 
 // deleteAction: every highlighted row goes, without a question, and the schedule is rewritten once.

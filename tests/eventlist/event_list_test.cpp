@@ -149,7 +149,7 @@ TEST_F(EditEventTest, WithHighlightsChangedMeanwhileTheOldEventStays) {
     EXPECT_EQ(std::tuple(rows().size(), ctx.eventList.highlightedCount()), std::tuple(5, 3));
 }
 
-TEST_F(PopupTest, EditWantsExactlyOneHighlightedRowAndShowsTheCurrentOne) {
+TEST_F(PopupTest, EditWantsExactlyOneHighlightedRowAndShowsThatOne) {
     QStringList shown;
     const OpenEditorFn show = [&](const QString& mark, const QString& date, const QString& time,
                                   const QString& message) {
@@ -167,10 +167,12 @@ TEST_F(PopupTest, EditWantsExactlyOneHighlightedRowAndShowsTheCurrentOne) {
     EXPECT_EQ(notices.warnings.last(), "More than one alarm events highlighted");
     EXPECT_EQ(std::tuple(notices.beeps, shown, ctx.eventList.highlightedCount()), std::tuple(2, QStringList(), 2));
 
-    // One highlighted row elsewhere: the fields come from the current row all the same.
+    // One highlighted row away from the current one, as the keys or an add for another day leave it: OK will
+    // replace that row, so it is the one shown, and it becomes current.
     rows().setSelected(0, false);
     editFromPopup(ctx, show);
-    EXPECT_EQ(shown, QStringList({"=", "2002/05/04", "08:00:00", "m"}));
+    EXPECT_EQ(std::tuple(shown, ctx.eventList.currentRow()),
+              std::tuple(QStringList({"=", "2002/05/06", "08:00:00", "m"}), 4));
     EXPECT_EQ(notices.warnings.size(), 2);
 }
 
