@@ -2,8 +2,6 @@
 
 #include "platform/ui/window_twips.h"
 
-#include <QWindow>
-
 std::map<int, QPointer<QWidget>>& Front::windows() {
     static std::map<int, QPointer<QWidget>> registry;
     return registry;
@@ -36,10 +34,6 @@ void Front::keepSystemBoxOnTop() {
     QWidget* box = systemBox();
     if (!box || !box->isVisible())
         return;
-    // The box is shown as a plain dialog, its topmost flag dropped, and a window manager then keeps it under every
-    // topmost message window: the mapped window is given the flag again.
-    if (QWindow* handle = box->windowHandle(); handle && !(handle->flags() & Qt::WindowStaysOnTopHint))
-        handle->setFlags(handle->flags() | Qt::WindowStaysOnTopHint);
     box->raise();
     box->activateWindow();
 }

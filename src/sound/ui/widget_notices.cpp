@@ -63,11 +63,11 @@ void WidgetNotices::beep() {
 void WidgetNotices::systemModalBox(const QString& text) {
     QMessageBox box(QMessageBox::NoIcon, QStringLiteral("Bellwick Alarm Clock sp"),
                     QString(text).replace(QLatin1Char('\r'), QLatin1Char('\n')), QMessageBox::Ok);
-    // A topmost window of its own, not a dialog of the program's other windows. Qt still shows it as a dialog
-    // without the topmost flag; the keeper below gives the mapped box the flag again.
+    // A topmost window of its own, not a dialog of the program's other windows. The flags come after the
+    // modality: a message box's modality makes it a plain dialog again, and the topmost flag would go with it.
+    box.setWindowModality(Qt::ApplicationModal);
     box.setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint |
                        Qt::WindowStaysOnTopHint);
-    box.setWindowModality(Qt::ApplicationModal);
     Front::setSystemBox(&box);
     // A window manager may put a window that comes without the focus under the focused one, the topmost
     // message window: the box asks to stand on top and to take the keyboard once it is up, and again
