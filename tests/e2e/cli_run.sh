@@ -63,12 +63,9 @@ echo "reminder set at $(date +%T)"
 # Its ding lasts about a second: the recording spans the turn of the minute.
 second=$((10#$(date +%S)))
 [ "$second" -lt 56 ] && sleep $((56 - second))
-record_rms 12 >"$work/rms" &
-recording=$!
+start_recording 12
 wait_for_window '^Message  ' 65 >/dev/null || fail "the reminder did not come back"
-wait "$recording"
-echo "reminder at $(date +%T): RMS $(cat "$work/rms")"
-loud "$(cat "$work/rms")" || fail "the reminder rang without sound"
+expect_recorded "the reminder"
 new_message
 
 # 4. A recurring alarm: added with its rule, it rings, is listed with its next day, its file parses as iCalendar

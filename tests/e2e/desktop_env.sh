@@ -119,15 +119,26 @@ record_rms() {
     sox -t raw -r 22050 -e signed -b 16 -c 1 "$work/rec.raw" -n stat 2>&1 | awk '/RMS +amplitude/ {print $3}'
 }
 loud() { awk -v r="$1" 'BEGIN { exit !(r > 0.01) }'; }
+silent() { awk -v r="$1" 'BEGIN { exit !(r < 0.001) }'; }
 expect_sound() { # what [silence]: the sink plays it over the next 2 s, or stays silent
     local rms
     rms=$(record_rms 2)
     echo "$1 at $(date +%T): RMS $rms"
     if [ "${2:-}" = silence ]; then
-        awk -v r="$rms" 'BEGIN { exit !(r < 0.001) }' || fail "$1: the sound goes on"
+        silent "$rms" || fail "$1: the sound goes on"
     else loud "$rms" || fail "$1: no sound was recorded"; fi
 }
 expect_silence() { expect_sound "$1" silence; } # what
+# A recording over what comes next, such as an alarm's due second: started first, then expected loud.
+start_recording() { # seconds
+    record_rms "$1" >"$work/rms" &
+    recording=$!
+}
+expect_recorded() { # what
+    wait "$recording"
+    echo "$1 at $(date +%T): RMS $(cat "$work/rms")"
+    loud "$(cat "$work/rms")" || fail "$1: no sound was recorded"
+}
 
 # The program in the background, its output in $work/out.log and $work/stderr.log; sets pid.
 start_program() { # [arguments]

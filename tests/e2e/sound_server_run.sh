@@ -74,13 +74,10 @@ start_sound_server
 armed() { "$program" list | grep -qx "$today $later once While the box stood"; }
 eventually 3 armed || fail "the add queued behind the box was not armed"
 # A ding once lasts about a second: the recording starts before the alarm is set and spans its due second.
-record_rms 8 >"$work/rms" &
-recording=$!
+start_recording 8
 add_alarm --message "Server check two"
 next_message 15 || fail "no second message window"
-wait "$recording"
-echo "second alarm at $(date +%T): RMS $(cat "$work/rms")"
-loud "$(cat "$work/rms")" || fail "the second alarm was not heard after the server came back"
+expect_recorded "the second alarm, after the server came back"
 
 # 4. A wave cut after its header and a midi file that is text: the box, then the message window.
 { printf 'RIFF\x2c\x00\x00\x00WAVEfmt \x10\x00\x00\x00\x01\x00\x01\x00\x44\xac\x00\x00\x88\x58\x01\x00\x02\x00\x10\x00'
