@@ -190,6 +190,12 @@ of_width() { # pixels: the id of one of the program's windows of that width
     return 1
 }
 window_of_width() { eventually "$2" of_width "$1"; } # pixels, seconds
+expect_pill() { # clock window, where: its outline is the pill, pixel for pixel, whatever the density
+    local extents
+    extents=$(xwininfo -id "$1" -shape | awk '/Window shape extents/ {print $4}')
+    [ "$extents" = "155x21+1+1" ] || fail "$2: the outline is $extents, not 155x21+1+1"
+    echo "$2: outline $extents"
+}
 
 # Keys go where the X focus is, which the program takes a moment after the window manager calls it active.
 focus_window() { # window id: true once it holds the keyboard
